@@ -1,0 +1,105 @@
+/// The map from an OID to what stands behind it, indexed by the OID itself.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+namespace kvocaeio {
+
+/// Maps 0 to a largest OID to values; an OID that was never set gives `Value()`.
+///
+/// The values lie in pages that are made where an OID is set, so that gaps in a deck's numbering cost
+/// next to nothing: a directory of two megabytes covers all of int. OIDs scattered so thinly that
+/// their pages would hold almost nothing else are kept in one sorted list instead.
+template <class Value>
+class OidMap {
+  public:
+    /// Number of OIDs covered: the largest plus one, or 0.
+    std::size_t size() const { return size_; }
+
+    /// Value of `oid`, which must be below `size()`.
+    Value operator[](std::size_t oid) const {
+        if (!scattered_.empty())
+            return findScattered(oid);
+        return pages_[place(oid)];
+    }
+
+    /// Whether the map covers `oid`; it never covers a negative one.
+    bool covers(int oid) const { return oid >= 0 && static_cast<std::size_t>(oid) < size_; }
+
+    /// Fills the map anew. `forEachEntry(visit)` calls `visit(oid, value)` for each entry in order,
+    /// the same entries at each of its several calls; negative OIDs are left out, and of entries with
+    /// the same OID the last one stays. When memory runs out the map stays as it was.
+    template <class ForEachEntry>
+    void assign(const ForEachEntry& forEachEntry) {
+        int largest = 0;
+        std::size_t entries = 0;
+        forEachEntry([&](int oid, const Value&) {
+            largest = std::max(largest, oid);
+            ++entries;
+        });
+        OidMap made;
+        made.size_ = static_cast<std::size_t>(largest) + 1;
+        made.directory_.resize((made.size_ >> kPageBits) + 1);
+        std::size_t pages = 1;  // page 0 stays empty and serves all OIDs without a page
+        forEachEntry([&](int oid, const Value&) {
+            if (oid >= 0 && made.directory_[pageOf(oid)] == 0)
+                made.directory_[pageOf(oid)] = static_cast<std::uint32_t>(pages++);
+        });
+        if ((pages << kPageBits) <= kFreeValues + kValuesPerEntry * entries) {
+            made.pages_.resize(pages << kPageBits);
+            forEachEntry([&](int oid, const Value& value) {
+                if (oid >= 0)
+                    made.pages_[made.place(static_cast<std::size_t>(oid))] = value;
+            });
+        } else {
+            made.directory_ = {};
+            made.assignScattered(forEachEntry, entries);
+        }
+        *this = std::move(made);
+    }
+
+  private:
+    static constexpr int kPageBits = 12;
+    static constexpr std::size_t kPageMask = (std::size_t{1} << kPageBits) - 1;
+    // Pages are worth their memory up to this many values in all, and this many per entry.
+    static constexpr std::size_t kFreeValues = std::size_t{1} << 18;
+    static constexpr std::size_t kValuesPerEntry = 4;
+
+    static std::size_t pageOf(int oid) { return static_cast<std::size_t>(oid) >> kPageBits; }
+
+    std::size_t place(std::size_t oid) const {
+        return (std::size_t{directory_[oid >> kPageBits]} << kPageBits) + (oid & kPageMask);
+    }
+
+    template <class ForEachEntry>
+    void assignScattered(const ForEachEntry& forEachEntry, std::size_t entries) {
+        scattered_.reserve(entries);
+        forEachEntry([&](int oid, const Value& value) {
+            if (oid >= 0)
+                scattered_.emplace_back(static_cast<std::uint32_t>(oid), value);
+        });
+        std::stable_sort(scattered_.begin(), scattered_.end(),
+                         [](const Entry& a, const Entry& b) { return a.first < b.first; });
+    }
+
+    Value findScattered(std::size_t oid) const {
+        const auto behind = std::upper_bound(
+            scattered_.begin(), scattered_.end(), oid,
+            [](std::size_t wanted, const Entry& entry) { return wanted < entry.first; });
+        const bool found = behind != scattered_.begin() && std::prev(behind)->first == oid;
+        return found ? std::prev(behind)->second : Value();
+    }
+
+    using Entry = std::pair<std::uint32_t, Value>;
+    std::size_t size_ = 0;
+    std::vector<std::uint32_t> directory_;  // page number by OID / page size
+    std::vector<Value> pages_;
+    std::vector<Entry> scattered_;  // by OID; of one OID the last entry counts
+};
+
+}  // namespace kvocaeio

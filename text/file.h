@@ -1,0 +1,24 @@
+/// Files opened by narrow and by wide path, closed when their holder goes away.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+
+namespace kvocaeio::text {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+
+/// An open file, or null. Owns the stream.
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Opens `path` with a mode of the C library ("rb", "r+b", "w"). Null on failure and for a null
+/// path. Does not throw.
+File openFile(const char* path, const char* mode) noexcept;
+
+/// The same by a wide path: UTF-8 encoded off Windows, handed to the system as it is on Windows.
+/// A wide path that has no UTF-8 form cannot be opened.
+File openFile(const wchar_t* path, const char* mode) noexcept;
+
+}  // namespace kvocaeio::text

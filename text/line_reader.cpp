@@ -1,0 +1,120 @@
+/// Block reads behind the bounded lines, and the text mode's line ends.
+#include "text/line_reader.h"
+
+#include <cassert>
+
+namespace kvocaeio::text {
+
+namespace {
+
+// Large enough that system calls do not count, small enough to stay in the second-level cache.
+constexpr std::size_t kBlockSize = std::size_t{1} << 18;
+constexpr char kEndOfTextFile = '\x1A';
+
+}  // namespace
+
+LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode)
+    : file_(file),
+      maxLength_(bound - 1),
+      mode_(mode),
+      // The line taken last and one that is still incomplete stand before the bytes of a block; one
+      // more place keeps a held CR.
+      buffer_(2 * maxLength_ + kBlockSize + 1),
+      line_(buffer_.data()),
+      length_(0),
+      position_(line_),
+      end_(line_) {
+    assert(bound > 1);
+    std::setvbuf(file_, nullptr, _IONBF, 0);
+}
+
+void LineReader::rewind() {
+    std::rewind(file_);
+    line_ = position_ = end_ = buffer_.data();
+    length_ = 0;
+    heldCr_ = holdsNul_ = atEnd_ = false;
+}
+
+void LineReader::cutAtNul() {
+    if (const void* nul = std::memchr(line_, '\0', length_))
+        length_ = static_cast<std::size_t>(static_cast<const char*>(nul) - line_);
+}
+
+bool LineReader::nextAcrossBlocks() {
+    for (;;) {
+        const std::size_t reach = std::min(static_cast<std::size_t>(end_ - position_), maxLength_);
+        if (reach > 0) {
+            if (const void* lineFeed = std::memchr(position_, '\n', reach)) {
+                deliver(static_cast<const char*>(lineFeed) + 1);
+                return true;
+            }
+        }
+        if (reach == maxLength_ || (atEnd_ && reach > 0)) {
+            deliver(position_ + reach);
+            return true;
+        }
+        if (atEnd_)
+            return false;
+        atEnd_ = !fill();
+    }
+}
+
+// Reads one more block behind what is still needed: the line taken last and the bytes not taken yet.
+// False when the file has ended.
+bool LineReader::fill() {
+    char* const start = buffer_.data();
+    const auto kept = static_cast<std::size_t>(end_ - line_);
+    const auto taken = static_cast<std::size_t>(position_ - line_);
+    std::memmove(start, line_, kept);
+    line_ = start;
+    position_ = start + taken;
+    char* const first = start + kept;
+    if (heldCr_)
+        *first = '\r';
+    char* const fresh = first + (heldCr_ ? 1 : 0);
+    const std::size_t count = std::fread(fresh, 1, kBlockSize, file_);
+    char* last = fresh + count;
+    if (mode_ == LineMode::kText)
+        last = translateText(first, last);
+    end_ = last;
+    holdsNul_ = std::memchr(start, '\0', static_cast<std::size_t>(end_ - start)) != nullptr;
+    if (atEnd_ || count == 0) {
+        if (heldCr_) {  // nothing follows it, so it was a lone one
+            heldCr_ = false;
+            ++end_;
+        }
+        return false;
+    }
+    return true;
+}
+
+// Turns CR LF into LF in place and ends the file at 0x1A. Gives the new end; a CR at the very end is
+// left behind it and held.
+char* LineReader::translateText(char* first, char* last) {
+    const auto size = static_cast<std::size_t>(last - first);
+    heldCr_ = false;
+    if (size == 0)
+        return last;
+    if (void* stop = std::memchr(first, kEndOfTextFile, size)) {
+        last = static_cast<char*>(stop);
+        atEnd_ = true;
+    }
+    char* to = static_cast<char*>(std::memchr(first, '\r', static_cast<std::size_t>(last - first)));
+    if (to == nullptr)
+        return last;
+    for (const char* from = to; from != last; ++from) {
+        if (*from == '\r') {
+            if (from + 1 == last) {
+                *to = '\r';
+                heldCr_ = true;
+                break;
+            }
+            if (from[1] == '\n')
+                continue;
+        }
+        *to++ = *from;
+    }
+    return to;
+}
+
+}  // namespace kvocaeio::text

@@ -1,0 +1,77 @@
+/// Bounded lines of a file, delivered as `fgets` with the same bound would, over block reads.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+namespace kvocaeio::text {
+
+/// What arrives of the file's bytes. Binary: all of them as they are. Text: CR LF arrives as a
+/// single LF, a lone CR stays, and a byte 0x1A ends the file, on every platform alike.
+enum class LineMode { kBinary, kText };
+
+/// Reads a file from its present position to its end, one bounded line at a time. Memory is one
+/// block, whatever the file's size. The stream is borrowed and must not be used by others meanwhile;
+/// it should be open in binary mode, since the reader does the text mode's work itself.
+class LineReader {
+  public:
+    /// `bound` is that of `fgets`: a line has at most `bound` - 1 characters, its LF included, and
+    /// the rest of a longer one arrives as the next line.
+    LineReader(std::FILE* file, std::size_t bound, LineMode mode);
+
+    /// Takes the next line. False at the end of the file, or where reading fails: `line()` then still
+    /// gives the line before, as the buffer of `fgets` would.
+    bool next() {
+        const std::size_t reach = std::min(static_cast<std::size_t>(end_ - position_), maxLength_);
+        const void* lineFeed = reach == 0 ? nullptr : std::memchr(position_, '\n', reach);
+        if (lineFeed == nullptr)
+            return nextAcrossBlocks();
+        deliver(static_cast<const char*>(lineFeed) + 1);
+        return true;
+    }
+
+    /// The line taken last, with its LF where it has one, up to its first NUL: what the C library's
+    /// string functions would see of it. Valid until the next call of `next()`.
+    std::string_view line() const { return {line_, length_}; }
+
+    /// Whether the line taken last ends a line of the file. False for a piece that the bound cut off
+    /// and for a last line without LF.
+    bool endsLine() const { return position_ != line_ && position_[-1] == '\n'; }
+
+    /// The line taken last will be taken again by the next call of `next()`.
+    void giveBack() { position_ = line_; }
+
+    /// Starts again at the beginning of the file. `line()` is empty until the next `next()`.
+    void rewind();
+
+  private:
+    void deliver(const char* lineEnd) {
+        line_ = position_;
+        position_ = lineEnd;
+        length_ = static_cast<std::size_t>(lineEnd - line_);
+        if (holdsNul_)
+            cutAtNul();
+    }
+    void cutAtNul();
+    bool nextAcrossBlocks();
+    bool fill();
+    char* translateText(char* first, char* last);
+
+    std::FILE* file_;
+    std::size_t maxLength_;
+    LineMode mode_;
+    std::vector<char> buffer_;
+    const char* line_;      // the line taken last
+    std::size_t length_;    // of that line, up to its first NUL
+    const char* position_;  // behind that line
+    const char* end_;       // behind the last byte read
+    bool heldCr_ = false;   // text mode: a CR at `end_`, whose meaning the next byte decides
+    bool holdsNul_ = false;
+    bool atEnd_ = false;
+};
+
+}  // namespace kvocaeio::text
