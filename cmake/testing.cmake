@@ -1,0 +1,34 @@
+# How the project's tests are built and registered.
+
+if(CMAKE_CROSSCOMPILING)
+    # Debian's package holds GoogleTest's sources for compilers it has no library for.
+    set(KVOCAEIO_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "GoogleTest sources")
+    set(gtest_force_shared_crt ON)
+    add_subdirectory(${KVOCAEIO_GOOGLETEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    if(NOT TARGET GTest::gmock_main)
+        add_library(GTest::gmock_main ALIAS gmock_main)
+    endif()
+else()
+    find_package(GTest REQUIRED)
+endif()
+
+# kvocaeio_test(NAME [INNER] LABEL label SOURCES file...)
+#
+# One GoogleTest program, which CTest runs as one test. It uses the library as a host does, unless
+# INNER is given: then it links the library's objects and may include the inner headers.
+# LABEL: facts, differential, hostile or road.
+function(kvocaeio_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "INNER" "LABEL" "SOURCES")
+    add_executable(${name} ${arg_SOURCES})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE GTest::gmock_main)
+    kvocaeio_warnings(${name})
+    if(arg_INNER)
+        target_link_libraries(${name} PRIVATE kvocaeio_objects)
+        target_compile_definitions(${name} PRIVATE KVOCAEIO_STATIC)
+    else()
+        target_link_libraries(${name} PRIVATE KVOCAEIO)
+    endif()
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABEL}" TIMEOUT 600)
+endfunction()
