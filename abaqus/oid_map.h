@@ -31,6 +31,28 @@ class OidMap {
     /// Whether the map covers `oid`; it never covers a negative one.
     bool covers(int oid) const { return oid >= 0 && static_cast<std::size_t>(oid) < size_; }
 
+    /// Value of any `oid` at all: `Value()` for one that is not covered.
+    Value find(int oid) const {
+        return covers(oid) ? (*this)[static_cast<std::size_t>(oid)] : Value();
+    }
+
+    /// The first OID from `oid` (below `size()`) on that may have been set, or `size()`: all before it
+    /// give `Value()`. Leaps over whole empty pages, so that a walk need not visit large gaps.
+    std::size_t skipGap(std::size_t oid) const {
+        if (!scattered_.empty()) {
+            const auto next = std::lower_bound(
+                scattered_.begin(), scattered_.end(), oid,
+                [](const Entry& entry, std::size_t wanted) { return entry.first < wanted; });
+            return next != scattered_.end() ? next->first : size_;
+        }
+        std::size_t page = oid >> kPageBits;
+        if (directory_[page] != 0)
+            return oid;
+        while (page < directory_.size() && directory_[page] == 0)
+            ++page;
+        return std::min(page << kPageBits, size_);
+    }
+
     /// Fills the map anew. `forEachEntry(visit)` calls `visit(oid, value)` for each entry in order,
     /// the same entries at each of its several calls; negative OIDs are left out, and of entries with
     /// the same OID the last one stays. When memory runs out the map stays as it was.
