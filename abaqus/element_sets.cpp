@@ -17,10 +17,14 @@ namespace {
 
 constexpr int kLargestInt = std::numeric_limits<int>::max();
 
-bool isGenerated(const ElsetSection& set) { return set.parameter == "GENERATE"; }
+bool isGenerated(const ElsetSection& set) {
+    return set.parameter == "GENERATE";
+}
 
-// A missing step is 0 in the record, and counts as 1 like all that would never end.
-int stepOf(const ElsetSection& set) { return std::max(set.genStep, 1); }
+// A walk over the range would not end with a step below 1.
+int stepOf(const ElsetSection& set) {
+    return std::max(set.genStep, 1);
+}
 
 // Numbers at equal distances, as most sets list them, grow into one run.
 void appendId(ElemList& list, int id) {
@@ -56,8 +60,8 @@ std::size_t rowsOf(const ElsetSection& set) {
     return static_cast<std::size_t>(count);
 }
 
-// Fills a section whose tables have room already. An id that the source does not hold gives its first
-// element; a source without any element gives nothing.
+// Fills a section whose tables have room already. An id that the source does not hold gives its
+// first element; a source without any element gives nothing.
 void fillFromSource(ElemSection& section, const ElsetSection& set, const ElemSection& source,
                     const OidMap<int>& rowOfOid) {
     const auto width = static_cast<std::size_t>(source.nodesPerElem);

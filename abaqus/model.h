@@ -89,17 +89,17 @@ struct IdRun {
     int step = 1;
 };
 
-/// The element OIDs of one set name in the order of the deck. They stay runs: one line of a generated
-/// set may name two thousand million of them.
+/// The element OIDs of one set name in the order of the deck. They stay runs: one line of a
+/// generated set may name two thousand million of them.
 using ElemList = std::vector<IdRun>;
 
-/// The raw tables, and beside them what the normalisation makes of them. In a sorted section `nodes`
-/// holds new node IDs (rows of the node table).
+/// The raw tables, and beside them what the normalisation makes of them. In a sorted section
+/// `nodes` holds new node IDs (rows of the node table).
 struct AbaqusModel : RawModel {
     std::vector<ElemSection> solidSections;
     std::vector<ElemSection> shellElemSections;
-    /// Set name to a place in `elsetElems`. Once a name has been repeated the values run ahead of the
-    /// places, and they may lie beyond the end.
+    /// Set name to a place in `elsetElems`. Once a name has been repeated the values run ahead of
+    /// the places, and they may lie beyond the end.
     std::map<std::string, int> elsetIndexMap;
     std::vector<ElemList> elsetElems;
     std::vector<int> dloadFaces;    ///< four new node IDs per face, from distributed loads

@@ -19,38 +19,37 @@ namespace {
 
 constexpr int kMostFaces = 6;
 
-/// Positions, in an element's own node list, of the nodes of its faces. Quadratic elements have the
-/// faces of their corners.
+/// The faces of elements of one width, and of their quadratic relatives: positions of the nodes in
+/// the element's own list, as digits.
 struct FaceTable {
     int width;
     int quadraticWidth;
-    int faceNum;
-    int positions[kMostFaces][4];
+    std::string_view faces[kMostFaces];
 };
 constexpr FaceTable kFaceTables[] = {
-    {4, 10, 4, {{0, 2, 1, 1}, {0, 1, 3, 3}, {1, 2, 3, 3}, {0, 3, 2, 2}}},
-    {6, 15, 5, {{0, 2, 1, 1}, {3, 4, 5, 5}, {0, 1, 4, 3}, {1, 2, 5, 4}, {2, 0, 3, 5}}},
-    {8, 20, 6, {{0, 3, 2, 1}, {4, 5, 6, 7}, {0, 1, 5, 4}, {1, 2, 6, 5}, {2, 3, 7, 6}, {0, 4, 7, 3}}},
+    {4, 10, {"0211", "0133", "1233", "0322"}},
+    {6, 15, {"0211", "3455", "0143", "1254", "2035"}},
+    {8, 20, {"0321", "4567", "0154", "1265", "2376", "0473"}},
 };
 
 // Only the width decides, so that a four-node shell has the faces of a tetrahedron.
 bool faceNodes(const std::vector<ElemSection>& sections, ElemLocation location, int face,
                FaceTuple& out) {
-    if (location.section >= sections.size())
-        return false;
     const ElemSection& section = sections[location.section];
     const auto table = std::find_if(
         std::begin(kFaceTables), std::end(kFaceTables), [&section](const FaceTable& t) {
             return t.width == section.nodesPerElem || t.quadraticWidth == section.nodesPerElem;
         });
-    if (table == std::end(kFaceTables) || face < 1 || face > table->faceNum)
+    if (table == std::end(kFaceTables) || face < 1 || face > kMostFaces)
         return false;
-    if (location.row >= section.ids.size())
-        return false;  // the place of an unused OID, while the first section is empty
+    const std::string_view positions = table->faces[face - 1];
+    // An unused OID gives the first element of the first section, which may have none.
+    if (positions.empty() || location.row >= section.ids.size())
+        return false;
     const int* const nodes =
-        section.nodes.data() + std::size_t{location.row} * static_cast<std::size_t>(section.nodesPerElem);
-    for (std::size_t i = 0; i < out.size(); ++i)
-        out[i] = nodes[table->positions[face - 1][i]];
+        &section.nodes[location.row * static_cast<std::size_t>(section.nodesPerElem)];
+    std::transform(positions.begin(), positions.end(), out.begin(),
+                   [nodes](char position) { return nodes[position - '0']; });
     return true;
 }
 
@@ -59,16 +58,16 @@ bool faceNodes(const std::vector<ElemSection>& sections, ElemLocation location, 
 template <class Visit>
 void forEachLocation(const OidMap<ElemLocation>& elemOidMap, const IdRun& run, const Visit& visit) {
     const std::int64_t step = run.step;
-    const std::int64_t end = std::min(static_cast<std::int64_t>(run.last) + 1,
-                                      static_cast<std::int64_t>(elemOidMap.size()));
+    const auto size = static_cast<std::int64_t>(elemOidMap.size());
+    const std::int64_t end = std::min(std::int64_t{run.last} + 1, size);
     std::int64_t id = run.first;
     if (id < 0)
         id += (step - 1 - id) / step * step;
     while (id < end) {
         const auto oid = static_cast<std::size_t>(id);
-        const std::int64_t used =
-            std::min(static_cast<std::int64_t>(elemOidMap.skipGap(oid)), end);
-        const std::int64_t times = std::max<std::int64_t>((used - id + step - 1) / step, 1);
+        const std::size_t next = elemOidMap.skipGap(oid, static_cast<std::size_t>(end));
+        const auto gap = static_cast<std::int64_t>(next - oid);
+        const std::int64_t times = std::max<std::int64_t>((gap + step - 1) / step, 1);
         visit(elemOidMap[oid], times);
         id += times * step;
     }
@@ -79,31 +78,16 @@ int faceOfSurfaceLabel(std::string_view label) {
     return label.size() > 1 && label[1] >= '0' && label[1] <= '9' ? label[1] - '0' : 0;
 }
 
-/// Tells how many faces the elements of a set have, looking at each set and face once: a deck may
-/// name a large set in very many lines.
-class FaceCounter {
-  public:
-    FaceCounter(const RawModel& raw, const std::vector<ElemList>& elsetElems)
-        : raw_(raw), elsetElems_(elsetElems) {}
-
-    std::int64_t count(int set, int face) {
-        const auto [counted, isNew] = counts_.try_emplace({set, face}, 0);
-        if (isNew) {
-            FaceTuple tuple;
-            for (const IdRun& run : elemsAt(elsetElems_, set))
-                forEachLocation(raw_.elemOidMap, run, [&](ElemLocation place, std::int64_t times) {
-                    if (faceNodes(raw_.elemSections, place, face, tuple))
-                        counted->second += times;
-                });
-        }
-        return counted->second;
-    }
-
-  private:
-    const RawModel& raw_;
-    const std::vector<ElemList>& elsetElems_;
-    std::map<std::pair<int, int>, std::int64_t> counts_;
-};
+// Calls `visit(tuple, times)` for the faces number `face` of the elements, in order.
+template <class Visit>
+void forEachFace(const RawModel& raw, std::span<const IdRun> elems, int face, const Visit& visit) {
+    FaceTuple tuple;
+    for (const IdRun& run : elems)
+        forEachLocation(raw.elemOidMap, run, [&](ElemLocation location, std::int64_t times) {
+            if (faceNodes(raw.elemSections, location, face, tuple))
+                visit(tuple, times);
+        });
+}
 
 // Calls `visit(set, face)` for each line of a surface that names a known set and a face.
 template <class Visit>
@@ -164,25 +148,28 @@ void AddSurfaceFaces(const RawModel& raw, const std::map<std::string, int>& else
                      const std::vector<ElemList>& elsetElems, std::vector<int>& surfaceFaces,
                      std::vector<ElemSection>& shellElemSections) {
     // Counted first, since a few lines may ask for more faces than there is memory: nothing is
-    // filled then.
-    FaceCounter counter(raw, elsetElems);
+    // filled then. Each set and face is looked at once, however many lines name it.
+    std::map<std::pair<int, int>, std::int64_t> counts;
     std::size_t faceNum = surfaceFaces.size() / 4;
     forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](int set, int face) {
-        faceNum += static_cast<std::size_t>(counter.count(set, face));
+        const auto [entry, isNew] = counts.try_emplace({set, face}, 0);
+        std::int64_t& count = entry->second;
+        if (isNew)
+            forEachFace(raw, elemsAt(elsetElems, set), face,
+                        [&count](const FaceTuple&, std::int64_t times) { count += times; });
+        faceNum += static_cast<std::size_t>(count);
         if (faceNum > static_cast<std::size_t>(std::numeric_limits<int>::max()))
             throw std::length_error("vector<T> too long");
     });
     surfaceFaces.reserve(faceNum * 4);
     forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](int set, int face) {
-        if (counter.count(set, face) == 0)
+        if (counts[{set, face}] == 0)
             return;
-        for (const IdRun& run : elemsAt(elsetElems, set))
-            forEachLocation(raw.elemOidMap, run, [&](ElemLocation place, std::int64_t times) {
-                FaceTuple tuple;
-                if (faceNodes(raw.elemSections, place, face, tuple))
-                    for (; times > 0; --times)
-                        surfaceFaces.insert(surfaceFaces.end(), tuple.begin(), tuple.end());
-            });
+        forEachFace(raw, elemsAt(elsetElems, set), face,
+                    [&surfaceFaces](const FaceTuple& tuple, std::int64_t times) {
+                        for (; times > 0; --times)
+                            surfaceFaces.insert(surfaceFaces.end(), tuple.begin(), tuple.end());
+                    });
     });
     appendFaceSection("Surface_Shell", raw.nodeOidMap, surfaceFaces, shellElemSections);
 }

@@ -13,9 +13,9 @@ namespace kvocaeio {
 /// The four nodes of a face; a triangle repeats its last node.
 using FaceTuple = std::array<int, 4>;
 
-/// The node OIDs of face `face` (from 1) of a raw element. False, `out` untouched, where the element
-/// has no such face or the OID lies outside the map. An OID inside it that no element has gives the
-/// faces of the first element.
+/// The node OIDs of face `face` (from 1) of a raw element. False, `out` untouched, where the
+/// element has no such face or the OID lies outside the map. An OID inside it that no element has
+/// gives the faces of the first element.
 bool GetElemFaceNodes(const RawModel& raw, int elemOid, int face, FaceTuple& out);
 
 /// Appends the faces named by loads "P1" to "P6" to `dloadFaces`, turns all that stands there into
