@@ -108,7 +108,8 @@ bool DeckFolder::import(CKVOAbaqusReader& reader, std::string_view deck) {
     CapturedOutput output;
     const bool result = reader.ImportInpFile(path.c_str());
     printed = output.text();
-    log = readText(folder.path() / "debug" / "InputAbaqus.log");
+    const std::filesystem::path logFile = folder.path() / "debug" / "InputAbaqus.log";
+    log = std::filesystem::is_regular_file(logFile) ? readText(logFile) : "";
     return result;
 }
 

@@ -194,6 +194,9 @@ std::string ImportComparison::firstDifference(const std::vector<NamedDeck>& deck
     std::vector<Outcome> library, plain;
     CapturedOutput output;
     for (const NamedDeck& deck : decks) {
+        // New files: some file systems wait for the disk when an old one is cut and written again.
+        std::filesystem::remove(path);
+        std::filesystem::remove(log);
         folder_.write("deck.inp", deck.text);
         CKVOAbaqusReader reader;
         const bool opened = reader.ImportInpFile(path.c_str());

@@ -89,7 +89,8 @@ TEST(HostileDeck, EmptySectionsOnly) {
 }
 
 TEST(HostileDeck, WideElementsWithoutTheirNodes) {
-    // The first one takes the whole rest of the deck, the others never come to be.
+    // The first element takes the whole rest of the deck, and then its last line "1, 2" again and
+    // again: 1197 nodes before that, so that the odd places hold the 1.
     TimedImport deck(repeated("*ELEMENT, TYPE=C3D10000\n1, 2\n", 300));
     expectQuick(deck);
     ASSERT_EQ(deck.reader.GetElemSecNum(), 1);
@@ -98,7 +99,10 @@ TEST(HostileDeck, WideElementsWithoutTheirNodes) {
     EXPECT_EQ(section.elemNum, 1);
     EXPECT_EQ(section.nodesPerElem, 10000);
     EXPECT_EQ(section.nodes[0], 2);
-    EXPECT_EQ(section.nodes[9999], 2);
+    EXPECT_EQ(section.nodes[1196], 2);
+    EXPECT_EQ(section.nodes[1197], 1);
+    EXPECT_EQ(section.nodes[9998], 2);
+    EXPECT_EQ(section.nodes[9999], 1);
 }
 
 TEST(HostileDeck, AWidthOf99999ReadsNoNodes) {
@@ -155,6 +159,8 @@ TEST(HostileFolder, DebugIsAPlainFile) {
     std::filesystem::remove(folder.folder.path() / "debug");
     folder.folder.write("debug", "a file");
     expectImportWithoutDump(folder);
+    // It can be read and written, which is all that is tested; only the log cannot be opened.
+    EXPECT_THAT(folder.printed, testing::StartsWith("debug folder state = 0\n"));
     EXPECT_EQ(readBytes(folder.folder.path() / "debug"), "a file");
 }
 
