@@ -12,9 +12,9 @@ namespace kvocaeio {
 
 /// Maps 0 to a largest OID to values; an OID that was never set gives `Value()`.
 ///
-/// The values lie in pages that are made where an OID is set, so that gaps in a deck's numbering cost
-/// next to nothing: a directory of two megabytes covers all of int. OIDs scattered so thinly that
-/// their pages would hold almost nothing else are kept in one sorted list instead.
+/// The values lie in pages that are made where an OID is set, so that gaps in a deck's numbering
+/// cost next to nothing: a directory of two megabytes covers all of int. OIDs scattered so thinly
+/// that their pages would hold almost nothing else are kept in one sorted list instead.
 template <class Value>
 class OidMap {
   public:
@@ -32,8 +32,8 @@ class OidMap {
     bool covers(int oid) const { return oid >= 0 && static_cast<std::size_t>(oid) < size_; }
 
     /// Fills the map anew. `forEachEntry(visit)` calls `visit(oid, value)` for each entry in order,
-    /// the same entries at each of its several calls; negative OIDs are left out, and of entries with
-    /// the same OID the last one stays. When memory runs out the map stays as it was.
+    /// the same entries at each of its several calls; negative OIDs are left out, and of entries
+    /// with the same OID the last one stays. When memory runs out the map stays as it was.
     template <class ForEachEntry>
     void assign(const ForEachEntry& forEachEntry) {
         int largest = 0;
