@@ -1,7 +1,8 @@
-/// Imports one deck as a host does, and says what that took.
+/// Imports and sorts one deck as a host does, and says what that took.
 #include <cstdio>
 
 #include "abaqus/deck_import.h"
+#include "abaqus/normalise.h"
 #include "bench/process_meter.h"
 #include "bench/table_sizes.h"
 #include "support/captured_output.h"
@@ -11,24 +12,21 @@ namespace {
 
 using namespace kvocaeio;
 
-struct Measured {
-    bool imported;
+struct Step {
     double seconds;
     std::size_t peak;
 };
 
-Measured import(const char* path) {
-    CKVOAbaqusReader reader;
+template <class Run>
+Step measure(const Run& run) {
     const double start = bench::processorSeconds();
-    const bool imported = reader.ImportInpFile(path);
-    return {imported, bench::processorSeconds() - start, bench::peakBytes()};
+    run();
+    return {bench::processorSeconds() - start, bench::peakBytes()};
 }
 
-// Imports once more, since the public interface does not show all tables.
-std::size_t tableBytes(const char* path) {
-    AbaqusModel model;
-    importDeck(model, path);
-    return bench::rawTableBytes(model);
+void print(const char* step, const Step& measured, std::size_t tables) {
+    std::printf("%s_cpu=%.6f %s_peak=%zu %s_tables=%zu\n", step, measured.seconds, step,
+                measured.peak, step, tables);
 }
 
 }  // namespace
@@ -39,12 +37,23 @@ int main(int argc, char** argv) {
         return 2;
     }
     test::CapturedOutput output;
-    const Measured measured = import(argv[1]);
-    const std::size_t tables = tableBytes(argv[1]);
+    bool imported = false;
+    Step import{}, sort{};
+    {
+        CKVOAbaqusReader reader;
+        import = measure([&] { imported = reader.ImportInpFile(argv[1]); });
+        sort = measure([&] { reader.SortData(); });
+    }
+    // Once more, since the public interface does not show all tables.
+    AbaqusModel model;
+    importDeck(model, argv[1]);
+    SortData(model);
     output.text();
-    if (!measured.imported) {
+    if (!imported) {
         std::fprintf(stderr, "%s: cannot be imported\n", argv[1]);
         return 1;
     }
-    std::printf("cpu=%.6f peak=%zu tables=%zu\n", measured.seconds, measured.peak, tables);
+    const std::size_t raw = bench::rawTableBytes(model);
+    print("import", import, raw);
+    print("sort", sort, raw + bench::sortedTableBytes(model));
 }

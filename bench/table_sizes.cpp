@@ -1,6 +1,7 @@
 /// How much memory the tables of a model need by themselves.
 #include "bench/table_sizes.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -28,13 +29,17 @@ std::size_t bytes(const OidMap<Value>& map) {
     return map.size() * sizeof(Value);
 }
 
+std::size_t bytes(const ElemSection& section) {
+    return bytes(section.ids) + bytes(section.nodes);
+}
+
 }  // namespace
 
 std::size_t rawTableBytes(const AbaqusModel& model) {
     std::size_t sum = bytes(model.nodeOidMap) + bytes(model.elemOidMap) +
                       bytes(model.nodeBlock.ids) + bytes(model.nodeBlock.coords);
     for (const ElemSection& section : model.elemSections)
-        sum += bytes(section.ids) + bytes(section.nodes);
+        sum += bytes(section);
     for (const SurfaceSection& surface : model.surfaces)
         sum += bytes(surface.items) + bytes(surface.faces);
     for (const DloadSection& load : model.dloads)
@@ -42,6 +47,19 @@ std::size_t rawTableBytes(const AbaqusModel& model) {
     for (const ElsetSection& set : model.elsets)
         sum += bytes(set.members);
     return sum;
+}
+
+std::size_t sortedTableBytes(const AbaqusModel& model) {
+    std::size_t sum = bytes(model.dloadFaces) + bytes(model.surfaceFaces);
+    std::size_t largest = 0;
+    for (const auto* sections : {&model.solidSections, &model.shellElemSections})
+        for (const ElemSection& section : *sections) {
+            sum += bytes(section);
+            largest = std::max(largest, bytes(section));
+        }
+    for (const ElemList& elements : model.elsetElems)
+        sum += bytes(elements);
+    return sum + largest;
 }
 
 }  // namespace kvocaeio::bench

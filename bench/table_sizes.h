@@ -11,4 +11,8 @@ namespace kvocaeio::bench {
 /// reserve.
 std::size_t rawTableBytes(const AbaqusModel& model);
 
+/// The same of the tables that the normalisation adds, its largest section once more, since that is
+/// what a section takes while it is made.
+std::size_t sortedTableBytes(const AbaqusModel& model);
+
 }  // namespace kvocaeio::bench
