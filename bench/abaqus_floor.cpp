@@ -83,6 +83,22 @@ const char* behindLine(const char* position, const char* end) {
     return static_cast<const char*>(std::memchr(position, '\n', size)) + 1;
 }
 
+// Gives the end of what it writes. (The section is a copy, since a reference might lead to what is
+// written, as far as the compiler can tell.)
+int* copySection(const CKVOAbaqusReader::ElemSecData section, const int* rows, int* out) {
+    const int corners = section.nodesPerElem == 10 ? 4 : section.nodesPerElem;
+    const int width = section.geometryType == 2 ? 8 : 4;
+    const int* nodes = section.nodes;
+    for (int elem = 0; elem < section.elemNum; ++elem, nodes += section.nodesPerElem) {
+        int last = 0;
+        for (int corner = 0; corner < corners; ++corner)
+            *out++ = last = rows[nodes[corner]];
+        for (int corner = corners; corner < width; ++corner)
+            *out++ = last;
+    }
+    return out;
+}
+
 class AbaqusFloor {
   public:
     // A number takes two bytes of the file at least; pages of the arrays come as they are filled.
@@ -181,17 +197,8 @@ FloorCounts sortAbaqusTables(const RawTables& tables) {
             static_cast<std::size_t>(section.elemNum) * (section.geometryType == 2 ? 8 : 4);
     const auto sorted = std::make_unique_for_overwrite<int[]>(counts.integers);
     int* out = sorted.get();
-    for (const auto& section : tables.sections) {
-        const int corners = section.nodesPerElem == 10 ? 4 : section.nodesPerElem;
-        const int width = section.geometryType == 2 ? 8 : 4;
-        const int* nodes = section.nodes;
-        for (int elem = 0; elem < section.elemNum; ++elem, nodes += section.nodesPerElem) {
-            for (int corner = 0; corner < corners; ++corner)
-                *out++ = rows[static_cast<std::size_t>(nodes[corner])];
-            for (int corner = corners; corner < width; ++corner, ++out)
-                *out = out[-1];
-        }
-    }
+    for (const auto& section : tables.sections)
+        out = copySection(section, rows.data(), out);
     return counts;
 }
 

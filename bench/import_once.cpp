@@ -41,19 +41,20 @@ int main(int argc, char** argv) {
     Step import{}, sort{};
     {
         CKVOAbaqusReader reader;
-        import = measure([&] { imported = reader.ImportInpFile(argv[1]); });
-        sort = measure([&] { reader.SortData(); });
-    }
-    // Once more, since the public interface does not show all tables.
-    AbaqusModel model;
-    importDeck(model, argv[1]);
-    SortData(model);
-    output.text();
-    if (!imported) {
-        std::fprintf(stderr, "%s: cannot be imported\n", argv[1]);
-        return 1;
-    }
-    const std::size_t raw = bench::rawTableBytes(model);
-    print("import", import, raw);
-    print("sort", sort, raw + bench::sortedTableBytes(model));
+        import = measure([&] { imported = reader.ImportInpFile(argv[1]);
+    });
+    sort = measure([&] { reader.SortData(); });
+}
+// Once more, since the public interface does not show all tables.
+AbaqusModel model;
+importDeck(model, argv[1]);
+SortData(model);
+output.text();
+if (!imported) {
+    std::fprintf(stderr, "%s: cannot be imported\n", argv[1]);
+    return 1;
+}
+const std::size_t raw = bench::rawTableBytes(model);
+print("import", import, raw);
+print("sort", sort, raw + bench::sortedTableBytes(model));
 }
