@@ -175,10 +175,8 @@ class AbaqusFloor {
 
 }  // namespace
 
-FloorCounts readAbaqusDeck(std::FILE* file) {
-    std::fseek(file, 0, SEEK_END);
-    AbaqusFloor floor(static_cast<std::size_t>(std::ftell(file)));
-    std::rewind(file);
+FloorCounts readAbaqusDeck(std::FILE* file, std::size_t fileSize) {
+    AbaqusFloor floor(fileSize);
     LineBlocks blocks(file);
     for (const char *first, *last; blocks.next(first, last);)
         floor.read(first, last);

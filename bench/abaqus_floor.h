@@ -19,7 +19,7 @@ struct FloorCounts {
 /// Reads the deck block by block and converts every number of the data lines of nodes, elements,
 /// sets, surfaces and loads once, with `std::from_chars`, into arrays made at full size beforehand.
 /// Nothing is checked and no table is built.
-FloorCounts readAbaqusDeck(std::FILE* file);
+FloorCounts readAbaqusDeck(std::FILE* file, std::size_t fileSize);
 
 /// The raw tables of an imported deck.
 struct RawTables {
@@ -28,7 +28,8 @@ struct RawTables {
 };
 
 /// Makes the map from node OIDs to rows, then copies all solids and shells, renumbered, cut to
-/// their corner nodes and filled up to eight and four nodes. Gives the number of nodes written.
+/// their corner nodes and filled up to eight and four nodes. Counts the nodes of the deck as lines
+/// and those written as integers.
 FloorCounts sortAbaqusTables(const RawTables& tables);
 
 }  // namespace kvocaeio::bench

@@ -38,23 +38,22 @@ int main(int argc, char** argv) {
     }
     test::CapturedOutput output;
     bool imported = false;
-    Step import{}, sort{};
+    Step importStep, sortStep;
     {
         CKVOAbaqusReader reader;
-        import = measure([&] { imported = reader.ImportInpFile(argv[1]);
-    });
-    sort = measure([&] { reader.SortData(); });
-}
-// Once more, since the public interface does not show all tables.
-AbaqusModel model;
-importDeck(model, argv[1]);
-SortData(model);
-output.text();
-if (!imported) {
-    std::fprintf(stderr, "%s: cannot be imported\n", argv[1]);
-    return 1;
-}
-const std::size_t raw = bench::rawTableBytes(model);
-print("import", import, raw);
-print("sort", sort, raw + bench::sortedTableBytes(model));
+        importStep = measure([&] { imported = reader.ImportInpFile(argv[1]); });
+        sortStep = measure([&] { reader.SortData(); });
+    }
+    // Once more, since the public interface does not show all tables.
+    AbaqusModel model;
+    importDeck(model, argv[1]);
+    SortData(model);
+    output.text();
+    if (!imported) {
+        std::fprintf(stderr, "%s: cannot be imported\n", argv[1]);
+        return 1;
+    }
+    const std::size_t raw = bench::rawTableBytes(model);
+    print("import", importStep, raw);
+    print("sort", sortStep, raw + bench::sortedTableBytes(model));
 }
