@@ -29,7 +29,8 @@ void printSummary(const DeckCounts& counts) {
     std::fputs("------- Summary ------\n", stdout);
     std::printf("Node Section num = %d\n", hostCount(counts.nodeBlocks.size()));
     for (std::size_t i = 0; i < counts.nodeBlocks.size(); ++i)
-        std::printf("  Node Block [%d] = %d\n", static_cast<int>(i), hostCount(counts.nodeBlocks[i]));
+        std::printf("  Node Block [%d] = %d\n", static_cast<int>(i),
+                    hostCount(counts.nodeBlocks[i]));
     std::printf("Elem Section num = %d\n", hostCount(counts.elementBlocks.size()));
     for (std::size_t i = 0; i < counts.elementBlocks.size(); ++i)
         std::printf("  Elem Block [%d] = %d\n", static_cast<int>(i),
@@ -40,8 +41,8 @@ void printSummary(const DeckCounts& counts) {
     std::printf("Elset Section num = %d\n", hostCount(counts.elsets));
 }
 
-// What a walk goes by, the ids and the width, changes only once the table behind it has the room, so
-// that the walks stay inside the tables wherever memory runs out.
+// What a walk goes by, the ids and the width, changes only once the table behind it has the room,
+// so that the walks stay inside the tables wherever memory runs out.
 void sizeTables(AbaqusModel& model, const DeckCounts& counts) {
     // Rows of an earlier import may go, so nothing may point at them any longer.
     model.nodeOidMap = {};

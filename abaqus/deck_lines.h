@@ -13,15 +13,16 @@ namespace kvocaeio {
 /// Lines arrive in pieces of at most 511 characters.
 inline constexpr std::size_t kDeckLineBound = 512;
 
-// The delimiter sets differ from place to place: a blank may stand inside some values, not in others.
+// The delimiter sets differ from place to place: a blank may stand inside some values, not in
+// others.
 inline constexpr text::Delimiters kKeywordField(",\n\r");
 inline constexpr text::Delimiters kParameterScan(",= \n\r");
 inline constexpr text::Delimiters kOpenValue(",=\n\r");
 inline constexpr text::Delimiters kClosedValue("=, \n\r");
 inline constexpr text::Delimiters kDataField(", \n\r");
 
-/// Text of the parameter `name` on a keyword line, untrimmed; empty where the parameter or its value
-/// is missing. The value is whatever token follows the first token equal to `name`.
+/// Text of the parameter `name` on a keyword line, untrimmed; empty where the parameter or its
+/// value is missing. The value is whatever token follows the first token equal to `name`.
 inline std::string_view parameterValue(std::string_view keywordLine, std::string_view name,
                                        const text::Delimiters& valueDelimiters) {
     text::Tokens tokens(keywordLine);
@@ -67,8 +68,8 @@ class DeckLines {
     /// The line taken last; at the end of the deck still the last one.
     std::string_view line() const { return reader_.line(); }
 
-    /// Calls `read()` for each data line up to the next keyword line, which is given back, or the end
-    /// of the deck. Comment lines are passed over; all other lines are data, blank ones too.
+    /// Calls `read()` for each data line up to the next keyword line, which is given back, or the
+    /// end of the deck. Comment lines are passed over; all other lines are data, blank ones too.
     template <class ReadDataLine>
     void forEachDataLine(const ReadDataLine& read) {
         while (next()) {

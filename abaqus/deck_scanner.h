@@ -21,9 +21,9 @@ inline Keyword findKeyword(std::string_view field) {
         Keyword keyword;
     };
     static constexpr std::array kKeywords{
-        Row{"*NODE", Keyword::kNode},           Row{"*ELEMENT", Keyword::kElement},
-        Row{"*ELSET", Keyword::kElset},         Row{"*SURFACE", Keyword::kSurface},
-        Row{"*DLOAD", Keyword::kDload},         Row{"*SHELL SECTION", Keyword::kShellSection},
+        Row{"*NODE", Keyword::kNode},   Row{"*ELEMENT", Keyword::kElement},
+        Row{"*ELSET", Keyword::kElset}, Row{"*SURFACE", Keyword::kSurface},
+        Row{"*DLOAD", Keyword::kDload}, Row{"*SHELL SECTION", Keyword::kShellSection},
     };
     for (const Row& row : kKeywords)
         if (row.name == field)

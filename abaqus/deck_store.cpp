@@ -95,7 +95,9 @@ void DeckStore::repeatLastNumber(std::size_t count) {
         storeElementNumber();
 }
 
-void DeckStore::endElement() { oidTaken_ = false; }
+void DeckStore::endElement() {
+    oidTaken_ = false;
+}
 
 void DeckStore::beginElset(std::string_view name, bool generated) {
     elset_ = takeEntry(model_.elsets, elsets_);
@@ -122,7 +124,8 @@ bool DeckStore::setRange(std::string_view line) {
         return false;
     int end = start;
     int step = 1;
-    const bool complete = scan.literal(',') && scan.integer(end) && scan.literal(',') && scan.integer(step);
+    const bool complete =
+        scan.literal(',') && scan.integer(end) && scan.literal(',') && scan.integer(step);
     if (elset_ != nullptr) {
         elset_->genStart = start;
         elset_->genEnd = end;

@@ -24,7 +24,8 @@ struct ShellFamily {
 
 // In the order of the tests: the first mark that the name holds decides. The fourth node of an R3D4
 // is deliberately not read, since the family name alone gives the count.
-constexpr std::array kShellFamilies{ShellFamily{"S3", 3}, ShellFamily{"R3", 3}, ShellFamily{"S4", 4}};
+constexpr std::array kShellFamilies{ShellFamily{"S3", 3}, ShellFamily{"R3", 3},
+                                    ShellFamily{"S4", 4}};
 
 ElementType solidType(std::string_view behindFamily) {
     int count = 0;

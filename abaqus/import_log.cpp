@@ -14,10 +14,17 @@ namespace {
 
 constexpr std::string_view kRule = "=======================================\n";
 
-int asInt(std::size_t count) { return static_cast<int>(count); }
+int asInt(std::size_t count) {
+    return static_cast<int>(count);
+}
 
 void writeHead(text::Writer& log, std::string_view kind, std::size_t count) {
-    log.text(kRule).text(kind).text(" Section count = ").integer(asInt(count)).text("\n").text(kRule);
+    log.text(kRule)
+        .text(kind)
+        .text(" Section count = ")
+        .integer(asInt(count))
+        .text("\n")
+        .text(kRule);
 }
 
 void writeTitle(text::Writer& log, std::string_view kind, std::size_t index) {
@@ -42,8 +49,8 @@ void writeElements(text::Writer& log, const std::vector<ElemSection>& sections) 
         log.text("Nodes per element = ").integer(section.nodesPerElem).text("\n");
         log.text("Element Num = ").integer(asInt(section.ids.size()));
         log.text(" , Total Node Num = ").integer(asInt(section.nodes.size())).text("\n");
-        // The dump counts an element's nodes in a signed byte: of 128 nodes and more it shows what is
-        // left of their number there.
+        // The dump counts an element's nodes in a signed byte: of 128 nodes and more it shows what
+        // is left of their number there.
         const auto shown = static_cast<std::int8_t>(section.nodesPerElem);
         const int* nodes = section.nodes.data();
         for (const int id : section.ids) {

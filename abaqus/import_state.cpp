@@ -28,7 +28,9 @@ ImportState& importState() {
     return state;
 }
 
-void startClock() { importState().clockStart = milliseconds(); }
+void startClock() {
+    importState().clockStart = milliseconds();
+}
 
 void stopClock() {
     ImportState& state = importState();

@@ -1,5 +1,5 @@
-/// The state that all imports of the process share: the debug folder and the clock. It is not guarded,
-/// so two imports must not run at once.
+/// The state that all imports of the process share: the debug folder and the clock. It is not
+/// guarded, so two imports must not run at once.
 #pragma once
 
 #include <string>

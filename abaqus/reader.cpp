@@ -1,6 +1,4 @@
 /// The exported reader: its life, the import, and the walks over the raw tables.
-#include <kvocaeio/abaqus.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <string>
@@ -9,6 +7,7 @@
 #include "abaqus/deck_import.h"
 #include "abaqus/model.h"
 #include "abaqus/name_field.h"
+#include <kvocaeio/abaqus.h>
 
 using kvocaeio::copyName;
 using kvocaeio::ElemSection;
@@ -24,13 +23,19 @@ CKVOAbaqusReader::CKVOAbaqusReader()
       sortedSectionCursor(0),
       sortedElementCursor(0) {}
 
-CKVOAbaqusReader::~CKVOAbaqusReader() { delete std::exchange(impl, nullptr); }
+CKVOAbaqusReader::~CKVOAbaqusReader() {
+    delete std::exchange(impl, nullptr);
+}
 
 CKVOAbaqusReader& CKVOAbaqusReader::operator=(const CKVOAbaqusReader&) = default;
 
-bool CKVOAbaqusReader::ImportInpFile(const char* path) { return kvocaeio::importDeck(*impl, path); }
+bool CKVOAbaqusReader::ImportInpFile(const char* path) {
+    return kvocaeio::importDeck(*impl, path);
+}
 
-int CKVOAbaqusReader::GetNodeNum() { return static_cast<int>(impl->nodeBlock.ids.size()); }
+int CKVOAbaqusReader::GetNodeNum() {
+    return static_cast<int>(impl->nodeBlock.ids.size());
+}
 
 bool CKVOAbaqusReader::GetNodeBegin() {
     if (GetNodeNum() == 0)
@@ -49,7 +54,9 @@ bool CKVOAbaqusReader::GetNodeNext(NodeData* out) {
     return true;
 }
 
-int CKVOAbaqusReader::GetElemSecNum() { return static_cast<int>(impl->elemSections.size()); }
+int CKVOAbaqusReader::GetElemSecNum() {
+    return static_cast<int>(impl->elemSections.size());
+}
 
 bool CKVOAbaqusReader::GetElemSecBegin() {
     if (GetElemSecNum() == 0)
@@ -86,7 +93,9 @@ bool CKVOAbaqusReader::GetElemSecElemNext(ElemSecData* sec, int* id, int** nodes
     return true;
 }
 
-int CKVOAbaqusReader::GetShellSecNum() { return static_cast<int>(impl->shellSections.size()); }
+int CKVOAbaqusReader::GetShellSecNum() {
+    return static_cast<int>(impl->shellSections.size());
+}
 
 bool CKVOAbaqusReader::GetShellSecBegin() {
     if (GetShellSecNum() < 1)

@@ -50,7 +50,8 @@ void readDloadSection(DeckLines<Observer>& lines, Sink& sink) {
     sink.beginDload();
     lines.forEachDataLine([&] {
         if (!sink.addLoad(lines.line()))
-            lines.note(text::Finding::kStale, lines.line(), "not all of OID, label, value can be read");
+            lines.note(text::Finding::kStale, lines.line(),
+                       "not all of OID, label, value can be read");
     });
 }
 

@@ -6,7 +6,9 @@
 
 namespace kvocaeio::text {
 
-constexpr char toUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr char toUpper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
 /// Puts `text` in upper case into `folded`, whose memory is used again.
 inline void foldToUpper(std::string_view text, std::string& folded) {

@@ -15,16 +15,16 @@ namespace kvocaeio::text {
 enum class LineMode { kBinary, kText };
 
 /// Reads a file from its present position to its end, one bounded line at a time. Memory is one
-/// block, whatever the file's size. The stream is borrowed and must not be used by others meanwhile;
-/// it should be open in binary mode, since the reader does the text mode's work itself.
+/// block, whatever the file's size. The stream is borrowed and must not be used by others
+/// meanwhile; it should be open in binary mode, since the reader does the text mode's work itself.
 class LineReader {
   public:
     /// `bound` is that of `fgets`: a line has at most `bound` - 1 characters, its LF included, and
     /// the rest of a longer one arrives as the next line.
     LineReader(std::FILE* file, std::size_t bound, LineMode mode);
 
-    /// Takes the next line. False at the end of the file, or where reading fails: `line()` then still
-    /// gives the line before, as the buffer of `fgets` would.
+    /// Takes the next line. False at the end of the file, or where reading fails: `line()` then
+    /// still gives the line before, as the buffer of `fgets` would.
     bool next() {
         const std::size_t reach = std::min(static_cast<std::size_t>(end_ - position_), maxLength_);
         const void* lineFeed = reach == 0 ? nullptr : std::memchr(position_, '\n', reach);
@@ -38,8 +38,8 @@ class LineReader {
     /// string functions would see of it. Valid until the next call of `next()`.
     std::string_view line() const { return {line_, length_}; }
 
-    /// Whether the line taken last ends a line of the file. False for a piece that the bound cut off
-    /// and for a last line without LF.
+    /// Whether the line taken last ends a line of the file. False for a piece that the bound cut
+    /// off and for a last line without LF.
     bool endsLine() const { return position_ != line_ && position_[-1] == '\n'; }
 
     /// The line taken last will be taken again by the next call of `next()`.

@@ -15,8 +15,8 @@ enum class Finding {
 };
 
 /// An observer that listens to nothing. Others have `kListens` true and the same member `note`:
-/// `line` counts the file's lines from 1; `what` is the text in question, valid during the call only;
-/// `why` is a fixed text.
+/// `line` counts the file's lines from 1; `what` is the text in question, valid during the call
+/// only; `why` is a fixed text.
 struct NoObserver {
     static constexpr bool kListens = false;
     void note(Finding, std::size_t /*line*/, std::string_view /*what*/, std::string_view /*why*/) {}

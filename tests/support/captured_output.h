@@ -37,15 +37,31 @@ class CapturedOutput {
 
   private:
 #if defined(_WIN32)
-    static int duplicate(int fd) { return _dup(fd); }
-    static void redirect(int from, int to) { _dup2(from, to); }
-    static int descriptor(std::FILE* file) { return _fileno(file); }
-    static void close(int fd) { _close(fd); }
+    static int duplicate(int fd) {
+        return _dup(fd);
+    }
+    static void redirect(int from, int to) {
+        _dup2(from, to);
+    }
+    static int descriptor(std::FILE* file) {
+        return _fileno(file);
+    }
+    static void close(int fd) {
+        _close(fd);
+    }
 #else
-    static int duplicate(int fd) { return ::dup(fd); }
-    static void redirect(int from, int to) { ::dup2(from, to); }
-    static int descriptor(std::FILE* file) { return ::fileno(file); }
-    static void close(int fd) { ::close(fd); }
+    static int duplicate(int fd) {
+        return ::dup(fd);
+    }
+    static void redirect(int from, int to) {
+        ::dup2(from, to);
+    }
+    static int descriptor(std::FILE* file) {
+        return ::fileno(file);
+    }
+    static void close(int fd) {
+        ::close(fd);
+    }
 #endif
     void restore() {
         if (saved_ < 0)

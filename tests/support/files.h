@@ -32,7 +32,9 @@ class TempFolder {
     /// Path of `name` in the folder, as the narrow text that the library takes.
     std::string file(std::string_view name) const { return (path_ / name).string(); }
     /// Makes a folder `name` in this one.
-    void makeFolder(std::string_view name) const { std::filesystem::create_directory(path_ / name); }
+    void makeFolder(std::string_view name) const {
+        std::filesystem::create_directory(path_ / name);
+    }
     /// Writes a file byte for byte and gives its path.
     std::string write(std::string_view name, std::string_view bytes) const {
         std::ofstream out(path_ / name, std::ios::binary);

@@ -1,0 +1,95 @@
+/// Fuzz target: any bytes as a deck, imported, walked, sorted and walked again.
+#include <kvocaeio/abaqus.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+#include <string_view>
+
+#include "support/files.h"
+
+namespace {
+
+// Every value handed out goes in here, so that none is left unread.
+volatile double seen = 0.0;
+
+void walkRawTables(CKVOAbaqusReader& reader) {
+    CKVOAbaqusReader::NodeData node{};
+    for (reader.GetNodeBegin(); reader.GetNodeNext(&node);)
+        seen = node.id + node.coord[0] + node.coord[1] + node.coord[2];
+    CKVOAbaqusReader::ElemSecData section{};
+    for (reader.GetElemSecBegin(); reader.GetElemSecNext(&section);) {
+        seen = section.elset[sizeof section.elset - 1];
+        int id = 0;
+        int* nodes = nullptr;
+        while (reader.GetElemSecElemNext(&section, &id, &nodes)) {
+            int first = 0;
+            CKVOAbaqusReader::ElemData element{};
+            element.nodes = &first;
+            seen = reader.GetElemNodesByOID(id, &element) + first;
+            for (int k = 0; k < section.nodesPerElem; ++k) {
+                double coord[3] = {};
+                CKVOAbaqusReader::NodeData found{};
+                found.coord = coord;
+                seen = reader.GetNodeDataByOID(nodes[k], &found) + coord[0];
+            }
+        }
+    }
+    CKVOAbaqusReader::ShellSecData shell{};
+    for (reader.GetShellSecBegin(); reader.GetShellSecNext(&shell);)
+        seen = shell.thickness;
+}
+
+void walkElements(CKVOAbaqusReader& reader, CKVOAbaqusReader::ElemSecData& section) {
+    CKVOAbaqusReader::ElemData element{};
+    if (!reader.GetElemSecElemBeginR(&section, &element))
+        return;
+    while (reader.GetElemSecElemNextR(&section, &element))
+        for (int k = 0; k < element.nodeNum; ++k) {
+            const int node = element.nodes[k];
+            if (node < 0 || node >= reader.GetNodeNum())
+                std::abort();
+        }
+}
+
+void walkSortedTables(CKVOAbaqusReader& reader) {
+    CKVOAbaqusReader::ElemSecData section{};
+    for (reader.GetElemSolidSecBeginR(); reader.GetElemSolidSecNextR(&section);)
+        walkElements(reader, section);
+    for (reader.GetElemShellSecBeginR(); reader.GetElemShellSecNextR(&section);)
+        walkElements(reader, section);
+}
+
+// The import speaks on standard output by design; millions of runs had better not.
+bool silence() {
+#if defined(_WIN32)
+    return std::freopen("NUL", "w", stdout) != nullptr;
+#else
+    return std::freopen("/dev/null", "w", stdout) != nullptr;
+#endif
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const bool silent = silence();
+    static const kvocaeio::test::TempFolder folder;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const std::string path = folder.write("deck.inp", bytes);
+    CKVOAbaqusReader reader;
+    if (!silent || !reader.ImportInpFile(path.c_str()))
+        std::abort();
+    walkRawTables(reader);
+    // Twice, since the second call builds on what the first has left.
+    for (int call = 0; call < 2; ++call) {
+        try {
+            reader.SortData();
+        } catch (const std::length_error&) {  // a generated set that ends before it starts
+        } catch (const std::bad_alloc&) {     // one that reaches too far
+        }
+        walkSortedTables(reader);
+    }
+    return 0;
+}
