@@ -31,6 +31,37 @@ class OidMap {
     /// Whether the map covers `oid`; it never covers a negative one.
     bool covers(int oid) const { return oid >= 0 && static_cast<std::size_t>(oid) < size_; }
 
+    /// Value of any `oid` at all: `Value()` for one that is not covered.
+    Value find(int oid) const {
+        return covers(oid) ? (*this)[static_cast<std::size_t>(oid)] : Value();
+    }
+
+    /// Calls `use(lookUp)`, where `lookUp(oid)` gives what `find` gives, at less cost: for loops
+    /// over large tables.
+    template <class Use>
+    void lookUpMany(const Use& use) const {
+        if (!scattered_.empty())
+            return use([this](int oid) { return find(oid); });
+        use([directory = directory_.data(), pages = pages_.data(), size = size_](int oid) {
+            const auto at = static_cast<std::size_t>(oid);  // beyond `size` for a negative one
+            return at < size ? pages[placeIn(directory, at)] : Value();
+        });
+    }
+
+    /// The first OID from `oid` on that may have been set, or `end` (at most `size()`): all before
+    /// it give `Value()`. Leaps over whole empty pages, so that a walk need not visit large gaps.
+    std::size_t skipGap(std::size_t oid, std::size_t end) const {
+        if (!scattered_.empty()) {
+            const auto next = std::lower_bound(
+                scattered_.begin(), scattered_.end(), oid,
+                [](const Entry& entry, std::size_t wanted) { return entry.first < wanted; });
+            return next != scattered_.end() ? std::min<std::size_t>(next->first, end) : end;
+        }
+        while (oid < end && directory_[oid >> kPageBits] == 0)
+            oid = (oid | kPageMask) + 1;
+        return std::min(oid, end);
+    }
+
     /// Fills the map anew. `forEachEntry(visit)` calls `visit(oid, value)` for each entry in order,
     /// the same entries at each of its several calls; negative OIDs are left out, and of entries
     /// with the same OID the last one stays. When memory runs out the map stays as it was.
@@ -72,9 +103,10 @@ class OidMap {
 
     static std::size_t pageOf(int oid) { return static_cast<std::size_t>(oid) >> kPageBits; }
 
-    std::size_t place(std::size_t oid) const {
-        return (std::size_t{directory_[oid >> kPageBits]} << kPageBits) + (oid & kPageMask);
+    static std::size_t placeIn(const std::uint32_t* directory, std::size_t oid) {
+        return (std::size_t{directory[oid >> kPageBits]} << kPageBits) + (oid & kPageMask);
     }
+    std::size_t place(std::size_t oid) const { return placeIn(directory_.data(), oid); }
 
     template <class ForEachEntry>
     void assignScattered(const ForEachEntry& forEachEntry, std::size_t entries) {
