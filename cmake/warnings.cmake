@@ -6,4 +6,6 @@ function(kvocaeio_warnings target)
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
             -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor)
     endif()
+    set_target_properties(${target} PROPERTIES
+        COMPILE_WARNING_AS_ERROR ${KVOCAEIO_WARNINGS_AS_ERRORS})
 endfunction()
