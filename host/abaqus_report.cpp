@@ -3,6 +3,7 @@
 
 #include <iomanip>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include "text_table.h"
@@ -42,8 +43,21 @@ Json asJson(const KindCounts& kinds) {
     return object;
 }
 
-std::string placeOf(const NormalisedSummary& section) {
-    return section.list + " " + std::to_string(section.index);
+using Cells = std::vector<std::string>;
+
+/// The right half of a line: `elements` of a section of the mesh.
+Cells meshCells(const NormalisedSummary& section, std::size_t elements, const std::string& how) {
+    std::string part = std::to_string(elements);
+    if (elements != section.elements)
+        part += " of " + std::to_string(section.elements);
+    return {section.list + " " + std::to_string(section.index), quoted(section.elset),
+            std::to_string(section.nodesPerElement), part, how};
+}
+
+Cells sideBySide(Cells left, const Cells& right) {
+    left.emplace_back("|");
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
 }
 
 }  // namespace
@@ -85,37 +99,36 @@ void AbaqusReport::printSections(std::ostream& out) const {
         return;
     TextTable table("rllrlllrrl");
     table.add({"deck", "set", "elements", "nodes", "", "mesh", "set", "nodes", "elements", "how"});
+    std::vector<bool> shown(summary.normalised.size());
     auto flow = summary.flows.begin();
     for (std::size_t s = 0; s < summary.raw.size(); ++s) {
         const RawSummary& raw = summary.raw[s];
-        std::vector<std::string> left = {std::to_string(s), quoted(raw.elset),
-                                         std::to_string(raw.elements) + " " + raw.kind,
-                                         std::to_string(raw.nodesPerElement), "|"};
-        const auto addLine = [&](std::vector<std::string> right) {
-            left.insert(left.end(), right.begin(), right.end());
-            table.add(std::move(left));
-            left = {"", "", "", "", "|"};
+        Cells left = {std::to_string(s), quoted(raw.elset),
+                      std::to_string(raw.elements) + " " + raw.kind,
+                      std::to_string(raw.nodesPerElement)};
+        const auto addLine = [&](const Cells& right) {
+            table.add(sideBySide(std::exchange(left, {"", "", "", ""}), right));
         };
-        bool placed = false;
-        for (; flow != summary.flows.end() && flow->raw == s; ++flow, placed = true) {
-            const NormalisedSummary& target = summary.normalised[flow->normalised];
-            const std::string elements = std::to_string(flow->elements);
-            addLine({placeOf(target), quoted(target.elset), std::to_string(target.nodesPerElement),
-                     flow->elements == target.elements
-                         ? elements
-                         : elements + " of " + std::to_string(target.elements),
-                     howItCame(*flow)});
+        const bool placed = flow != summary.flows.end() && flow->raw == s;
+        for (; flow != summary.flows.end() && flow->raw == s; ++flow) {
+            addLine(
+                meshCells(summary.normalised[flow->normalised], flow->elements, howItCame(*flow)));
+            shown[flow->normalised] = true;
         }
         if (raw.leftOut != 0)
             addLine({"-", "", "", std::to_string(raw.leftOut), "left out: " + raw.reason});
         else if (!placed)
             addLine({sortFailure.empty() ? "" : "not normalised"});
     }
-    for (const NormalisedSummary& section : summary.normalised)
-        if (section.origin != "elements")
-            table.add({"", "", section.origin, "", "|", placeOf(section), section.elset,
-                       std::to_string(section.nodesPerElement), std::to_string(section.elements),
-                       "faces: " + listed(section.kinds)});
+    for (std::size_t s = 0; s < summary.normalised.size(); ++s) {
+        if (shown[s])
+            continue;
+        const NormalisedSummary& section = summary.normalised[s];
+        const bool faces = section.origin != "elements";
+        table.add(sideBySide({"", "", faces ? section.origin : "", ""},
+                             meshCells(section, section.elements,
+                                       faces ? "faces: " + listed(section.kinds) : "blank rows")));
+    }
     out << '\n';
     table.print(out, "  ");
 }
@@ -125,13 +138,13 @@ std::string AbaqusReport::howItCame(const Flow& flow) const {
     const NormalisedSummary& target = summary.normalised[flow.normalised];
     std::vector<std::string> words;
     if (raw.reduced)
-        words.push_back("reduced to corners");
+        words.emplace_back("reduced to corners");
     if (target.merged)
-        words.push_back("merged");
+        words.emplace_back("merged");
     if (raw.corners < target.nodesPerElement)
         words.push_back("filled up to " + std::to_string(target.nodesPerElement));
     if (raw.split)
-        words.push_back("split");
+        words.emplace_back("split");
     if (target.repeated != 0)
         words.push_back(std::to_string(target.repeated) + " repeated");
     if (target.blank != 0)

@@ -20,9 +20,11 @@ struct Row {
     std::array<int, 8> corners;
     std::uint32_t name;  ///< number of its section's set name
     std::uint32_t section;
-
-    auto operator<=>(const Row&) const = default;
 };
+
+bool byAll(const Row& a, const Row& b) {
+    return std::tie(a.corners, a.name, a.section) < std::tie(b.corners, b.name, b.section);
+}
 
 bool byCornersAndName(const Row& a, const Row& b) {
     return std::tie(a.corners, a.name) < std::tie(b.corners, b.name);
@@ -136,8 +138,8 @@ class Tracer {
     void compare(Geometry geometry) {
         Rows raw = rawRows(geometry);
         Rows normalised = normalisedRows(geometry);
-        std::sort(raw.begin(), raw.end());
-        std::sort(normalised.begin(), normalised.end());
+        std::sort(raw.begin(), raw.end(), byAll);
+        std::sort(normalised.begin(), normalised.end(), byAll);
         // Elements on the same nodes are told apart by their set's name first.
         pairUp(raw, normalised, byCornersAndName);
         pairUp(raw, normalised, byCorners);
@@ -167,7 +169,7 @@ class Tracer {
     }
 
     void placeExtras(const Rows& extras, Rows raw) {
-        std::sort(raw.begin(), raw.end());
+        std::sort(raw.begin(), raw.end(), byAll);
         for (const Row& row : extras) {
             const auto source = std::lower_bound(raw.begin(), raw.end(), row, byCorners);
             if (source != raw.end() && source->corners == row.corners) {

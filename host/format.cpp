@@ -15,7 +15,7 @@ namespace {
 const std::array<const Format*, 1> kFormats = {&kAbaqusFormat};
 
 // Enough for the opening comments of any deck; a file that says later what it is has its extension.
-constexpr std::size_t kHeadSize = 64 * 1024;
+constexpr std::size_t kHeadSize = std::size_t{64} * 1024;
 
 std::string readHead(const std::string& path) {
     if (isFolder(path.c_str()))

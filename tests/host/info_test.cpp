@@ -211,6 +211,20 @@ TEST(Info, SaysThatElementsWithoutNodesAreLeftOut) {
     EXPECT_EQ(report.at("sections").at(0).at("leftOutBecause"), "the deck has no nodes");
 }
 
+TEST(Info, ShowsSectionsThatNoElementWentInto) {
+    const TempFolder folder;
+    const Outcome outcome =
+        runHost({"info", folder.write("blank.inp",
+                                      "*NODE\n1, 0, 0, 0\n2, 1, 0, 0\n3, 0, 1, 0\n"
+                                      "*ELEMENT, TYPE=S3, ELSET=A\n"
+                                      "*ELSET, ELSET=B, GENERATE\n1, 3\n")});
+    EXPECT_THAT(
+        outcome.output,
+        HasSubstr("     0  A    0 triangles      3  |\n"
+                  "                                 |  shell 0  B        3         3  blank "
+                  "rows\n"));
+}
+
 TEST(Info, TakesNoNumberFromANodeThatIsNone) {
     const TempFolder folder;
     const json report = jsonReport(folder.write("nan.inp", "*NODE\n1, 1, nan, 3\n2, 4, 5, 6\n"));
