@@ -2,7 +2,6 @@
 #include "abaqus/shell_faces.h"
 
 #include <algorithm>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -83,7 +82,9 @@ int faceOfSurfaceLabel(std::string_view label) {
 struct SetFace {
     int set;
     int face;
-    auto operator<=>(const SetFace&) const = default;
+    bool operator<(const SetFace& other) const {
+        return set != other.set ? set < other.set : face < other.face;
+    }
 };
 
 /// The faces of a set of elements. A deck may name them in very many lines; they are looked up for
