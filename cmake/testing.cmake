@@ -29,6 +29,8 @@ function(kvocaeio_test name)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE GTest::gmock_main)
     kvocaeio_warnings(${name})
+    # What is tested is optimised; the tests themselves had better compile fast.
+    target_compile_options(${name} PRIVATE $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<CONFIG:Release>>:-Og>)
     if(arg_INNER)
         target_link_libraries(${name} PRIVATE kvocaeio_objects)
         target_compile_definitions(${name} PRIVATE KVOCAEIO_STATIC)
