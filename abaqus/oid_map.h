@@ -57,9 +57,11 @@ class OidMap {
                 [](const Entry& entry, std::size_t wanted) { return entry.first < wanted; });
             return next != scattered_.end() ? std::min<std::size_t>(next->first, end) : end;
         }
-        while (oid < end && directory_[oid >> kPageBits] == 0)
-            oid = (oid | kPageMask) + 1;
-        return std::min(oid, end);
+        const std::size_t page = oid >> kPageBits;
+        if (oid >= end || directory_[page] != 0)
+            return oid;
+        const auto next = std::upper_bound(usedPages_.begin(), usedPages_.end(), page);
+        return next != usedPages_.end() ? std::min(std::size_t{*next} << kPageBits, end) : end;
     }
 
     /// Fills the map anew. `forEachEntry(visit)` calls `visit(oid, value)` for each entry in order,
@@ -78,9 +80,12 @@ class OidMap {
         made.directory_.resize((made.size_ >> kPageBits) + 1);
         std::size_t pages = 1;  // page 0 stays empty and serves all OIDs without a page
         forEachEntry([&](int oid, const Value&) {
-            if (oid >= 0 && made.directory_[pageOf(oid)] == 0)
-                made.directory_[pageOf(oid)] = static_cast<std::uint32_t>(pages++);
+            if (oid < 0 || made.directory_[pageOf(oid)] != 0)
+                return;
+            made.directory_[pageOf(oid)] = static_cast<std::uint32_t>(pages++);
+            made.usedPages_.push_back(static_cast<std::uint32_t>(pageOf(oid)));
         });
+        std::sort(made.usedPages_.begin(), made.usedPages_.end());
         if ((pages << kPageBits) <= kFreeValues + kValuesPerEntry * entries) {
             made.pages_.resize(pages << kPageBits);
             forEachEntry([&](int oid, const Value& value) {
@@ -89,6 +94,7 @@ class OidMap {
             });
         } else {
             made.directory_ = {};
+            made.usedPages_ = {};
             made.assignScattered(forEachEntry, entries);
         }
         *this = std::move(made);
@@ -130,6 +136,7 @@ class OidMap {
     using Entry = std::pair<std::uint32_t, Value>;
     std::size_t size_ = 0;
     std::vector<std::uint32_t> directory_;  // page number by OID / page size
+    std::vector<std::uint32_t> usedPages_;  // places in it that have a page, ascending
     std::vector<Value> pages_;
     std::vector<Entry> scattered_;  // by OID; of one OID the last entry counts
 };

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <numeric>
-#include <span>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -68,7 +68,7 @@ void forEachLocation(const OidMap<ElemLocation>& elemOidMap, const IdRun& run, c
         const std::size_t next = elemOidMap.skipGap(oid, static_cast<std::size_t>(end));
         const auto gap = static_cast<std::int64_t>(next - oid);
         const std::int64_t times = std::max<std::int64_t>((gap + step - 1) / step, 1);
-        visit(elemOidMap[oid], times);
+        visit(elemOidMap[oid], static_cast<std::size_t>(times));
         id += times * step;
     }
 }
@@ -78,18 +78,23 @@ int faceOfSurfaceLabel(std::string_view label) {
     return label.size() > 1 && label[1] >= '0' && label[1] <= '9' ? label[1] - '0' : 0;
 }
 
-// Calls `visit(tuple, times)` for the faces number `face` of the elements, in order.
-template <class Visit>
-void forEachFace(const RawModel& raw, std::span<const IdRun> elems, int face, const Visit& visit) {
-    FaceTuple tuple;
-    for (const IdRun& run : elems)
-        forEachLocation(raw.elemOidMap, run, [&](ElemLocation location, std::int64_t times) {
-            if (faceNodes(raw.elemSections, location, face, tuple))
-                visit(tuple, times);
-        });
-}
+/// What a line of a surface names: a value of `elsetIndexMap` and a face number.
+struct SetFace {
+    int set;
+    int face;
+    bool operator<(const SetFace& other) const {
+        return set != other.set ? set < other.set : face < other.face;
+    }
+};
 
-// Calls `visit(set, face)` for each line of a surface that names a known set and a face.
+/// The faces of a set of elements. A deck may name them in very many lines; they are looked up for
+/// the first one and copied for the others.
+struct FaceStretch {
+    std::size_t faceNum = 0;
+    std::optional<std::size_t> begin;  // place of the first line's nodes, once they are there
+};
+
+// Calls `visit(named)` for each line that names a known set and a face.
 template <class Visit>
 void forEachSurfaceLine(const std::vector<SurfaceSection>& surfaces,
                         const std::map<std::string, int>& elsetIndexMap, const Visit& visit) {
@@ -100,9 +105,21 @@ void forEachSurfaceLine(const std::vector<SurfaceSection>& surfaces,
             const auto set = elsetIndexMap.find(surface.items[i]);
             const int face = faceOfSurfaceLabel(surface.faces[i]);
             if (set != elsetIndexMap.end() && face >= 1 && face <= kMostFaces)
-                visit(set->second, face);
+                visit(SetFace{set->second, face});
         }
     }
+}
+
+// Calls `visit(tuple, times)` for the faces named, in the order of the set.
+template <class Visit>
+void forEachFace(const RawModel& raw, const std::vector<ElemList>& elsetElems, const SetFace& named,
+                 const Visit& visit) {
+    FaceTuple tuple;
+    for (const IdRun& run : elemsAt(elsetElems, named.set))
+        forEachLocation(raw.elemOidMap, run, [&](ElemLocation location, std::size_t times) {
+            if (faceNodes(raw.elemSections, location, named.face, tuple))
+                visit(tuple, times);
+        });
 }
 
 // Turns the node OIDs of `faces` into new node IDs and appends a section of them, if there are any.
@@ -148,28 +165,34 @@ void AddSurfaceFaces(const RawModel& raw, const std::map<std::string, int>& else
                      const std::vector<ElemList>& elsetElems, std::vector<int>& surfaceFaces,
                      std::vector<ElemSection>& shellElemSections) {
     // Counted first, since a few lines may ask for more faces than there is memory: nothing is
-    // filled then. Each set and face is looked at once, however many lines name it.
-    std::map<std::pair<int, int>, std::int64_t> counts;
+    // filled then.
+    std::map<SetFace, FaceStretch> stretches;
     std::size_t faceNum = surfaceFaces.size() / 4;
-    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](int set, int face) {
-        const auto [entry, isNew] = counts.try_emplace({set, face}, 0);
-        std::int64_t& count = entry->second;
+    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](const SetFace& named) {
+        const auto [entry, isNew] = stretches.try_emplace(named);
+        std::size_t& count = entry->second.faceNum;
         if (isNew)
-            forEachFace(raw, elemsAt(elsetElems, set), face,
-                        [&count](const FaceTuple&, std::int64_t times) { count += times; });
-        faceNum += static_cast<std::size_t>(count);
+            forEachFace(raw, elsetElems, named,
+                        [&count](const FaceTuple&, std::size_t times) { count += times; });
+        faceNum += count;
         if (faceNum > static_cast<std::size_t>(std::numeric_limits<int>::max()))
             throw std::length_error("vector<T> too long");
     });
     surfaceFaces.reserve(faceNum * 4);
-    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](int set, int face) {
-        if (counts[{set, face}] == 0)
-            return;
-        forEachFace(raw, elemsAt(elsetElems, set), face,
-                    [&surfaceFaces](const FaceTuple& tuple, std::int64_t times) {
-                        for (; times > 0; --times)
-                            surfaceFaces.insert(surfaceFaces.end(), tuple.begin(), tuple.end());
-                    });
+    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](const SetFace& named) {
+        FaceStretch& stretch = stretches[named];
+        const std::size_t begin = surfaceFaces.size();
+        if (stretch.begin) {
+            surfaceFaces.resize(begin + stretch.faceNum * 4);
+            std::copy_n(surfaceFaces.data() + *stretch.begin, stretch.faceNum * 4,
+                        surfaceFaces.data() + begin);
+        } else {
+            stretch.begin = begin;
+            forEachFace(raw, elsetElems, named, [&](const FaceTuple& tuple, std::size_t times) {
+                for (; times > 0; --times)
+                    surfaceFaces.insert(surfaceFaces.end(), tuple.begin(), tuple.end());
+            });
+        }
     });
     appendFaceSection("Surface_Shell", raw.nodeOidMap, surfaceFaces, shellElemSections);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -94,16 +95,17 @@ inline Sections rawSectionsOf(CKVOAbaqusReader& reader) {
 
 enum class DebugFolder { present, absent };
 
-/// A deck in a folder of its own, imported; a folder debug stands beside it unless told otherwise.
+/// A deck imported; a folder debug stands beside it unless told otherwise.
 class Deck {
   public:
-    explicit Deck(std::string_view text, DebugFolder debug = DebugFolder::present) {
+    explicit Deck(std::string_view text, DebugFolder debug = DebugFolder::present)
+        : own(std::make_unique<TempFolder>()), folder(*own) {
         if (debug == DebugFolder::present)
             folder.makeFolder("debug");
-        const std::string path = folder.write("deck.inp", text);
-        const CapturedOutput quiet;
-        EXPECT_TRUE(reader.ImportInpFile(path.c_str()));
+        importDeck(text);
     }
+    /// In a folder that serves many decks, one after the other.
+    Deck(const TempFolder& shared, std::string_view text) : folder(shared) { importDeck(text); }
 
     /// Sorts and keeps what that printed, also when it throws.
     void sort() {
@@ -134,8 +136,7 @@ class Deck {
         const std::size_t end = text.find("\n-------- ", begin - 1);
         return text.substr(begin, end == std::string::npos ? end : end + 1 - begin);
     }
-    /// The line that says where the log goes: the folder's path with the separator that the debug
-    /// folder's own path begins with.
+    /// The line that says where the log goes; two separators stand before debug.
     std::string logLine() const {
 #if defined(_WIN32)
         return "log file path = " + folder.path().string() + "\\\\debug\\SortData.log\n";
@@ -144,9 +145,18 @@ class Deck {
 #endif
     }
 
-    TempFolder folder;
+    /// None where the folder is shared.
+    const std::unique_ptr<TempFolder> own;
+    const TempFolder& folder;
     CKVOAbaqusReader reader;
     std::string printed;
+
+  private:
+    void importDeck(std::string_view text) {
+        const std::string path = folder.write("deck.inp", text);
+        const CapturedOutput quiet;
+        EXPECT_TRUE(reader.ImportInpFile(path.c_str()));
+    }
 };
 
 /// Nodes 1 to `count`, so that node n has the new ID n - 1; x is the OID.

@@ -197,11 +197,13 @@ class Generator {
         deck_.model.sets.push_back(set);
     }
 
+    std::string faceLabel(char letter) { return {letter, static_cast<char>('0' + below(7))}; }
+
     void surface() {
         keyword("*SURFACE, TYPE=ELEMENT, NAME=SKIN");
         for (int left = below(4); left > 0; --left) {
             const std::string item = oneIn(6) ? std::to_string(below(9)) : oneOf(kSurfaceItems);
-            const std::string label = oneIn(6) ? oneOf(kOddLabels) : "S" + std::to_string(below(7));
+            const std::string label = oneIn(6) ? oneOf(kOddLabels) : faceLabel('S');
             deck_.text += anyCase(item) + (label.empty() ? "" : comma()) + anyCase(label) + "\n";
             deck_.model.surfaceLines.push_back({item, upper(label)});
         }
@@ -218,7 +220,7 @@ class Generator {
                 oid = below(30) - 2;
                 deck_.text += std::to_string(oid);
             }
-            const std::string label = oneIn(6) ? oneOf(kOddLabels) : "P" + std::to_string(below(7));
+            const std::string label = oneIn(6) ? oneOf(kOddLabels) : faceLabel('P');
             deck_.text += (label.empty() ? "" : comma() + label) +
                           (label.empty() || oneIn(9) ? "\n" : ", 2.5\n");
             deck_.model.loadLines.push_back({oid, label});

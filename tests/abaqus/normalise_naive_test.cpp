@@ -22,7 +22,7 @@ std::string shown(const RawModel::Block& section) {
     for (const RawModel::Element& element : section.elements) {
         text += " | " + std::to_string(element.oid) + ":";
         for (const int node : element.nodes)
-            text += " " + std::to_string(node);
+            text.append(" ").append(std::to_string(node));
     }
     return text;
 }

@@ -313,7 +313,7 @@ bool survivesLittleMemory() {
 TEST(NormaliseSplit, RangeBeyondMemoryThrowsAndLeavesTheReaderUsable) {
     if (!kMemoryCanBeLimited)
         GTEST_SKIP() << "the sanitizer needs its address space";
-    EXPECT_EXIT(std::exit(survivesLittleMemory() ? 0 : 1), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(std::_Exit(survivesLittleMemory() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 #endif
 
