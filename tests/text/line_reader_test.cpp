@@ -146,7 +146,7 @@ TEST_F(LineReaderTest, TextModeKeepsALoneCr) {
 TEST_F(LineReaderTest, TextModeEndsAtControlZ) {
     EXPECT_EQ(linesOf("a\r\nb\x1A\nc\n", LineMode::kText), (Lines{"a\n", "b"}));
     EXPECT_EQ(linesOf("a\r\x1A\nc\n", LineMode::kText), (Lines{"a\r"}));
-    EXPECT_EQ(linesOf("\x1Ac\n", LineMode::kText), Lines{});
+    EXPECT_EQ(linesOf("\x1A-\n", LineMode::kText), Lines{});
 }
 
 TEST_F(LineReaderTest, TextModeCountsTheBoundWithoutTheCr) {

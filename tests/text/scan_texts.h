@@ -1,8 +1,8 @@
 /// Random texts for the scan formats: plausible lines of decks, and nasty ones.
 #pragma once
 
-#include <array>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -31,15 +31,15 @@ class ScanTexts {
         if (random_.oneIn(3))
             text_ += random_.oneIn(2) ? "\n" : "\r\n";
         if (random_.oneIn(20) && !text_.empty())
-            text_[random_.below(text_.size())] = kCharacters[random_.below(kCharacters.size())];
+            text_[random_.below(text_.size())] = kCharacters[random_.below(std::size(kCharacters))];
         return text_;
     }
 
     static constexpr std::size_t kMaxLength = 600;
 
   private:
-    // (The last one is the NUL.)
-    static constexpr std::string_view kCharacters{" \t\v,.+-eExXpnN0189afinity!\xA0\xFF", 31};
+    // With the NUL at their end.
+    static constexpr char kCharacters[] = " \t\v,.+-eExXpnN0189afinity!\xA0\xFF";
 
     void addField(LineShape shape, std::size_t index) {
         if (shape == LineShape::kColumns) {
