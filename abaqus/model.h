@@ -1,6 +1,7 @@
 /// The tables of one imported Abaqus deck.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -67,7 +68,8 @@ struct ElemLocation {
     unsigned row = 0;      ///< position inside that section
 };
 
-struct AbaqusModel {
+/// What the import leaves: the deck's tables, in deck order and with the deck's numbers.
+struct RawModel {
     OidMap<int> nodeOidMap;           ///< node OID to row; 0 for an OID that the deck does not use
     OidMap<ElemLocation> elemOidMap;  ///< element OID to place; (0, 0) likewise
     NodeBlock nodeBlock;
@@ -78,6 +80,30 @@ struct AbaqusModel {
     std::vector<ElsetSection> elsets;
     int maxElemOid = 0;
     int maxNodeOid = 0;
+};
+
+/// The ids from `first` to `last`, by `step`; `last` is one of them.
+struct IdRun {
+    int first = 0;
+    int last = 0;
+    int step = 1;
+};
+
+/// The element OIDs of one set name in the order of the deck. They stay runs: one line of a
+/// generated set may name two thousand million of them.
+using ElemList = std::vector<IdRun>;
+
+/// The raw tables, and beside them what the normalisation makes of them. In a sorted section
+/// `nodes` holds new node IDs (rows of the node table).
+struct AbaqusModel : RawModel {
+    std::vector<ElemSection> solidSections;
+    std::vector<ElemSection> shellElemSections;
+    /// Set name to a place in `elsetElems`. Once a name has been repeated the values run ahead of
+    /// the places, and they may lie beyond the end.
+    std::map<std::string, int> elsetIndexMap;
+    std::vector<ElemList> elsetElems;
+    std::vector<int> dloadFaces;    ///< four new node IDs per face, from distributed loads
+    std::vector<int> surfaceFaces;  ///< likewise, from surfaces
 };
 
 }  // namespace kvocaeio

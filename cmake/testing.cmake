@@ -3,11 +3,17 @@
 if(CMAKE_CROSSCOMPILING)
     # Debian's package holds GoogleTest's sources for compilers it has no library for.
     set(KVOCAEIO_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "GoogleTest sources")
-    set(gtest_force_shared_crt ON)
     add_subdirectory(${KVOCAEIO_GOOGLETEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
     if(NOT TARGET GTest::gmock_main)
         add_library(GTest::gmock_main ALIAS gmock_main)
     endif()
+    # Wine fills its folder once, before tests that run side by side would all begin to.
+    set(winePrefixFilled ${PROJECT_BINARY_DIR}/wine/filled)
+    add_custom_command(OUTPUT ${winePrefixFilled}
+        COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} wineboot --init
+        COMMAND ${CMAKE_COMMAND} -E touch ${winePrefixFilled}
+        COMMENT "Filling the Wine folder" VERBATIM)
+    add_custom_target(wine_prefix ALL DEPENDS ${winePrefixFilled})
 else()
     find_package(GTest REQUIRED)
 endif()
@@ -23,6 +29,8 @@ function(kvocaeio_test name)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE GTest::gmock_main)
     kvocaeio_warnings(${name})
+    # What is tested is optimised; the tests themselves had better compile fast.
+    target_compile_options(${name} PRIVATE $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<CONFIG:Release>>:-Og>)
     if(arg_INNER)
         target_link_libraries(${name} PRIVATE kvocaeio_objects)
         target_compile_definitions(${name} PRIVATE KVOCAEIO_STATIC)

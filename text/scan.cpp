@@ -3,7 +3,7 @@
 #include "text/scan.h"
 
 #include <charconv>
-#include <cmath>
+#include <cstdlib>
 
 namespace kvocaeio::text {
 
@@ -35,44 +35,47 @@ constexpr bool isHexDigit(char c) {
     return isDigit(c) || (toLower(c) >= 'a' && toLower(c) <= 'f');
 }
 
-// Takes `word`, given in lower case, in any case.
-bool takeWord(const char*& next, const char* last, std::string_view word) {
-    if (static_cast<std::size_t>(last - next) < word.size())
-        return false;
-    if (!std::equal(word.begin(), word.end(), next, [](char a, char b) { return a == toLower(b); }))
-        return false;
-    next += word.size();
-    return true;
-}
+struct Digits {
+    const char* next;  // the text behind them
+    std::uint64_t number;
+};
 
-// Takes decimal digits behind those that `number` holds already.
-inline void takeDigits(const char*& next, const char* last, std::uint64_t& number) {
+struct Exponent {
+    const char* next;       // the text behind it
+    const char* numberEnd;  // for `std::from_chars`, which wants an exponent to have digits
+    std::int64_t value;
+};
+
+template <typename Real>
+struct Taken {
+    const char* next;  // the text behind it; null where there is no number
+    Real value;
+};
+
+// Decimal digits, put behind those of `number`.
+inline Digits takeDigits(const char* next, const char* last, std::uint64_t number) {
     for (; next != last && isDigit(*next); ++next)
-        number = 10 * number + static_cast<std::uint64_t>(*next - '0');
+        number = 10 * number + digitValue(*next);
+    return {next, number};
 }
 
-// Takes an exponent, its digits or its sign and digits perhaps missing, and puts `numberEnd` where
-// the number ends for `std::from_chars`, which wants the digits.
-std::int64_t takeExponent(const char*& next, const char* last, char letter,
-                          const char*& numberEnd) {
-    numberEnd = next;
+// An exponent, if there is one. Its digits or its sign and digits may be missing.
+inline Exponent takeExponent(const char* next, const char* last, char letter) {
+    const char* numberEnd = next;
     if (next == last || toLower(*next) != letter)
-        return 0;
+        return {next, numberEnd, 0};
     ++next;
     const bool negative = next != last && *next == '-';
     if (next != last && (*next == '-' || *next == '+'))
         ++next;
-    const char* const digits = next;
     std::int64_t exponent = 0;
-    for (; next != last && isDigit(*next); ++next)
+    for (; next != last && isDigit(*next); numberEnd = ++next)
         if (exponent < kMaxExponent)
-            exponent = 10 * exponent + (*next - '0');
-    if (next != digits)
-        numberEnd = next;
-    return negative ? -exponent : exponent;
+            exponent = 10 * exponent + digitValue(*next);
+    return {next, numberEnd, negative ? -exponent : exponent};
 }
 
-// Value of the number [first, last), which has no sign; `exponent` is what is written at its end.
+// Value of the number [first, last), which has no sign; `exponent` is the one written at its end.
 template <typename Real>
 Real convert(const char* first, const char* last, std::chars_format format, std::int64_t exponent) {
     Real value = 0;
@@ -81,43 +84,48 @@ Real convert(const char* first, const char* last, std::chars_format format, std:
     // Too large or too small: the exponent and the place of the first digit that counts tell.
     const char* const digit =
         std::find_if(first, last, [](char c) { return c != '0' && c != '.'; });
-    const char* const point = std::find(first, last, '.');
-    const std::ptrdiff_t place = point - digit;
+    const std::ptrdiff_t place = std::find(first, last, '.') - digit;
     const std::int64_t magnitude =
         exponent + (format == std::chars_format::hex ? 4 * place : place);
     return magnitude > 0 ? std::numeric_limits<Real>::infinity() : Real{0};
 }
 
-// Takes what stands behind "0x". Without any digit there must be a point at least, as the C library
-// has it, and there is no exponent then.
+// What stands behind "0x". Without any digit there must be a point at least, as the C library has
+// it, and there is no exponent then.
 template <typename Real>
-bool takeHexadecimal(const char*& next, const char* last, Real& value) {
-    const char* const first = next;
-    next = std::find_if_not(next, last, isHexDigit);
+Taken<Real> takeHexadecimal(const char* first, const char* last) {
+    const char* next = std::find_if_not(first, last, isHexDigit);
     std::ptrdiff_t digits = next - first;
     if (next != last && *next == '.') {
-        const char* const fraction = ++next;
-        next = std::find_if_not(next, last, isHexDigit);
+        const char* const fraction = next + 1;
+        next = std::find_if_not(fraction, last, isHexDigit);
         digits += next - fraction;
     }
-    value = 0;
-    if (digits > 0) {
-        const char* numberEnd = next;
-        const std::int64_t exponent = takeExponent(next, last, 'p', numberEnd);
-        value = convert<Real>(first, numberEnd, std::chars_format::hex, exponent);
-    }
-    return next != first;
+    if (digits == 0)
+        return {next == first ? nullptr : next, 0};
+    const Exponent exponent = takeExponent(next, last, 'p');
+    return {exponent.next,
+            convert<Real>(first, exponent.numberEnd, std::chars_format::hex, exponent.value)};
+}
+
+// Gives what is behind `word` (in lower case), which may be written in any case; null if it is not
+// there.
+const char* takeWord(const char* next, const char* last, std::string_view word) {
+    const bool found =
+        static_cast<std::size_t>(last - next) >= word.size() &&
+        std::equal(word.begin(), word.end(), next, [](char a, char b) { return a == toLower(b); });
+    return found ? next + word.size() : nullptr;
 }
 
 template <typename Real>
-bool takeInfinityOrNan(const char*& next, const char* last, Real& value) {
-    value = std::numeric_limits<Real>::quiet_NaN();
-    if (takeWord(next, last, "nan"))
-        return true;
-    value = std::numeric_limits<Real>::infinity();
+Taken<Real> takeInfinityOrNan(const char* first, const char* last) {
+    if (const char* next = takeWord(first, last, "nan"))
+        return {next, std::numeric_limits<Real>::quiet_NaN()};
+    const char* next = takeWord(first, last, "inf");
     // Whoever goes on with an "i" must write all of "infinity".
-    return takeWord(next, last, "inf") &&
-           (next == last || toLower(*next) != 'i' || takeWord(next, last, "inity"));
+    if (next != nullptr && next != last && toLower(*next) == 'i')
+        next = takeWord(next, last, "inity");
+    return {next, std::numeric_limits<Real>::infinity()};
 }
 
 }  // namespace
@@ -125,45 +133,42 @@ bool takeInfinityOrNan(const char*& next, const char* last, Real& value) {
 template <typename Real>
 bool Scan::scanReal(Real& value, std::size_t width) {
     const char* const last = reach(width);
-    const char* next = position_;
-    const bool negative = next != last && *next == '-';
-    if (next != last && (*next == '-' || *next == '+'))
-        ++next;
-    const char* const first = next;
-    std::uint64_t number = 0;
-    takeDigits(next, last, number);
-    std::ptrdiff_t digits = next - first;
+    const bool negative = position_ != last && *position_ == '-';
+    const bool hasSign = negative || (position_ != last && *position_ == '+');
+    const char* const whole = position_ + (hasSign ? 1 : 0);
+    Digits digits = takeDigits(whole, last, 0);
+    std::ptrdiff_t count = digits.next - whole;
     std::ptrdiff_t decimals = 0;
-    if (next != last && *next == '.') {
-        const char* const fraction = ++next;
-        takeDigits(next, last, number);
-        decimals = next - fraction;
-        digits += decimals;
+    if (digits.next != last && *digits.next == '.') {
+        const char* const fraction = digits.next + 1;
+        digits = takeDigits(fraction, last, digits.number);
+        decimals = digits.next - fraction;
+        count += decimals;
     }
-    Real magnitude;
-    if (digits == 0) {
-        if (next != first || !takeInfinityOrNan(next, last, magnitude))
-            return fail();
-    } else if (next == first + 1 && next != last && *first == '0' && toLower(*next) == 'x' &&
-               width - static_cast<std::size_t>(next - position_) > 1) {
-        // (An "x" in the last place of a width belongs to the text behind the number.)
-        if (!takeHexadecimal(++next, last, magnitude))
-            return fail();
+    const Exponent exponent = takeExponent(digits.next, last, 'e');
+    const std::int64_t power = exponent.value - decimals;
+
+    Taken<Real> taken{exponent.next, 0};
+    if (count == 0) [[unlikely]] {
+        taken = takeInfinityOrNan<Real>(whole, last);
+    } else if (taken.next == whole + 1 && taken.next != last && *whole == '0' &&
+               toLower(*taken.next) == 'x' &&
+               width - static_cast<std::size_t>(taken.next - position_) > 1) [[unlikely]] {
+        // (An "x" in the last place of a width would belong to the text behind the number.)
+        taken = takeHexadecimal<Real>(taken.next + 1, last);
+    } else if (count <= kMaxDigits && digits.number <= Exact<Real>::kWhole &&
+               std::abs(power) <= Exact<Real>::kPower) [[likely]] {
+        const auto number = static_cast<Real>(static_cast<std::int64_t>(digits.number));
+        const auto scale = static_cast<Real>(kPowersOfTen[std::abs(power)]);
+        taken.value = power < 0 ? number / scale : number * scale;
     } else {
-        const char* numberEnd = next;
-        const std::int64_t exponent = takeExponent(next, last, 'e', numberEnd);
-        const std::int64_t power = exponent - decimals;
-        if (digits <= kMaxDigits && number <= Exact<Real>::kWhole &&
-            std::abs(power) <= Exact<Real>::kPower) {
-            const auto whole = static_cast<Real>(static_cast<std::int64_t>(number));
-            const auto scale = static_cast<Real>(kPowersOfTen[std::abs(power)]);
-            magnitude = power < 0 ? whole / scale : whole * scale;
-        } else {
-            magnitude = convert<Real>(first, numberEnd, std::chars_format::general, exponent);
-        }
+        taken.value =
+            convert<Real>(whole, exponent.numberEnd, std::chars_format::general, exponent.value);
     }
-    position_ = next;
-    value = negative ? -magnitude : magnitude;
+    if (taken.next == nullptr)
+        return fail();
+    position_ = taken.next;
+    value = negative ? -taken.value : taken.value;
     return true;
 }
 

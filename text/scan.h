@@ -12,11 +12,17 @@ namespace kvocaeio::text {
 
 /// White space of the C locale, as `isspace` has it.
 constexpr bool isSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
+    // What comes first settles it for nearly every character that is none.
+    return c <= ' ' && (c == ' ' || (c >= '\t' && c <= '\r'));
+}
+
+/// Value of a decimal digit; 10 or more for any other character.
+constexpr unsigned digitValue(char c) {
+    return static_cast<unsigned char>(c) - unsigned{'0'};
 }
 
 constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
+    return digitValue(c) < 10;
 }
 
 /// One run of a scan format over one text. Each member is one directive of the format; a directive
@@ -46,7 +52,7 @@ class Scan {
         std::int64_t number = 0;
         for (; next != last && isDigit(*next); ++next)
             if (number <= kMaxInt)  // behind that it stays too large, whatever follows
-                number = 10 * number + (*next - '0');
+                number = 10 * number + digitValue(*next);
         if (next == digits)
             return fail();
         position_ = next;
@@ -81,8 +87,10 @@ class Scan {
 
     /// A blank in the format: any white space, also none. Always true.
     bool space() {
-        while (position_ != end_ && isSpace(*position_))
-            ++position_;
+        const char* next = position_;
+        while (next != end_ && isSpace(*next))
+            ++next;
+        position_ = next;
         return true;
     }
 

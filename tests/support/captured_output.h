@@ -1,8 +1,11 @@
 /// Standard output caught while the library speaks.
 #pragma once
 
+#include <atomic>
 #include <cstdio>
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "support/files.h"
@@ -21,18 +24,22 @@ class CapturedOutput {
     CapturedOutput() {
         std::fflush(stdout);
         saved_ = duplicate(1);
-        std::FILE* file = std::fopen(folder_.file("stdout").c_str(), "wb");
+        std::FILE* file = std::fopen(path_.string().c_str(), "wb");
         redirect(descriptor(file), 1);
         std::fclose(file);
     }
-    ~CapturedOutput() { restore(); }
+    ~CapturedOutput() {
+        restore();
+        std::error_code ignored;
+        std::filesystem::remove(path_, ignored);
+    }
     CapturedOutput(const CapturedOutput&) = delete;
     CapturedOutput& operator=(const CapturedOutput&) = delete;
 
     /// Ends the capture and gives what was printed, lines ended by LF on every platform.
     std::string text() {
         restore();
-        return readText(folder_.path() / "stdout");
+        return readText(path_);
     }
 
   private:
@@ -71,7 +78,14 @@ class CapturedOutput {
         close(std::exchange(saved_, -1));
     }
 
-    TempFolder folder_;
+    /// One folder serves all captures: a folder takes far longer to remove than a file.
+    static std::filesystem::path nextFile() {
+        static const TempFolder folder;
+        static std::atomic<unsigned> count{0};
+        return folder.path() / ("stdout-" + std::to_string(count++));
+    }
+
+    const std::filesystem::path path_ = nextFile();
     int saved_ = -1;
 };
 

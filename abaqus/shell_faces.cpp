@@ -1,0 +1,200 @@
+/// The table of element faces, and the sections that loads and surfaces make of them.
+#include "abaqus/shell_faces.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <numeric>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "abaqus/element_sets.h"
+
+namespace kvocaeio {
+
+namespace {
+
+constexpr int kMostFaces = 6;
+
+/// The faces of elements of one width, and of their quadratic relatives: positions of the nodes in
+/// the element's own list, as digits.
+struct FaceTable {
+    int width;
+    int quadraticWidth;
+    std::string_view faces[kMostFaces];
+};
+constexpr FaceTable kFaceTables[] = {
+    {4, 10, {"0211", "0133", "1233", "0322"}},
+    {6, 15, {"0211", "3455", "0143", "1254", "2035"}},
+    {8, 20, {"0321", "4567", "0154", "1265", "2376", "0473"}},
+};
+
+// Only the width decides, so that a four-node shell has the faces of a tetrahedron.
+bool faceNodes(const std::vector<ElemSection>& sections, ElemLocation location, int face,
+               FaceTuple& out) {
+    const ElemSection& section = sections[location.section];
+    const auto table = std::find_if(
+        std::begin(kFaceTables), std::end(kFaceTables), [&section](const FaceTable& t) {
+            return t.width == section.nodesPerElem || t.quadraticWidth == section.nodesPerElem;
+        });
+    if (table == std::end(kFaceTables) || face < 1 || face > kMostFaces)
+        return false;
+    const std::string_view positions = table->faces[face - 1];
+    // An unused OID gives the first element of the first section, which may have none.
+    if (positions.empty() || location.row >= section.ids.size())
+        return false;
+    const int* const nodes =
+        &section.nodes[location.row * static_cast<std::size_t>(section.nodesPerElem)];
+    std::transform(positions.begin(), positions.end(), out.begin(),
+                   [nodes](char position) { return nodes[position - '0']; });
+    return true;
+}
+
+// Calls `visit(location, times)` for the ids of the run that the map covers, in order. Unused OIDs
+// all have the first element's location; stretches of them come in one call.
+template <class Visit>
+void forEachLocation(const OidMap<ElemLocation>& elemOidMap, const IdRun& run, const Visit& visit) {
+    const std::int64_t step = run.step;
+    const auto size = static_cast<std::int64_t>(elemOidMap.size());
+    const std::int64_t end = std::min(std::int64_t{run.last} + 1, size);
+    std::int64_t id = run.first;
+    if (id < 0)
+        id += (step - 1 - id) / step * step;
+    while (id < end) {
+        const auto oid = static_cast<std::size_t>(id);
+        const std::size_t next = elemOidMap.skipGap(oid, static_cast<std::size_t>(end));
+        const auto gap = static_cast<std::int64_t>(next - oid);
+        const std::int64_t times = std::max<std::int64_t>((gap + step - 1) / step, 1);
+        visit(elemOidMap[oid], static_cast<std::size_t>(times));
+        id += times * step;
+    }
+}
+
+// The digit in second place: S1 and SX1 differ, S1 and S10 do not. 0 for what is no digit.
+int faceOfSurfaceLabel(std::string_view label) {
+    return label.size() > 1 && label[1] >= '0' && label[1] <= '9' ? label[1] - '0' : 0;
+}
+
+/// What a line of a surface names: a value of `elsetIndexMap` and a face number.
+struct SetFace {
+    int set;
+    int face;
+    bool operator<(const SetFace& other) const {
+        return set != other.set ? set < other.set : face < other.face;
+    }
+};
+
+/// The faces of a set of elements. A deck may name them in very many lines; they are looked up for
+/// the first one and copied for the others.
+struct FaceStretch {
+    std::size_t faceNum = 0;
+    std::optional<std::size_t> begin;  // place of the first line's nodes, once they are there
+};
+
+// Calls `visit(named)` for each line that names a known set and a face.
+template <class Visit>
+void forEachSurfaceLine(const std::vector<SurfaceSection>& surfaces,
+                        const std::map<std::string, int>& elsetIndexMap, const Visit& visit) {
+    for (const SurfaceSection& surface : surfaces) {
+        if (surface.type != "ELEMENT")
+            continue;
+        for (std::size_t i = 0; i < surface.items.size(); ++i) {
+            const auto set = elsetIndexMap.find(surface.items[i]);
+            const int face = faceOfSurfaceLabel(surface.faces[i]);
+            if (set != elsetIndexMap.end() && face >= 1 && face <= kMostFaces)
+                visit(SetFace{set->second, face});
+        }
+    }
+}
+
+// Calls `visit(tuple, times)` for the faces named, in the order of the set.
+template <class Visit>
+void forEachFace(const RawModel& raw, const std::vector<ElemList>& elsetElems, const SetFace& named,
+                 const Visit& visit) {
+    FaceTuple tuple;
+    for (const IdRun& run : elemsAt(elsetElems, named.set))
+        forEachLocation(raw.elemOidMap, run, [&](ElemLocation location, std::size_t times) {
+            if (faceNodes(raw.elemSections, location, named.face, tuple))
+                visit(tuple, times);
+        });
+}
+
+// Turns the node OIDs of `faces` into new node IDs and appends a section of them, if there are any.
+// Tuples of an earlier run stand among them and are mapped once more.
+void appendFaceSection(const char* name, const OidMap<int>& nodeOidMap, std::vector<int>& faces,
+                       std::vector<ElemSection>& shellElemSections) {
+    if (faces.empty())
+        return;
+    for (int& node : faces)
+        node = nodeOidMap.find(node);
+    ElemSection section;
+    section.elset = name;
+    section.type = "S4";
+    section.geometryType = GeometryType::kShell;
+    section.nodesPerElem = 4;
+    section.ids.resize(faces.size() / 4);
+    std::iota(section.ids.begin(), section.ids.end(), 0);
+    section.nodes = faces;
+    shellElemSections.push_back(std::move(section));
+}
+
+}  // namespace
+
+bool GetElemFaceNodes(const RawModel& raw, int elemOid, int face, FaceTuple& out) {
+    return raw.elemOidMap.covers(elemOid) &&
+           faceNodes(raw.elemSections, raw.elemOidMap.find(elemOid), face, out);
+}
+
+void AddDloadFaces(const RawModel& raw, std::vector<int>& dloadFaces,
+                   std::vector<ElemSection>& shellElemSections) {
+    FaceTuple tuple;
+    for (const DloadSection& dload : raw.dloads)
+        for (std::size_t i = 0; i < dload.elemIDs.size(); ++i) {
+            const std::string& label = dload.faceIdx[i];
+            if (label.size() == 2 && label[0] == 'P' &&
+                GetElemFaceNodes(raw, dload.elemIDs[i], label[1] - '0', tuple))
+                dloadFaces.insert(dloadFaces.end(), tuple.begin(), tuple.end());
+        }
+    appendFaceSection("Dload_Shell", raw.nodeOidMap, dloadFaces, shellElemSections);
+}
+
+void AddSurfaceFaces(const RawModel& raw, const std::map<std::string, int>& elsetIndexMap,
+                     const std::vector<ElemList>& elsetElems, std::vector<int>& surfaceFaces,
+                     std::vector<ElemSection>& shellElemSections) {
+    // Counted first, since a few lines may ask for more faces than there is memory: nothing is
+    // filled then.
+    std::map<SetFace, FaceStretch> stretches;
+    std::size_t faceNum = surfaceFaces.size() / 4;
+    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](const SetFace& named) {
+        const auto [entry, isNew] = stretches.try_emplace(named);
+        std::size_t& count = entry->second.faceNum;
+        if (isNew)
+            forEachFace(raw, elsetElems, named,
+                        [&count](const FaceTuple&, std::size_t times) { count += times; });
+        faceNum += count;
+        if (faceNum > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+            throw std::length_error("vector<T> too long");
+    });
+    surfaceFaces.reserve(faceNum * 4);
+    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](const SetFace& named) {
+        FaceStretch& stretch = stretches[named];
+        const std::size_t begin = surfaceFaces.size();
+        if (stretch.begin) {
+            surfaceFaces.resize(begin + stretch.faceNum * 4);
+            std::copy_n(surfaceFaces.data() + *stretch.begin, stretch.faceNum * 4,
+                        surfaceFaces.data() + begin);
+        } else {
+            stretch.begin = begin;
+            forEachFace(raw, elsetElems, named, [&](const FaceTuple& tuple, std::size_t times) {
+                for (; times > 0; --times)
+                    surfaceFaces.insert(surfaceFaces.end(), tuple.begin(), tuple.end());
+            });
+        }
+    });
+    appendFaceSection("Surface_Shell", raw.nodeOidMap, surfaceFaces, shellElemSections);
+}
+
+}  // namespace kvocaeio

@@ -1,0 +1,18 @@
+/// How much memory the tables of a model need by themselves.
+#pragma once
+
+#include <cstddef>
+
+#include "abaqus/model.h"
+
+namespace kvocaeio::bench {
+
+/// Bytes of all entries of the raw tables and the OID maps, without what the containers hold in
+/// reserve.
+std::size_t rawTableBytes(const AbaqusModel& model);
+
+/// The same of the tables that the normalisation adds, its largest section once more, since that is
+/// what a section takes while it is made.
+std::size_t sortedTableBytes(const AbaqusModel& model);
+
+}  // namespace kvocaeio::bench

@@ -1,0 +1,241 @@
+/// The report on an Abaqus deck, written as text and as JSON.
+#include "abaqus_report.h"
+
+#include <iomanip>
+#include <sstream>
+#include <utility>
+#include <vector>
+
+#include "text_table.h"
+
+namespace kvocaeio::host {
+
+namespace {
+
+std::string listed(const KindCounts& kinds) {
+    std::string text;
+    for (const auto& [name, elements] : kinds)
+        text += (text.empty() ? "" : ", ") + std::to_string(elements) + " " + name;
+    return text;
+}
+
+std::string quoted(const std::string& name) {
+    return name.empty() ? "(no name)" : printable(name);
+}
+
+std::string point(const std::array<double, 3>& p) {
+    std::ostringstream text;
+    text << "(" << p[0] << ", " << p[1] << ", " << p[2] << ")";
+    return text.str();
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words)
+        text += (text.empty() ? "" : ", ") + word;
+    return text;
+}
+
+Json asJson(const KindCounts& kinds) {
+    Json object = Json::object();
+    for (const auto& [name, elements] : kinds)
+        object[name] = elements;
+    return object;
+}
+
+using Cells = std::vector<std::string>;
+
+/// The right half of a line: `elements` of a section of the mesh.
+Cells meshCells(const NormalisedSummary& section, std::size_t elements, const std::string& how) {
+    std::string part = std::to_string(elements);
+    if (elements != section.elements)
+        part += " of " + std::to_string(section.elements);
+    return {section.list + " " + std::to_string(section.index), quoted(section.elset),
+            std::to_string(section.nodesPerElement), part, how};
+}
+
+Cells sideBySide(Cells left, const Cells& right) {
+    left.emplace_back("|");
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+}  // namespace
+
+std::string AbaqusReport::failure() const {
+    return sortFailure.empty() ? "" : "the deck cannot be normalised: " + sortFailure;
+}
+
+void AbaqusReport::print(std::ostream& out) const {
+    printOverview(out);
+    printSections(out);
+    printLosses(out);
+    out << '\n';
+}
+
+void AbaqusReport::printOverview(std::ostream& out) const {
+    TextTable table("ll");
+    table.add({"nodes", std::to_string(summary.nodes)});
+    if (summary.box)
+        table.add({"bounding box", point(summary.box->low) + " to " + point(summary.box->high)});
+    table.add({"elements", std::to_string(summary.elements) + " in " +
+                               std::to_string(summary.raw.size()) + " sections" +
+                               (summary.kinds.empty() ? "" : ": " + listed(summary.kinds))});
+    for (const ShellThickness& shell : summary.thicknesses) {
+        std::ostringstream thickness;
+        thickness << quoted(shell.elset) << ": thickness " << shell.thickness;
+        table.add({"shell section", thickness.str()});
+    }
+    std::ostringstream time;
+    time << std::setprecision(3) << "import " << importSeconds << " s, normalisation "
+         << normalisationSeconds << " s";
+    table.add({"time taken", time.str()});
+    table.print(out, "  ");
+}
+
+// Left half: the deck's sections; right half: where their elements are in the normalised mesh.
+void AbaqusReport::printSections(std::ostream& out) const {
+    if (summary.raw.empty())
+        return;
+    TextTable table("rllrlllrrl");
+    table.add({"deck", "set", "elements", "nodes", "", "mesh", "set", "nodes", "elements", "how"});
+    std::vector<bool> shown(summary.normalised.size());
+    auto flow = summary.flows.begin();
+    for (std::size_t s = 0; s < summary.raw.size(); ++s) {
+        const RawSummary& raw = summary.raw[s];
+        Cells left = {std::to_string(s), quoted(raw.elset),
+                      std::to_string(raw.elements) + " " + raw.kind,
+                      std::to_string(raw.nodesPerElement)};
+        const auto addLine = [&](const Cells& right) {
+            table.add(sideBySide(std::exchange(left, {"", "", "", ""}), right));
+        };
+        const bool placed = flow != summary.flows.end() && flow->raw == s;
+        for (; flow != summary.flows.end() && flow->raw == s; ++flow) {
+            addLine(
+                meshCells(summary.normalised[flow->normalised], flow->elements, howItCame(*flow)));
+            shown[flow->normalised] = true;
+        }
+        if (raw.leftOut != 0)
+            addLine({"-", "", "", std::to_string(raw.leftOut), "left out: " + raw.reason});
+        else if (!placed)
+            addLine({sortFailure.empty() ? "" : "not normalised"});
+    }
+    for (std::size_t s = 0; s < summary.normalised.size(); ++s) {
+        if (shown[s])
+            continue;
+        const NormalisedSummary& section = summary.normalised[s];
+        const bool faces = section.origin != "elements";
+        table.add(sideBySide({"", "", faces ? section.origin : "", ""},
+                             meshCells(section, section.elements,
+                                       faces ? "faces: " + listed(section.kinds) : "blank rows")));
+    }
+    out << '\n';
+    table.print(out, "  ");
+}
+
+std::string AbaqusReport::howItCame(const Flow& flow) const {
+    const RawSummary& raw = summary.raw[flow.raw];
+    const NormalisedSummary& target = summary.normalised[flow.normalised];
+    std::vector<std::string> words;
+    if (raw.reduced)
+        words.emplace_back("reduced to corners");
+    if (target.merged)
+        words.emplace_back("merged");
+    if (raw.corners < target.nodesPerElement)
+        words.push_back("filled up to " + std::to_string(target.nodesPerElement));
+    if (raw.split)
+        words.emplace_back("split");
+    if (target.repeated != 0)
+        words.push_back(std::to_string(target.repeated) + " repeated");
+    if (target.blank != 0)
+        words.push_back(std::to_string(target.blank) + " blank rows");
+    return joined(words);
+}
+
+void AbaqusReport::printLosses(std::ostream& out) const {
+    TextTable table("ll");
+    if (summary.unknownType != 0)
+        table.add({"left out", std::to_string(summary.unknownType) + " elements of unknown type"});
+    if (summary.otherLeftOut != 0)
+        table.add({"left out", std::to_string(summary.otherLeftOut) + " elements " +
+                                   (summary.nodes == 0 ? "of a deck without nodes"
+                                                       : "that are in no generated set")});
+    if (summary.undefinedNodes != 0)
+        table.add({"no such node", std::to_string(summary.undefinedNodes) +
+                                       " times in elements; the first node stands in"});
+    if (sortFailure.empty())
+        table.add(
+            {"faces", std::to_string(summary.loadFaces) + " from loads, " +
+                          std::to_string(summary.surfaceFaces) +
+                          " from surfaces; the reader does not tell which of them gave none"});
+    if (summary.withoutFaces != 0)
+        table.add({"faceless", std::to_string(summary.withoutFaces) +
+                                   " elements, of which loads and surfaces give no face (pyramids, "
+                                   "triangles, unknown types)"});
+    out << '\n';
+    table.print(out, "  ");
+}
+
+void AbaqusReport::addTo(Json& object) const {
+    object["nodes"] = summary.nodes;
+    object["boundingBox"] = nullptr;
+    if (summary.box)
+        object["boundingBox"] = {{"min", summary.box->low}, {"max", summary.box->high}};
+    object["elements"] = summary.elements;
+    object["elementsByKind"] = asJson(summary.kinds);
+    object["shellSections"] = Json::array();
+    for (const ShellThickness& shell : summary.thicknesses)
+        object["shellSections"].push_back({{"elset", shell.elset}, {"thickness", shell.thickness}});
+    object["sections"] = sectionsAsJson();
+    object["normalised"] = sortFailure.empty() ? meshAsJson() : Json();
+    object["seconds"] = {{"import", importSeconds}, {"normalisation", normalisationSeconds}};
+}
+
+Json AbaqusReport::sectionsAsJson() const {
+    Json sections = Json::array();
+    auto flow = summary.flows.begin();
+    for (std::size_t s = 0; s < summary.raw.size(); ++s) {
+        const RawSummary& raw = summary.raw[s];
+        Json section = {{"elset", raw.elset},
+                        {"kind", raw.kind},
+                        {"nodesPerElement", raw.nodesPerElement},
+                        {"elements", raw.elements}};
+        if (sortFailure.empty()) {
+            section["reduced"] = raw.reduced;
+            section["split"] = raw.split;
+            section["leftOut"] = raw.leftOut;
+            if (raw.leftOut != 0)
+                section["leftOutBecause"] = raw.reason;
+            section["normalisedTo"] = Json::array();
+            for (; flow != summary.flows.end() && flow->raw == s; ++flow) {
+                const NormalisedSummary& target = summary.normalised[flow->normalised];
+                section["normalisedTo"].push_back({{"list", target.list},
+                                                   {"section", target.index},
+                                                   {"elements", flow->elements}});
+            }
+        }
+        sections.push_back(std::move(section));
+    }
+    return sections;
+}
+
+Json AbaqusReport::meshAsJson() const {
+    Json mesh = {{"solid", Json::array()}, {"shell", Json::array()}};
+    for (const NormalisedSummary& section : summary.normalised)
+        mesh[section.list].push_back({{"elset", section.elset},
+                                      {"origin", section.origin},
+                                      {"nodesPerElement", section.nodesPerElement},
+                                      {"elements", section.elements},
+                                      {"elementsByKind", asJson(section.kinds)},
+                                      {"merged", section.merged},
+                                      {"repeated", section.repeated},
+                                      {"blank", section.blank}});
+    mesh["leftOut"] = {{"unknownType", summary.unknownType}, {"other", summary.otherLeftOut}};
+    mesh["undefinedNodes"] = summary.undefinedNodes;
+    mesh["faces"] = {{"loads", summary.loadFaces},
+                     {"surfaces", summary.surfaceFaces},
+                     {"elementsWithout", summary.withoutFaces}};
+    return mesh;
+}
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,31 @@
+/// The report on an Abaqus deck: raw and normalised tables side by side.
+#pragma once
+
+#include <string>
+
+#include "abaqus_summary.h"
+#include "report.h"
+
+namespace kvocaeio::host {
+
+class AbaqusReport final : public Report {
+  public:
+    DeckSummary summary;
+    double importSeconds = 0.0;
+    double normalisationSeconds = 0.0;
+    std::string sortFailure;  ///< why there is no normalised mesh; empty when there is one
+
+    void print(std::ostream& out) const override;
+    void addTo(Json& object) const override;
+    std::string failure() const override;
+
+  private:
+    void printOverview(std::ostream& out) const;
+    void printSections(std::ostream& out) const;
+    void printLosses(std::ostream& out) const;
+    std::string howItCame(const Flow& flow) const;
+    Json sectionsAsJson() const;
+    Json meshAsJson() const;
+};
+
+}  // namespace kvocaeio::host

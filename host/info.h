@@ -1,0 +1,19 @@
+/// The command `kvocaeio info`.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kvocaeio::host {
+
+struct InfoOptions {
+    std::vector<std::string> files;
+    bool json = false;     ///< one JSON document instead of text
+    bool verbose = false;  ///< the library's progress lines go to standard error, else nowhere
+};
+
+/// Writes a report of each file to standard output and a message on each failure to standard error.
+/// True when nothing failed.
+bool runInfo(const InfoOptions& options);
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,44 @@
+/// The host's platform calls on Linux and its kin.
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform.h"
+
+namespace kvocaeio::host {
+
+void holdStandardStreams() {
+    // Opened for reading, so that a report on a closed standard output is noticed as not written.
+    int descriptor = ::open("/dev/null", O_RDONLY);
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO)
+        descriptor = ::open("/dev/null", O_RDONLY);
+    if (descriptor >= 0)
+        ::close(descriptor);
+}
+
+bool isFolder(const char* path) {
+    struct stat status {};
+    return ::stat(path, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+int redirectStandardOutput(PrintTarget target) {
+    std::fflush(stdout);
+    const int saved = ::dup(STDOUT_FILENO);
+    if (target == PrintTarget::kStandardError) {
+        ::dup2(STDERR_FILENO, STDOUT_FILENO);
+        return saved;
+    }
+    const int null = ::open("/dev/null", O_WRONLY);
+    ::dup2(null, STDOUT_FILENO);
+    ::close(null);
+    return saved;
+}
+
+void restoreStandardOutput(int token) {
+    std::fflush(stdout);
+    ::dup2(token, STDOUT_FILENO);
+    ::close(token);
+}
+
+}  // namespace kvocaeio::host

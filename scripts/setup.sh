@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Installs what is missing of the programs and libraries that the project needs (Debian, Ubuntu).
+#
+# usage: scripts/setup.sh [build | test | fuzz | bench]...
+#   build  what the Linux build needs
+#   test   and what scripts/test.sh needs: clang, mingw-w64, Wine, a locale with a decimal comma
+#   fuzz   clang with libFuzzer
+#   bench  Google Benchmark
+# Without a word: all of them.
+set -euo pipefail
+
+[ $# -gt 0 ] || set -- build test fuzz bench
+
+packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev)
+locales=()
+for part in "$@"; do
+    case $part in
+        build) ;;
+        test)
+            packages+=(clang clang-format clang-tidy googletest locales
+                g++-mingw-w64-x86-64-posix wine64)
+            locales+=(de_DE)
+            ;;
+        fuzz) packages+=(clang libclang-rt-14-dev) ;;
+        bench) packages+=(libbenchmark-dev) ;;
+        *)
+            echo "setup.sh: unknown part '$part'" >&2
+            exit 2
+            ;;
+    esac
+done
+
+asRoot() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+isInstalled() {
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+missing=()
+for package in "${packages[@]}"; do
+    isInstalled "$package" || missing+=("$package")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    echo "Installing: ${missing[*]}"
+    asRoot apt-get update -qq
+    asRoot env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
+
+for locale in "${locales[@]}"; do
+    if ! locale -a | grep -qix "$locale.utf-\?8"; then
+        asRoot localedef -i "$locale" -f UTF-8 "$locale.UTF-8"
+    fi
+done
