@@ -59,8 +59,8 @@ bool LineReader::nextAcrossBlocks() {
     }
 }
 
-// Reads one more block behind what is still needed: the line taken last and the bytes not taken yet.
-// False when the file has ended.
+// Reads one more block behind what is still needed: the line taken last and the bytes not taken
+// yet. False when the file has ended.
 bool LineReader::fill() {
     char* const start = buffer_.data();
     const auto kept = static_cast<std::size_t>(end_ - line_);
@@ -88,8 +88,8 @@ bool LineReader::fill() {
     return true;
 }
 
-// Turns CR LF into LF in place and ends the file at 0x1A. Gives the new end; a CR at the very end is
-// left behind it and held.
+// Turns CR LF into LF in place and ends the file at 0x1A. Gives the new end; a CR at the very end
+// is left behind it and held.
 char* LineReader::translateText(char* first, char* last) {
     const auto size = static_cast<std::size_t>(last - first);
     heldCr_ = false;

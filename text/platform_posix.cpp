@@ -1,8 +1,7 @@
 /// What the library asks of a POSIX system.
-#include <unistd.h>
-
 #include <exception>
 #include <string>
+#include <unistd.h>
 
 #include "text/file.h"
 #include "text/platform.h"
@@ -40,9 +39,13 @@ bool appendUtf8(std::string& text, char32_t code) {
 const char kPathSeparator = '/';
 const std::string_view kPathSeparators = "/";
 
-std::size_t driveLength(std::string_view) noexcept { return 0; }
+std::size_t driveLength(std::string_view) noexcept {
+    return 0;
+}
 
-bool isReadableAndWritable(const char* path) noexcept { return access(path, R_OK | W_OK) == 0; }
+bool isReadableAndWritable(const char* path) noexcept {
+    return access(path, R_OK | W_OK) == 0;
+}
 
 File openFile(const wchar_t* path, const char* mode) noexcept {
     if (path == nullptr)

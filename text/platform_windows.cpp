@@ -1,9 +1,8 @@
 /// What the library asks of Windows.
-#include <io.h>
-#include <wchar.h>
-
 #include <exception>
+#include <io.h>
 #include <string>
+#include <wchar.h>
 
 #include "text/file.h"
 #include "text/platform.h"
@@ -17,7 +16,9 @@ std::size_t driveLength(std::string_view path) noexcept {
     return path.size() >= 2 && path[1] == ':' ? 2 : 0;
 }
 
-bool isReadableAndWritable(const char* path) noexcept { return _access(path, 6) == 0; }
+bool isReadableAndWritable(const char* path) noexcept {
+    return _access(path, 6) == 0;
+}
 
 File openFile(const wchar_t* path, const char* mode) noexcept {
     if (path == nullptr)

@@ -1,6 +1,4 @@
 /// Fuzz target: any bytes as a deck, imported, walked, sorted and walked again.
-#include <kvocaeio/abaqus.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -9,6 +7,7 @@
 #include <string_view>
 
 #include "support/files.h"
+#include <kvocaeio/abaqus.h>
 
 namespace {
 
@@ -62,8 +61,8 @@ void walkSortedTables(CKVOAbaqusReader& reader) {
         walkElements(reader, section);
 }
 
-// Whether a generated set could name more elements than a fuzzer should be made to hold: its rows are
-// real memory, by design.
+// Whether a generated set could name more elements than a fuzzer should be made to hold: its rows
+// are real memory, by design.
 bool mayReachFar(std::string_view deck) {
     constexpr std::size_t kDigitsOfSmallNumbers = 5;
     std::size_t digits = 0;

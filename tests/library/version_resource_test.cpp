@@ -1,10 +1,8 @@
 /// The version that Windows shows for the DLL.
-#include <windows.h>
-
 #include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
+#include <windows.h>
 
 #include <kvocaeio/abaqus.h>
 
@@ -23,7 +21,8 @@ TEST(VersionResource, NamesTheVersionOfTheHeaders) {
     EXPECT_EQ(numbers->dwFileVersionMS, DWORD{1});  // 0.1
     EXPECT_EQ(numbers->dwFileVersionLS, DWORD{0});  // .0.0
 
-    ASSERT_TRUE(VerQueryValueA(block.data(), "\\StringFileInfo\\040904B0\\FileVersion", &found, &size));
+    ASSERT_TRUE(
+        VerQueryValueA(block.data(), "\\StringFileInfo\\040904B0\\FileVersion", &found, &size));
     EXPECT_STREQ(static_cast<const char*>(found), "0.1.0");
 }
 
