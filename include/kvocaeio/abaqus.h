@@ -96,9 +96,10 @@ class KVOCAEIO_API CKVOAbaqusReader {
     /// Derives the normalised tables from the raw ones, which stay as they are. Does nothing when
     /// the deck has no nodes or no element sections. Throws `std::length_error` ("vector<T> too
     /// long") where a lone section is to be split by a generated set that ends more than one before
-    /// it starts, and `std::bad_alloc` when memory runs out; the reader can still be walked, sorted
-    /// again and destroyed then. Meant to be called once: a second call lists the faces of loads
-    /// and surfaces a second time.
+    /// it starts, and where such sets or the surfaces ask for more elements than int counts;
+    /// `std::bad_alloc` when memory runs out. The reader can still be walked, sorted again and
+    /// destroyed then. Meant to be called once: a second call lists the faces of loads and surfaces
+    /// a second time.
     void SortData();
 
     /// Number of nodes.
@@ -130,7 +131,8 @@ class KVOCAEIO_API CKVOAbaqusReader {
     /// first node OID, that one alone, through `out->nodes`, which the caller has pointed at an
     /// int. An OID up to the largest of the deck that no element has gives the first element of the
     /// first section. An element without nodes (of unknown type): true, nothing written through
-    /// `out->nodes`. False for an OID outside 0 to the largest: `out` untouched.
+    /// `out->nodes`. False for a negative OID, one above the largest, or without nodes and elements
+    /// imported: `out` untouched.
     bool GetElemNodesByOID(int oid, ElemData* out);
 
     /// Number of `*SHELL SECTION` blocks.
