@@ -66,7 +66,7 @@ class Generator {
             add(kUnknown);
         elementNames_ = shape < 3 ? std::vector<std::string>{oneOf(kNames)} : kNames;
         if (shape > 5)
-            elementNames_.push_back("A B");
+            elementNames_.emplace_back("A B");
     }
 
     void chunk() {
