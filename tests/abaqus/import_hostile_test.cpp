@@ -9,7 +9,7 @@
 #include <string>
 #include <thread>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/imported_deck.h"
 
 namespace kvocaeio::test {
 namespace {

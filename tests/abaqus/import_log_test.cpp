@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/imported_deck.h"
 
 namespace kvocaeio::test {
 namespace {

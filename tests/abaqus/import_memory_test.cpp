@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/imported_deck.h"
 
 #if !defined(_WIN32)
 #include <sys/resource.h>

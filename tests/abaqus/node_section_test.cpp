@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/imported_deck.h"
 
 namespace kvocaeio::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/imported_deck.h"
 
 namespace kvocaeio::test {
 namespace {

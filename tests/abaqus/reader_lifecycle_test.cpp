@@ -6,7 +6,7 @@
 #include <new>
 #include <string>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/imported_deck.h"
 
 namespace kvocaeio::test {
 namespace {

@@ -1,5 +1,5 @@
 /// Imports of small decks, and what the public walks give after them.
-#include "abaqus/deck_import.h"
+#include "abaqus/imported_deck.h"
 
 #include <algorithm>
 
