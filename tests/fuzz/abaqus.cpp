@@ -27,7 +27,7 @@ void walkRawTables(CKVOAbaqusReader& reader) {
             int first = 0;
             CKVOAbaqusReader::ElemData element{};
             element.nodes = &first;
-            seen = reader.GetElemNodesByOID(id, &element) + first;
+            seen = reader.GetElemNodesByOID(id, &element) ? first : 0;
             for (int k = 0; k < section.nodesPerElem; ++k) {
                 double coord[3] = {};
                 CKVOAbaqusReader::NodeData found{};
