@@ -35,6 +35,17 @@ void LineReader::rewind() {
     heldCr_ = holdsNul_ = atEnd_ = false;
 }
 
+// Passes over all lines before the one that `place` stands in; over all complete ones where it is
+// the end of the block.
+void LineReader::passOver(const char* place) {
+    const char* start = place;
+    while (start != position_ && start[-1] != '\n')
+        --start;
+    const auto ahead = static_cast<std::size_t>(place - start);
+    line_ = position_ = start + ahead / maxLength_ * maxLength_;
+    length_ = 0;
+}
+
 void LineReader::cutAtNul() {
     if (const void* nul = std::memchr(line_, '\0', length_))
         length_ = static_cast<std::size_t>(static_cast<const char*>(nul) - line_);

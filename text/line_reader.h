@@ -34,6 +34,22 @@ class LineReader {
         return true;
     }
 
+    /// Takes the next line in which `find` finds something, without a look at the line ends before
+    /// it. `find(first, last)` gives the first place that it seeks in a text without regard to
+    /// lines, or `last`. False where no further line has it.
+    template <class Find>
+    bool nextWith(const Find& find) {
+        for (;;) {
+            passOver(find(position_, end_));
+            if (!next())
+                return false;
+            // What was found may be cut by the line's bound or stand behind a NUL, and what was cut
+            // by the end of the block may be complete now.
+            if (find(line_, line_ + length_) != line_ + length_)
+                return true;
+        }
+    }
+
     /// The line taken last, with its LF where it has one, up to its first NUL: what the C library's
     /// string functions would see of it. Valid until the next call of `next()`.
     std::string_view line() const { return {line_, length_}; }
@@ -56,6 +72,7 @@ class LineReader {
         if (holdsNul_)
             cutAtNul();
     }
+    void passOver(const char* place);
     void cutAtNul();
     bool nextAcrossBlocks();
     bool fill();

@@ -1,0 +1,64 @@
+/// One geometry block of a 3DI file, and the body that comes of it.
+#pragma once
+
+#include <string>
+
+#include "package/model.h"
+
+namespace kvocaeio {
+
+/// Indexes of the table entries that tell which blocks are bodies.
+struct BodyKinds {
+    int symbol;
+    int ball;  ///< -1 without such an entry: then a block without an "OBJECT" line is a ball
+    int outline;
+    int cap;  ///< -1 without such an entry: then a block without a "LAYER" line is the cap
+};
+
+struct Range {
+    double min;
+    double max;
+
+    void widen(double value) {
+        if (value <= min)
+            min = value;
+        if (value >= max)
+            max = value;
+    }
+    double middle() const { return (min + max) * 0.5; }
+    double extent() const { return max - min; }
+};
+
+/// What is known of the block in hand, in the file's units.
+struct GeometryBlock {
+    std::string name;
+    int objectId = -1;
+    int layerId = -1;
+    int colorId = -1;
+    Range x{};
+    Range y{};
+    Range z{};
+
+    /// Starts anew. The ball is kept from block to block.
+    void reset(double startOfMaxima);
+
+    /// Takes the ball of a "BARL" line. Its z is lowered by the height of the spherical cap whose
+    /// base has the radius h, and becomes not a number where h is above the ball's radius.
+    void setBall(double centerX, double centerY, double uncorrectedZ, double radius, double h);
+
+    double ballX = 0.0;
+    double ballY = 0.0;
+    double ballZ = 0.0;
+    double ballRadius = 0.0;
+};
+
+/// Whether a body can come of a block with this object and layer.
+bool isWanted(const GeometryBlock& block, const BodyKinds& kinds);
+
+/// Turns a block into a body in millimetres. False where none comes of it: `record` keeps its
+/// numbers then. What no rule sets in `record` keeps what the body before has left there. Throws
+/// the error of `throwBadSubscript` where a table has no entry for the block's colour or name.
+bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds,
+                 const CKVOCadenceReaderImp& model, ComponentRecord& record);
+
+}  // namespace kvocaeio

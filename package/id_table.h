@@ -1,0 +1,47 @@
+/// A table of a 3DI file: entries by id, with empty ones for the ids that the file leaves out.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <utility>
+
+#include "package/chunked_list.h"
+
+namespace kvocaeio {
+
+/// Ids run from 0 up to this one, which is none any more.
+inline constexpr int kTableCapacity = 16'777'216;
+
+/// The memory is that of the rows which are really there, however large their ids.
+template <class T>
+class IdTable {
+  public:
+    std::size_t size() const { return size_; }
+    void resize(std::size_t size) { size_ = size; }
+
+    /// Sets the entry of `id`. The table's size is the caller's affair.
+    void set(int id, T value) { rows_.insert_or_assign(rows_.end(), id, std::move(value)); }
+
+    void clear() {
+        rows_.clear();
+        size_ = 0;
+    }
+
+    /// The entry of `id`; throws the error of `throwBadSubscript` for an id outside the table.
+    const T& at(int id) const {
+        if (id < 0 || static_cast<std::size_t>(id) >= size_)
+            throwBadSubscript();
+        const auto row = rows_.find(id);
+        return row == rows_.end() ? absent_ : row->second;
+    }
+
+    /// The rows that are there, by ascending id.
+    const std::map<int, T>& rows() const { return rows_; }
+
+  private:
+    std::map<int, T> rows_;
+    std::size_t size_ = 0;
+    T absent_{};
+};
+
+}  // namespace kvocaeio

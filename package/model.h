@@ -1,0 +1,83 @@
+/// The model of one chip package: bodies, wires, and the tables and paths behind them.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "package/chunked_list.h"
+#include "package/id_table.h"
+#include "package/input_file.h"
+
+namespace kvocaeio {
+
+enum class ComponentType : int {
+    kNone = 0,
+    kSubstrate = 1,
+    kDie = 2,
+    kInterposer = 3,
+    kSpacer = 4,
+    kBall = 5,
+    kCap = 6,
+};
+
+/// One body.
+struct ComponentRecord {
+    ComponentType type = ComponentType::kNone;
+    std::string name;
+    std::array<double, 3> center{};  ///< millimetres
+    std::array<double, 5> size{};  ///< x, y, z; of a ball the diameter alone; two that nobody sets
+    unsigned color = 0;            ///< packed, first colour value in the lowest byte
+};
+
+/// The paths of the extraction tool and its files, in one form, narrow or wide.
+template <class String>
+struct ToolPaths {
+    String exe;
+    String temp;
+    std::array<String, 3> commandFiles;
+    std::array<String, 3> dataFiles;
+};
+
+/// The object behind `CKVOCadenceReader`. A list that is absent (null) and an empty one are two
+/// states: a list comes into being when an import first needs it.
+class CKVOCadenceReaderImp {
+  public:
+    /// Reads a 3DI file in seven passes. Each of them opens the file anew and gives false where
+    /// that fails; the first that gives false ends the import.
+    bool Import3DI(InputFile& file);
+    bool ReadUnits(InputFile& file);
+    bool ReadColorTable(InputFile& file);
+    /// `word`: "OBJECT" or "LAYER"; false for any other.
+    bool ReadNameTable(InputFile& file, std::string_view word);
+    /// False, too, where a table entry is missing that it needs. Throws the error of
+    /// `throwBadSubscript` for a body without a colour or name.
+    bool ReadGeometries(InputFile& file);
+    bool ReadWireModels(InputFile& file);
+    bool ReadWires(InputFile& file);
+
+    /// Index of the first entry equal to `key`, in any case, in `layerNames` (`table` 1) or
+    /// `objectNames` (any other); -1 without one.
+    int FindTableEntry(int table, std::string_view key) const;
+
+    double unitScale = 1.0;  ///< the file's length unit in millimetres
+    int wireCount = 0;
+    int wireProfileMax = 0;  ///< highest profile number that any wire names
+    std::unique_ptr<ChunkedList<double>> wirePoints;  ///< x, y, z per point, wire after wire
+    std::unique_ptr<ChunkedList<int>>
+        wireFirstPoint;                             ///< per wire: a point's index, not a double's
+    std::unique_ptr<ChunkedList<int>> wireProfile;  ///< per wire: counted from 1
+    std::unique_ptr<ChunkedList<std::string>> wireProfileNames;
+    std::unique_ptr<ChunkedList<double>> wireDiameter;  ///< per wire
+    std::unique_ptr<ChunkedList<int>> wireColorId;      ///< per wire: an id of `colorTable`
+    std::unique_ptr<IdTable<unsigned>> colorTable;      ///< packed colours
+    std::string profileNameBuffer;  ///< keeps the name that the host was given last
+    ToolPaths<std::string> paths;
+    ToolPaths<std::wstring> pathsW;
+    std::unique_ptr<ChunkedList<ComponentRecord>> components;
+    std::unique_ptr<IdTable<std::string>> objectNames;
+    std::unique_ptr<IdTable<std::string>> layerNames;
+};
+
+}  // namespace kvocaeio

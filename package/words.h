@@ -1,0 +1,117 @@
+/// Words of a 3DI file, which may be written in any case: sought in lines, compared with keywords.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <string_view>
+
+#include "text/ascii.h"
+
+namespace kvocaeio {
+
+/// Whether `text` is `upper`, which is given in upper case, in any case.
+constexpr bool equalsInAnyCase(std::string_view text, std::string_view upper) {
+    return std::ranges::equal(text, upper, [](char a, char b) { return text::toUpper(a) == b; });
+}
+
+/// A keyword, given in upper case, of two characters at least.
+class Word {
+  public:
+    constexpr explicit Word(std::string_view upper) : upper_(upper) {}
+
+    /// First place between `first` and `last` where the word stands in any case; `last` without
+    /// one.
+    const char* operator()(const char* first, const char* last) const {
+        const auto length = static_cast<std::ptrdiff_t>(upper_.size());
+        if (last - first < length)
+            return last;
+        const char* const end = last - length + 1;
+        const char* place = first;
+        for (; end - place >= kStride; place += kStride)
+            if (mayStartIn(place))
+                if (const char* found = findStart(place, place + kStride); found != place + kStride)
+                    return found;
+        place = findStart(place, end);
+        return place == end ? last : place;
+    }
+
+    /// Whether the line holds the word anywhere, as a part of another word, too.
+    bool isHeldBy(std::string_view line) const {
+        const char* const last = line.data() + line.size();
+        return (*this)(line.data(), last) != last;
+    }
+
+    /// Whether a word scanned from a line stands for this one: it may be any front part of it.
+    bool isMatchedBy(std::string_view scanned) const {
+        return scanned.size() <= upper_.size() &&
+               equalsInAnyCase(scanned, upper_.substr(0, scanned.size()));
+    }
+
+  private:
+    static constexpr std::ptrdiff_t kStride = 32;
+
+    // Brings both cases of a letter to the same value, and other characters together that only the
+    // exact comparison tells apart.
+    static constexpr unsigned char blur(char c) {
+        return static_cast<unsigned char>(static_cast<unsigned char>(c) | 0x20U);
+    }
+
+    // Whether the word's first two characters may stand together somewhere in the stride. The loop
+    // has no way out, so that compilers turn it into vector instructions.
+    bool mayStartIn(const char* stride) const {
+        const unsigned char first = blur(upper_[0]);
+        const unsigned char second = blur(upper_[1]);
+        unsigned char any = 0;
+        for (std::ptrdiff_t i = 0; i < kStride; ++i)
+            any = static_cast<unsigned char>(
+                any | static_cast<unsigned char>(static_cast<int>(blur(stride[i]) == first) &
+                                                 static_cast<int>(blur(stride[i + 1]) == second)));
+        return any != 0;
+    }
+
+    const char* findStart(const char* first, const char* end) const {
+        return std::find_if(first, end, [&](const char& start) {
+            return text::toUpper(start) == upper_[0] &&
+                   equalsInAnyCase({&start, upper_.size()}, upper_);
+        });
+    }
+
+    std::string_view upper_;
+};
+
+/// Keywords in the order in which a line is tested for them.
+template <std::size_t kCount>
+class WordList {
+  public:
+    constexpr explicit WordList(const std::array<std::string_view, kCount>& words) : words_(words) {
+        static_assert(kCount <= 32);
+        for (std::size_t letter = 0; letter < byLetter_.size(); ++letter)
+            for (std::size_t i = 0; i < kCount; ++i)
+                if (text::toUpper(static_cast<char>(letter)) == words[i][1])
+                    byLetter_[letter] |= 1U << i;
+    }
+
+    /// Index of the first word of the list that the line holds; the list's length where it holds
+    /// none. One walk along the line serves all words. It goes by their second characters, since a
+    /// first one may be a digit, and lines are full of digits.
+    std::size_t firstHeldBy(std::string_view line) const {
+        std::size_t found = kCount;
+        for (std::size_t i = 1; i < line.size(); ++i)
+            for (unsigned words = byLetter_[static_cast<unsigned char>(line[i])]; words != 0;
+                 words &= words - 1) {
+                const auto word = static_cast<std::size_t>(std::countr_zero(words));
+                if (word < found &&
+                    equalsInAnyCase(line.substr(i - 1, words_[word].size()), words_[word]))
+                    found = word;
+            }
+        return found;
+    }
+
+  private:
+    std::array<std::string_view, kCount> words_;
+    std::array<unsigned, 256> byLetter_{};
+};
+
+}  // namespace kvocaeio
