@@ -208,6 +208,8 @@ void GeometryPass<Observer>::readPolygonRow() {
         return;
     std::array<double, kNumbersPerRow> numbers;
     const int count = scanNumbers(lines_.line(), numbers);
+    if (count <= 0 || count % 2 != 0)
+        lines_.note(text::Finding::kPassedOver, "the line is no row of a polygon");
     if (count % 2 == 0 && pointsRead_ < pointsExpected_) {
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); i += 2) {
             block_.x.widen(numbers[i]);
@@ -217,8 +219,6 @@ void GeometryPass<Observer>::readPolygonRow() {
     } else if (pointsRead_ > pointsExpected_) {
         lines_.note(text::Finding::kPassedOver, "the polygon has more points than it says");
         state_ = State::kSeeking;
-    } else {
-        lines_.note(text::Finding::kPassedOver, "the line is no row of the polygon");
     }
     if (pointsRead_ == pointsExpected_)
         finish();

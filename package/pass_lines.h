@@ -27,20 +27,22 @@ class PassLines {
     /// Takes the next line. False at the end of the file.
     bool next() {
         if constexpr (Observer::kListens) {
-            if (reader_.endsLine())
+            const bool wholeBefore = reader_.endsLine();
+            if (!reader_.next())
+                return false;
+            if (wholeBefore)
                 ++number_;
-        }
-        const bool found = reader_.next();
-        if constexpr (Observer::kListens) {
-            if (found && line().size() + 1 == kPackageLineBound && !reader_.endsLine())
+            if (line().size() + 1 == kPackageLineBound && !reader_.endsLine())
                 note(text::Finding::kCut, "the line is too long");
+            return true;
+        } else {
+            return reader_.next();
         }
-        return found;
     }
 
     /// Takes the next line that holds `word`, past all that don't.
     bool nextHolding(const Word& word) {
-        if constexpr (Observer::kListens) {
+        if constexpr (Observer::kListens) {  // no line may go by uncounted
             while (next())
                 if (word.isHeldBy(line()))
                     return true;

@@ -199,6 +199,8 @@ void WirePass<Observer>::readPolylineRow() {
     const int count = scanNumbers(lines_.line(), numbers);
     const int perPoint = static_cast<int>(kNumbersPerPoint);
     if (count % perPoint == 0 && pointsRead_ < pointsExpected_) {
+        if (count == 0)
+            lines_.note(text::Finding::kPassedOver, "the line is no row of a polyline");
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
             model_.wirePoints->append(numbers[i] * model_.unitScale);
         pointsRead_ += count / perPoint;

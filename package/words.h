@@ -81,37 +81,58 @@ class Word {
     std::string_view upper_;
 };
 
-/// Keywords in the order in which a line is tested for them.
+/// Keywords in the order in which a line is tested for them. The second character of each is a
+/// letter or "#".
 template <std::size_t kCount>
 class WordList {
   public:
     constexpr explicit WordList(const std::array<std::string_view, kCount>& words) : words_(words) {
         static_assert(kCount <= 32);
-        for (std::size_t letter = 0; letter < byLetter_.size(); ++letter)
-            for (std::size_t i = 0; i < kCount; ++i)
-                if (text::toUpper(static_cast<char>(letter)) == words[i][1])
-                    byLetter_[letter] |= 1U << i;
+        for (std::size_t c = 0; c < withFirst_.size(); ++c)
+            for (std::size_t i = 0; i < kCount; ++i) {
+                const char upper = text::toUpper(static_cast<char>(c));
+                withFirst_[c] |= static_cast<unsigned>(upper == words[i][0]) << i;
+                withSecond_[c] |= static_cast<unsigned>(upper == words[i][1]) << i;
+            }
     }
 
     /// Index of the first word of the list that the line holds; the list's length where it holds
-    /// none. One walk along the line serves all words. It goes by their second characters, since a
-    /// first one may be a digit, and lines are full of digits.
+    /// none. One walk along the line serves all words.
     std::size_t firstHeldBy(std::string_view line) const {
         std::size_t found = kCount;
-        for (std::size_t i = 1; i < line.size(); ++i)
-            for (unsigned words = byLetter_[static_cast<unsigned char>(line[i])]; words != 0;
-                 words &= words - 1) {
+        std::size_t i = 0;
+        while (line.size() - i > kStride && !mayHoldSecond(line.data() + i + 1))
+            i += kStride;
+        unsigned begun = 0;  // the words, by bits, whose first character stands before `i`
+        for (; i < line.size(); ++i) {
+            const auto c = static_cast<unsigned char>(line[i]);
+            for (unsigned words = begun & withSecond_[c]; words != 0; words &= words - 1) {
                 const auto word = static_cast<std::size_t>(std::countr_zero(words));
                 if (word < found &&
                     equalsInAnyCase(line.substr(i - 1, words_[word].size()), words_[word]))
                     found = word;
             }
+            begun = withFirst_[c];
+        }
         return found;
     }
 
   private:
+    static constexpr std::size_t kStride = 32;
+
+    // Rows of numbers are passed over quickly.
+    static bool mayHoldSecond(const char* stride) {
+        unsigned char any = 0;
+        for (std::size_t i = 0; i < kStride; ++i) {
+            const auto c = static_cast<unsigned char>(stride[i]);
+            any = static_cast<unsigned char>(any | (c & 0x40U) | static_cast<unsigned>(c == '#'));
+        }
+        return any != 0;
+    }
+
     std::array<std::string_view, kCount> words_;
-    std::array<unsigned, 256> byLetter_{};
+    std::array<unsigned, 256> withFirst_{};   // words by bits
+    std::array<unsigned, 256> withSecond_{};  // likewise
 };
 
 }  // namespace kvocaeio

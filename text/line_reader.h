@@ -35,19 +35,18 @@ class LineReader {
     }
 
     /// Takes the next line in which `find` finds something, without a look at the line ends before
-    /// it. `find(first, last)` gives the first place that it seeks in a text without regard to
-    /// lines, or `last`. False where no further line has it.
+    /// it. `find(first, last)` gives the first place that it seeks in a text, or `last`. False
+    /// where no further line has it.
     template <class Find>
     bool nextWith(const Find& find) {
-        for (;;) {
-            passOver(find(position_, end_));
-            if (!next())
-                return false;
-            // What was found may be cut by the line's bound or stand behind a NUL, and what was cut
-            // by the end of the block may be complete now.
+        while (next()) {
             if (find(line_, line_ + length_) != line_ + length_)
                 return true;
+            // What is found here may be cut by a line's bound or stand behind a NUL, and the end of
+            // the block may cut what is complete in the file: the line decides.
+            passOver(find(position_, end_));
         }
+        return false;
     }
 
     /// The line taken last, with its LF where it has one, up to its first NUL: what the C library's

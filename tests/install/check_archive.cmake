@@ -9,6 +9,7 @@ execute_process(COMMAND ${CPACK} --config ${BUILD}/CPackConfig.cmake -C ${CONFIG
 string(TOLOWER ${CONFIG} config)
 set(expected
     include/kvocaeio/abaqus.h
+    include/kvocaeio/package.h
     include/kvocaeio/export.h
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfigVersion.cmake
