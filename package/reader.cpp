@@ -110,8 +110,11 @@ void CKVOCadenceReader::CleanMemory() {
 }
 
 CKVOCadenceReaderImp* CKVOCadenceReader::GetImp() {
-    if (imp == nullptr)
-        imp = new (std::nothrow) CKVOCadenceReaderImp;
+    try {
+        if (imp == nullptr)
+            imp = new CKVOCadenceReaderImp;
+    } catch (const std::bad_alloc&) {
+    }
     return imp;
 }
 
