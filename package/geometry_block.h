@@ -15,7 +15,7 @@ struct BodyKinds {
     int cap;  ///< -1 without such an entry: then a block without a "LAYER" line is the cap
 };
 
-struct Range {
+struct AxisRange {
     double min;
     double max;
 
@@ -35,9 +35,9 @@ struct GeometryBlock {
     int objectId = -1;
     int layerId = -1;
     int colorId = -1;
-    Range x{};
-    Range y{};
-    Range z{};
+    AxisRange x{};
+    AxisRange y{};
+    AxisRange z{};
 
     /// Starts anew. The ball is kept from block to block.
     void reset(double startOfMaxima);

@@ -153,7 +153,7 @@ void GeometryPass<Observer>::readHeadLine() {
             break;
         case HeadLine::kExtrusion: {
             int dropped = 0;
-            Range z{};
+            AxisRange z{};
             if (scan.word(word) && scan.integer(dropped) && scan.real(z.min) && scan.real(z.max))
                 block_.z = z;
             else

@@ -64,10 +64,9 @@ class CKVOCadenceReaderImp {
     double unitScale = 1.0;  ///< the file's length unit in millimetres
     int wireCount = 0;
     int wireProfileMax = 0;  ///< highest profile number that any wire names
-    std::unique_ptr<ChunkedList<double>> wirePoints;  ///< x, y, z per point, wire after wire
-    std::unique_ptr<ChunkedList<int>>
-        wireFirstPoint;                             ///< per wire: a point's index, not a double's
-    std::unique_ptr<ChunkedList<int>> wireProfile;  ///< per wire: counted from 1
+    std::unique_ptr<ChunkedList<double>> wirePoints;   ///< x, y, z per point, wire after wire
+    std::unique_ptr<ChunkedList<int>> wireFirstPoint;  ///< per wire, in points
+    std::unique_ptr<ChunkedList<int>> wireProfile;     ///< per wire, counted from 1
     std::unique_ptr<ChunkedList<std::string>> wireProfileNames;
     std::unique_ptr<ChunkedList<double>> wireDiameter;  ///< per wire
     std::unique_ptr<ChunkedList<int>> wireColorId;      ///< per wire: an id of `colorTable`

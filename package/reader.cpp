@@ -81,11 +81,10 @@ bool getWire(const CKVOCadenceReaderImp* model, WireForm form, int wire,
         for (long long i = 3 * point; i < 3 * point + 3; ++i)
             points.push_back(numbers.at(i));
     };
-    for (long long point = first; point < end; ++point) {
-        if (form == WireForm::kSegments && point + 1 == end)
-            break;
+    const bool segments = form == WireForm::kSegments;
+    for (long long point = first; point < (segments ? end - 1 : end); ++point) {
         append(point);
-        if (form == WireForm::kSegments)
+        if (segments)
             append(point + 1);
     }
     profile = entryOf(model->wireProfile, wire);
@@ -171,7 +170,7 @@ bool CKVOCadenceReader::GetWireProfileData(int profile, const char*& name, doubl
         ++wire;
     if (wire == profiles.size())
         return false;
-    diameter = (*model->wireDiameter)[wire];
+    diameter = entryOf(model->wireDiameter, static_cast<long long>(wire));
     // The colour is that of the wire whose index is the profile's number, whatever its own profile.
     color = model->colorTable->at(entryOf(model->wireColorId, profile));
     return true;
