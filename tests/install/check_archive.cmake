@@ -9,8 +9,9 @@ execute_process(COMMAND ${CPACK} --config ${BUILD}/CPackConfig.cmake -C ${CONFIG
 string(TOLOWER ${CONFIG} config)
 set(expected
     include/kvocaeio/abaqus.h
-    include/kvocaeio/package.h
     include/kvocaeio/export.h
+    include/kvocaeio/nastran.h
+    include/kvocaeio/package.h
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfigVersion.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig-${config}.cmake
