@@ -152,7 +152,7 @@ class KVOCAEIO_API CPatranReader {
     bool GetElement(int index, int& type, int& property, int* const nodes);
 
     /// Copies the coordinates of the first `count` nodes, at the most `GetNodeCout()`.
-    void GetVertex(float (*vertices)[3], int count);
+    void GetVertex(float (*coordinates)[3], int count);
     /// Copies the shape codes of the first `count` elements, at the most `GetElemCount()`.
     void GetElemType(int* types, int count);
     /// Copies the node indices of the first `count` elements, at the most `GetElemCount()`.
