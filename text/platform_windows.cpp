@@ -4,8 +4,6 @@
 #include <string>
 #include <wchar.h>
 
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <windows.h>
 
 #include "text/file.h"
