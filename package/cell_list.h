@@ -22,8 +22,11 @@ class CellList {
 
     /// Appends a cell of at most a line's length.
     void append(std::string_view cell) {
-        if (size() == chunks_.size() * kChunkLength)
+        if (size() == chunks_.size() * kChunkLength) {
+            if (!chunks_.empty())
+                chunks_.back().text.shrink_to_fit();
             chunks_.emplace_back();
+        }
         Chunk& chunk = chunks_.back();
         chunk.ends.reserve(kChunkLength);
         chunk.text.append(cell);

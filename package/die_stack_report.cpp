@@ -47,7 +47,7 @@ bool CKVOCadenceReaderImp::ReadDieStackReport() {
         setExtent(record, 0, coordinate(kX1), coordinate(kX2), unitScale);
         setExtent(record, 1, coordinate(kY1), coordinate(kY2), unitScale);
         setExtent(record, 2, coordinate(kBottom), coordinate(kTop), unitScale);
-        components->append(std::move(record));
+        components->append(record);
     }
     return true;
 }

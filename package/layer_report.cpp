@@ -76,7 +76,7 @@ bool CKVOCadenceReaderImp::ReadLayerReport() {
     heights.substrate *= kMil;
     heights.die *= kMil;
     for (std::size_t i = 0; i < components->size(); ++i) {
-        ComponentRecord& body = (*components)[i];
+        ComponentShape& body = components->shape(i);
         if (body.type == ComponentType::kSubstrate) {
             body.center[2] = heights.substrate * 0.5;
             body.size[2] = heights.substrate;

@@ -8,29 +8,11 @@
 
 #include "package/cell_list.h"
 #include "package/chunked_list.h"
+#include "package/component_list.h"
 #include "package/id_table.h"
 #include "package/input_file.h"
 
 namespace kvocaeio {
-
-enum class ComponentType : int {
-    kNone = 0,
-    kSubstrate = 1,
-    kDie = 2,
-    kInterposer = 3,
-    kSpacer = 4,
-    kBall = 5,
-    kCap = 6,
-};
-
-/// One body.
-struct ComponentRecord {
-    ComponentType type = ComponentType::kNone;
-    std::string name;
-    std::array<double, 3> center{};  ///< millimetres
-    std::array<double, 5> size{};  ///< x, y, z; of a ball the diameter alone; two that nobody sets
-    unsigned color = 0;            ///< packed, first colour value in the lowest byte
-};
 
 /// The paths of the extraction tool and its files, in one form, narrow or wide.
 template <class String>
@@ -111,7 +93,7 @@ class CKVOCadenceReaderImp {
     ToolPaths<std::string> paths;
     ToolPaths<std::wstring> pathsW;
     ReportTables reportTables;
-    std::unique_ptr<ChunkedList<ComponentRecord>> components;
+    std::unique_ptr<ComponentList> components;
     std::unique_ptr<IdTable<std::string>> objectNames;
     std::unique_ptr<IdTable<std::string>> layerNames;
 };

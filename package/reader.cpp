@@ -215,7 +215,7 @@ bool CKVOCadenceReader::GetComponentData(int index, char* name, int& isBall, dou
                                          double* const size, unsigned int& color) {
     if (index >= GetComponentCount() || index < 0)
         return false;
-    const ComponentRecord& record = (*imp->components)[static_cast<std::size_t>(index)];
+    const ComponentRecord record = (*imp->components)[static_cast<std::size_t>(index)];
     std::copy_n(record.name.c_str(), record.name.size() + 1, name);
     isBall = record.type == ComponentType::kBall ? 1 : 0;
     std::ranges::copy(record.center, center);

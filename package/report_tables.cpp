@@ -1,6 +1,7 @@
 /// The extraction tool's reports read into flat tables of cells, their columns and length unit.
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <new>
 #include <string_view>
 
@@ -21,7 +22,10 @@ constexpr double kDefaultUnit = 0.001;
 // Leaves the lists absent where there is no memory for them.
 void renew(std::unique_ptr<ReportTables::Lists>& lists) {
     lists.reset();
-    lists.reset(new (std::nothrow) ReportTables::Lists);
+    try {
+        lists = std::make_unique<ReportTables::Lists>();
+    } catch (const std::bad_alloc&) {
+    }
 }
 
 // The list that takes the cells of lines with this tag; null for a tag that no line may have.

@@ -1,5 +1,4 @@
 /// The reports that a design needs, and the first of them: substrate and die, seen from above.
-#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -35,9 +34,9 @@ ComponentType typeByRefDes(std::string_view refDes) {
     return ComponentType::kNone;
 }
 
-bool holdsBodyOf(const ChunkedList<ComponentRecord>& components, ComponentType type) {
+bool holdsBodyOf(const ComponentList& components, ComponentType type) {
     for (std::size_t i = 0; i < components.size(); ++i)
-        if (components[i].type == type)
+        if (components.shape(i).type == type)
             return true;
     return false;
 }
@@ -79,7 +78,7 @@ bool CKVOCadenceReaderImp::ReadSymbolReport() {
         };
         setExtent(record, 0, coordinate(0), coordinate(2), unitScale);
         setExtent(record, 1, coordinate(1), coordinate(3), unitScale);
-        components->append(std::move(record));
+        components->append(record);
     }
     return true;
 }

@@ -40,7 +40,7 @@ class CKVOCadenceReaderImp;
 ///
 /// Failures: a result of false or 0, without a message. An index outside one of the model's lists
 /// throws `std::out_of_range` with the text "invalid vector<T> subscript", where a member says so.
-/// The setters and the wire queries throw `std::bad_alloc` where memory runs out.
+/// The setters and the queries throw `std::bad_alloc` where memory runs out.
 ///
 /// Threads: a reader serves one thread at a time. Different readers are independent.
 class KVOCAEIO_API CKVOCadenceReader {
