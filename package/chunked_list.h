@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <memory>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -51,6 +52,7 @@ class ChunkedList {
     const T& operator[](std::size_t index) const {
         return chunks_[index / kChunkLength][index % kChunkLength];
     }
+    T& operator[](std::size_t index) { return chunks_[index / kChunkLength][index % kChunkLength]; }
 
     /// For any index. Throws the error of `throwBadSubscript`.
     const T& at(long long index) const {
@@ -65,5 +67,13 @@ class ChunkedList {
     std::vector<std::vector<T>> chunks_;
     std::size_t size_ = 0;
 };
+
+/// Makes a list or table that is absent, and empties it where it is there.
+template <class List>
+void makeEmpty(std::unique_ptr<List>& list) {
+    if (list == nullptr)
+        list = std::make_unique<List>();
+    list->clear();
+}
 
 }  // namespace kvocaeio

@@ -46,7 +46,7 @@ template <class Observer>
 class GeometryPass {
   public:
     GeometryPass(PassLines<Observer>& lines, const BodyKinds& kinds,
-                 const CKVOCadenceReaderImp& model, ChunkedList<ComponentRecord>& components)
+                 const CKVOCadenceReaderImp& model, ComponentList& components)
         : lines_(lines), kinds_(kinds), model_(model), components_(components) {}
 
     void run() {
@@ -113,7 +113,7 @@ class GeometryPass {
     PassLines<Observer>& lines_;
     const BodyKinds& kinds_;
     const CKVOCadenceReaderImp& model_;
-    ChunkedList<ComponentRecord>& components_;
+    ComponentList& components_;
     State state_ = State::kSeeking;
     GeometryBlock block_;
     long long pointsExpected_ = 0;

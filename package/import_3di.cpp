@@ -15,13 +15,6 @@ namespace {
 constexpr int kObjectTable = 0;
 constexpr int kLayerTable = 1;
 
-template <class List>
-void makeEmpty(std::unique_ptr<List>& list) {
-    if (list == nullptr)
-        list = std::make_unique<List>();
-    list->clear();
-}
-
 // One pass: opens the file, hands its lines to `read`, closes the file. False where it cannot be
 // opened.
 template <class Read>

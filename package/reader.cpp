@@ -1,4 +1,4 @@
-/// The exported reader: its life, the import of 3DI files, paths and queries.
+/// The exported reader: its life, the imports, paths and queries.
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -20,16 +20,26 @@ using kvocaeio::InputFile;
 
 namespace {
 
-template <class Char>
-bool import3DIFile(CKVOCadenceReaderImp* model, const Char* path) {
-    InputFile file(path);
-    if (model == nullptr || !file.open())
-        return false;
+// Runs an import. False without a model to fill, and where memory runs out.
+template <class Import>
+bool importInto(CKVOCadenceReaderImp* model, const Import& run) {
     try {
-        return model->Import3DI(file);
+        return model != nullptr && run(*model);
     } catch (const std::bad_alloc&) {
         return false;
     }
+}
+
+template <class Char>
+bool import3DIFile(CKVOCadenceReaderImp* model, const Char* path) {
+    InputFile file(path);
+    return importInto(model, [&](auto& to) { return file.open() && to.Import3DI(file); });
+}
+
+template <class Char>
+bool importCadenceFile(CKVOCadenceReaderImp* model, const Char* path) {
+    InputFile design(path);
+    return importInto(model, [&](auto& to) { return to.ImportCadenceFile(design); });
 }
 
 template <class String>
@@ -125,6 +135,14 @@ bool CKVOCadenceReader::Import3DIFile(const wchar_t* path) {
     return import3DIFile(GetImp(), path);
 }
 
+bool CKVOCadenceReader::ImportCadenceFile(const char* path) {
+    return importCadenceFile(GetImp(), path);
+}
+
+bool CKVOCadenceReader::ImportCadenceFile(const wchar_t* path) {
+    return importCadenceFile(GetImp(), path);
+}
+
 void CKVOCadenceReader::SetExeFilePath(const char* path) {
     if (CKVOCadenceReaderImp* model = GetImp())
         model->paths.exe = textOf(path);
@@ -197,7 +215,7 @@ bool CKVOCadenceReader::GetComponentData(int index, char* name, int& isBall, dou
                                          double* const size, unsigned int& color) {
     if (index >= GetComponentCount() || index < 0)
         return false;
-    const ComponentRecord& record = (*imp->components)[static_cast<std::size_t>(index)];
+    const ComponentRecord record = (*imp->components)[static_cast<std::size_t>(index)];
     std::copy_n(record.name.c_str(), record.name.size() + 1, name);
     isBall = record.type == ComponentType::kBall ? 1 : 0;
     std::ranges::copy(record.center, center);

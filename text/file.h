@@ -1,4 +1,5 @@
-/// Files opened by narrow and by wide path, closed when their holder goes away.
+/// Files opened and deleted by narrow and by wide path; open ones are closed when their holder goes
+/// away.
 #pragma once
 
 #include <cstdio>
@@ -20,5 +21,11 @@ File openFile(const char* path, const char* mode) noexcept;
 /// The same by a wide path: UTF-8 encoded off Windows, handed to the system as it is on Windows.
 /// A wide path that has no UTF-8 form cannot be opened.
 File openFile(const wchar_t* path, const char* mode) noexcept;
+
+/// Deletes a file, no folder. Nothing tells whether it could be deleted.
+void deleteFile(const char* path) noexcept;
+
+/// The same by a wide path, with the meaning that it has for `openFile`.
+void deleteFile(const wchar_t* path) noexcept;
 
 }  // namespace kvocaeio::text

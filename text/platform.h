@@ -1,7 +1,8 @@
 /// What the library asks of the system beyond the standard library; one source file per platform.
-/// (The wide `openFile` of file.h is in those files, too.)
+/// (The wide `openFile` and `deleteFile` of file.h are in those files, too.)
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace kvocaeio::text {
@@ -17,5 +18,16 @@ std::size_t driveLength(std::string_view path) noexcept;
 
 /// Whether `path` exists and may be read and written.
 bool isReadableAndWritable(const char* path) noexcept;
+
+/// Starts a program, hidden where programs have windows, and waits for its end without a time
+/// limit. It has the caller's environment, working directory and descriptors (handles that may be
+/// inherited). Off Windows the command line is split at its blanks, without a shell and without
+/// quoting, and its first word is sought in the PATH where it names no folder. Nothing tells
+/// whether the program could be started or how it ended.
+void runProgram(std::string commandLine);
+
+/// The same by a wide command line: UTF-8 encoded off Windows, where one without a UTF-8 form
+/// starts nothing.
+void runProgram(std::wstring commandLine);
 
 }  // namespace kvocaeio::text

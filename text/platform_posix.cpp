@@ -1,10 +1,19 @@
 /// What the library asks of a POSIX system.
+#include <algorithm>
+#include <cerrno>
 #include <exception>
+#include <spawn.h>
 #include <string>
+#include <string_view>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 #include "text/file.h"
 #include "text/platform.h"
+
+extern char** environ;
 
 namespace kvocaeio::text {
 
@@ -34,6 +43,13 @@ bool appendUtf8(std::string& text, char32_t code) {
     return true;
 }
 
+// Gives the UTF-8 form of `wide`; false where it has none.
+bool toUtf8(std::wstring_view wide, std::string& narrow) {
+    narrow.clear();
+    return std::ranges::all_of(
+        wide, [&](wchar_t code) { return appendUtf8(narrow, static_cast<char32_t>(code)); });
+}
+
 }  // namespace
 
 const char kPathSeparator = '/';
@@ -52,13 +68,50 @@ File openFile(const wchar_t* path, const char* mode) noexcept {
         return nullptr;
     try {
         std::string narrow;
-        for (; *path != L'\0'; ++path)
-            if (!appendUtf8(narrow, static_cast<char32_t>(*path)))
-                return nullptr;
-        return openFile(narrow.c_str(), mode);
+        return toUtf8(path, narrow) ? openFile(narrow.c_str(), mode) : nullptr;
     } catch (const std::exception&) {
         return nullptr;
     }
+}
+
+void deleteFile(const char* path) noexcept {
+    unlink(path);
+}
+
+void deleteFile(const wchar_t* path) noexcept {
+    try {
+        std::string narrow;
+        if (toUtf8(path, narrow))
+            deleteFile(narrow.c_str());
+    } catch (const std::exception&) {  // what cannot be deleted stays
+    }
+}
+
+void runProgram(std::string commandLine) {
+    std::vector<char*> arguments;
+    bool inside = false;
+    for (char& c : commandLine) {
+        if (c == ' ')
+            c = '\0';
+        else if (!inside)
+            arguments.push_back(&c);
+        inside = c != '\0';
+    }
+    arguments.push_back(nullptr);
+    pid_t child = 0;
+    if (arguments.front() == nullptr ||
+        posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ) != 0)
+        return;
+    // Where the host ignores its children's ends, or waits for them elsewhere, this fails as soon
+    // as the child has ended.
+    while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) {
+    }
+}
+
+void runProgram(std::wstring commandLine) {
+    std::string narrow;
+    if (toUtf8(commandLine, narrow))
+        runProgram(std::move(narrow));
 }
 
 }  // namespace kvocaeio::text

@@ -4,10 +4,32 @@
 #include <string>
 #include <wchar.h>
 
+#include <windows.h>
+
 #include "text/file.h"
 #include "text/platform.h"
 
 namespace kvocaeio::text {
+
+namespace {
+
+// A console of the program's own that is not shown.
+template <class StartupInfo>
+StartupInfo hidden() {
+    StartupInfo startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_HIDE;
+    return startup;
+}
+
+void waitForEnd(const PROCESS_INFORMATION& process) {
+    WaitForSingleObject(process.hProcess, INFINITE);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
+}  // namespace
 
 const char kPathSeparator = '\\';
 const std::string_view kPathSeparators = "\\/";
@@ -29,6 +51,30 @@ File openFile(const wchar_t* path, const char* mode) noexcept {
     } catch (const std::exception&) {
         return nullptr;
     }
+}
+
+void deleteFile(const char* path) noexcept {
+    DeleteFileA(path);
+}
+
+void deleteFile(const wchar_t* path) noexcept {
+    DeleteFileW(path);
+}
+
+void runProgram(std::string commandLine) {
+    auto startup = hidden<STARTUPINFOA>();
+    PROCESS_INFORMATION process{};
+    if (CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE,
+                       nullptr, nullptr, &startup, &process) != 0)
+        waitForEnd(process);
+}
+
+void runProgram(std::wstring commandLine) {
+    auto startup = hidden<STARTUPINFOW>();
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE,
+                       nullptr, nullptr, &startup, &process) != 0)
+        waitForEnd(process);
 }
 
 }  // namespace kvocaeio::text

@@ -26,7 +26,8 @@ class CKVOCadenceReaderImp;
 ///         reader.GetWireProfileData(n, name, diameter, color);
 ///     reader.CleanMemory();                                // before another file, and at the end
 ///
-/// A Cadence design needs `SetExeFilePath` and `SetTempFilePath` before `ImportCadenceFile`.
+/// A Cadence design needs `SetExeFilePath` and `SetTempFilePath` before `ImportCadenceFile`, and
+/// has no wires.
 ///
 /// One import per reader, or `CleanMemory` between two, is the designed use. A second import
 /// without it replaces bodies, wires and tables, but `GetWireLineCount` goes on counting from the
@@ -39,7 +40,7 @@ class CKVOCadenceReaderImp;
 ///
 /// Failures: a result of false or 0, without a message. An index outside one of the model's lists
 /// throws `std::out_of_range` with the text "invalid vector<T> subscript", where a member says so.
-/// The setters and the wire queries throw `std::bad_alloc` where memory runs out.
+/// The setters and the queries throw `std::bad_alloc` where memory runs out.
 ///
 /// Threads: a reader serves one thread at a time. Different readers are independent.
 class KVOCAEIO_API CKVOCadenceReader {
@@ -67,22 +68,48 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// The same by a wide path.
     bool Import3DIFile(const wchar_t* path);
 
-    /// Imports a Cadence design through the extraction tool whose path was set, or from the reports
-    /// in the temporary folder where none was.
+    /// Imports a Cadence design (.mcm, .sip or .brd) through the extraction tool and the temporary
+    /// folder that were set:
+    ///
+    /// 1. "CmdFile1.txt" to "CmdFile3.txt" and "CadenceData1.txt" to "CadenceData3.txt" in the
+    ///    folder are deleted; the tool's commands are written to CmdFile1 and CmdFile3.
+    /// 2. The tool runs as "TOOL DESIGN CmdFile1 CadenceData1 CadenceData2" and then, where `path`
+    ///    holds ".sip" anywhere, as "TOOL DESIGN CmdFile3 CadenceData3". The call waits for its end
+    ///    without a time limit. Paths are not quoted: a blank in one of them breaks the line.
+    /// 3. The reports that the tool has left in place of the CmdFiles are read: symbols from 1,
+    ///    layers from 2, the die stack from 3. They stay there until the next import.
+    ///
+    /// While no tool is set in either form, steps 1 and 2 are left out and `path` is not looked at:
+    /// this is how reports are imported that already exist. Otherwise the form of the tool's path
+    /// decides, the narrow one first, and an import by the other form gives false, as a null `path`
+    /// does. In step 3 the wide folder is taken where one was set.
+    ///
+    /// Which bodies there are goes by the design's name in the symbol report: with ".mcm" a
+    /// substrate and a die, with ".sip" a substrate and the members of the die stack, with ".brd"
+    /// none, which is a success.
+    ///
+    /// False, too, when CmdFile1 or CmdFile3 cannot be written; when report 1 or 2 cannot be opened
+    /// or has a line that is none of a report, which is all that tells of a tool that is missing or
+    /// fails; when the symbol report has not one job line of 13 cells or names no such design; when
+    /// a column is missing; and when memory runs out. Throws the out-of-range error where the layer
+    /// report has no job line. What was read until then can be queried; a failure before the
+    /// symbol report is used leaves the bodies of an earlier import. Wires stay as they are.
     bool ImportCadenceFile(const char* path);
-    /// The same by a wide path and the wide paths that were set.
+    /// The same by a wide path. The command files are written by the narrow paths in any case, so
+    /// that the folder must be set in both forms, with the same text.
     bool ImportCadenceFile(const wchar_t* path);
 
-    /// Sets the path of the extraction tool, used by `ImportCadenceFile` with a narrow path. A null
-    /// `path` counts as empty.
+    /// Sets the path of the extraction tool; without a folder in it the system's search finds it. A
+    /// null or empty `path` means that no tool is set.
     void SetExeFilePath(const char* path);
-    /// Sets the path for the wide form of the import; the narrow one stays as it is.
+    /// Sets the path for an import by a wide path; the narrow one stays as it is.
     void SetExeFilePath(const wchar_t* path);
 
-    /// Sets the folder for the tool's command files and reports. The files' paths are this text and
-    /// a separator and name behind it. A null `path` counts as empty.
+    /// Sets the folder for the tool's command files and reports. The files' paths are this text, a
+    /// separator and the name behind it. A null `path` counts as empty. Two readers that import at
+    /// the same time need a folder each.
     void SetTempFilePath(const char* path);
-    /// Sets the folder for the wide form of the import; the narrow one stays as it is.
+    /// Sets the wide paths of the same files; the narrow ones stay as they are.
     void SetTempFilePath(const wchar_t* path);
 
     /// Number of wires.
@@ -115,13 +142,13 @@ class KVOCAEIO_API CKVOCadenceReader {
 
     /// Gives body number `index`, counted from 0. False, with nothing touched, when there is none.
     /// `name`: receives the name and its terminator, without a bound: the caller gives room for the
-    ///     longest. Of a 3DI file no name needs more than 1,024 characters, terminator included.
+    ///     longest. No name needs more than 1,024 characters, terminator included.
     /// `isBall`: 1 for a solder ball, else 0.
     /// `center`: receives three doubles, the middle of the body.
-    /// `size`: receives five doubles. The first three are the extents in x, y, z; of a ball only
-    /// the
-    ///     first is meant, its diameter. The others have no meaning.
-    /// `color`: packed colour, first colour value in the lowest byte.
+    /// `size`: receives five doubles. The first three are the extents in x, y, z, negative where
+    ///     the file exchanges the ends; of a ball only the first is meant, its diameter. The others
+    ///     have no meaning.
+    /// `color`: packed colour, first colour value in the lowest byte; 0 for a Cadence design.
     bool GetComponentData(int index, char* name, int& isBall, double* const center,
                           double* const size, unsigned int& color);
 

@@ -71,7 +71,7 @@ std::vector<Note> notesOfGeometries(std::string_view bytes) {
         model.layerNames = std::make_unique<IdTable<std::string>>();
         model.colorTable = std::make_unique<IdTable<unsigned>>();
         model.colorTable->resize(4);
-        ChunkedList<ComponentRecord> components;
+        ComponentList components;
         GeometryPass(lines, BodyKinds{1, 2, 1, -1}, model, components).run();
     });
 }

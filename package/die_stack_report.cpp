@@ -1,0 +1,55 @@
+/// The report of a stacked design's dies, interposers and spacers.
+#include <array>
+#include <string_view>
+
+#include "package/model.h"
+#include "package/report_rows.h"
+#include "package/words.h"
+#include "text/scan.h"
+
+namespace kvocaeio {
+
+namespace {
+
+// In the order of `kColumns`.
+enum Column : std::size_t { kType, kName, kX1, kY1, kX2, kY2, kBottom, kTop };
+
+constexpr std::array kColumns{
+    "DSA_MEMBER_TYPE", "DSA_MEMBER_NAME", "DSA_EXTENTS_X1",       "DSA_EXTENTS_Y1",
+    "DSA_EXTENTS_X2",  "DSA_EXTENTS_Y2",  "DSA_STACK_HEIGHT_MIN", "DSA_STACK_HEIGHT_MAX",
+};
+
+ComponentType typeByMember(std::string_view member) {
+    if (equalsInAnyCase(member, "DIE"))
+        return ComponentType::kDie;
+    if (equalsInAnyCase(member, "INTERPOSER"))
+        return ComponentType::kInterposer;
+    if (equalsInAnyCase(member, "SPACER"))
+        return ComponentType::kSpacer;
+    return ComponentType::kNone;
+}
+
+}  // namespace
+
+bool CKVOCadenceReaderImp::ReadDieStackReport() {
+    if (components == nullptr)
+        return false;
+    const ReportRows rows(*this, kDieStackReport, kColumns);
+    if (!rows.hasAllColumns())
+        return false;
+    for (std::size_t row = 0; row < rows.count(); ++row) {
+        ComponentRecord record;
+        record.type = typeByMember(rows.cell(row, kType));
+        if (record.type == ComponentType::kNone)
+            continue;
+        record.name = rows.cell(row, kName);
+        const auto coordinate = [&](Column column) { return text::toReal(rows.cell(row, column)); };
+        setExtent(record, 0, coordinate(kX1), coordinate(kX2), unitScale);
+        setExtent(record, 1, coordinate(kY1), coordinate(kY2), unitScale);
+        setExtent(record, 2, coordinate(kBottom), coordinate(kTop), unitScale);
+        components->append(record);
+    }
+    return true;
+}
+
+}  // namespace kvocaeio

@@ -1,0 +1,131 @@
+/// Memory that cannot be had, at every single allocation of a Cadence import.
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <new>
+#include <string>
+
+#include "package/cadence_design.h"
+#include "support/files.h"
+
+namespace {
+
+// Allocations still granted; negative: all. Counted only inside the import.
+long granted = -1;
+long outstanding = 0;
+
+void* allocate(std::size_t size) {
+    if (granted == 0)
+        throw std::bad_alloc();
+    if (granted > 0)
+        --granted;
+    void* memory = std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr)
+        throw std::bad_alloc();
+    ++outstanding;
+    return memory;
+}
+
+void release(void* memory) {
+    if (memory != nullptr)
+        --outstanding;
+    std::free(memory);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory) noexcept {
+    release(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    release(memory);
+}
+
+namespace kvocaeio::test {
+namespace {
+
+class CadenceMemoryFailure : public testing::Test {
+  protected:
+    CadenceMemoryFailure() {
+        folder.write("CmdFile1.txt", symbolReport("a.sip"));
+        folder.write("CmdFile2.txt", layerReport("a.sip"));
+        folder.write("CmdFile3.txt", dieStackReport() + "S!SPACER!" + std::string(500, 'n') +
+                                         "!0!0!1!1!0.2!0.3!\n");
+    }
+
+    // Imports with so many allocations; `used` tells whether they were too few.
+    template <class Char>
+    bool importWith(CKVOCadenceReader& reader, const Char* design, long allocations) {
+        granted = allocations;
+        const bool imported = reader.ImportCadenceFile(design);
+        short_ = granted == 0;
+        granted = -1;
+        return imported;
+    }
+
+    TempFolder folder;
+    std::string temp = folder.path().string();
+    bool short_ = true;
+};
+
+TEST_F(CadenceMemoryFailure, GivesFalseAndLeaksNothing) {
+    int failures = 0;
+    for (bool imported = false; !imported; ++failures) {
+        const long before = outstanding;
+        {
+            CKVOCadenceReader reader;
+            reader.SetTempFilePath(temp.c_str());
+            imported = importWith(reader, "", failures);
+            const std::string bodies = bodiesOf(reader);
+            EXPECT_EQ(bodies.substr(0, 10), bodies.empty() ? "" : "SUBSTRATE ");
+        }
+        ASSERT_EQ(outstanding, before) << "after " << failures << " allocations";
+    }
+    EXPECT_GT(failures, 20);
+}
+
+TEST_F(CadenceMemoryFailure, OfASecondImportLeavesBodiesThatCanBeQueried) {
+    bool imported = false;
+    for (int allocations = 0; !imported; ++allocations) {
+        CKVOCadenceReader reader;
+        reader.SetTempFilePath(temp.c_str());
+        ASSERT_TRUE(importWith(reader, "", -1));
+        imported = importWith(reader, "", allocations);
+        bodiesOf(reader);
+        ASSERT_TRUE(importWith(reader, "", -1));
+        EXPECT_EQ(bodiesOf(reader),
+                  kSipBodies + std::string(500, 'n') + " at 0.5 0.5 0.504, 1 x 1 x 0.1\n");
+    }
+}
+
+TEST_F(CadenceMemoryFailure, WithAToolGivesFalse) {
+    const std::wstring wideTemp = folder.path().wstring();
+    for (int allocations = 0; short_; ++allocations) {
+        CKVOCadenceReader reader;
+        reader.SetExeFilePath("kvocaeio-test-no-such-tool");
+        reader.SetTempFilePath(temp.c_str());
+        EXPECT_FALSE(importWith(reader, "a_design_with_a_long_name.sip", allocations));
+    }
+    short_ = true;
+    for (int allocations = 0; short_; ++allocations) {
+        CKVOCadenceReader reader;
+        reader.SetExeFilePath(L"kvocaeio-test-no-such-tool");
+        reader.SetTempFilePath(temp.c_str());
+        reader.SetTempFilePath(wideTemp.c_str());
+        EXPECT_FALSE(importWith(reader, L"a_design_with_a_long_name.sip", allocations));
+    }
+}
+
+}  // namespace
+}  // namespace kvocaeio::test
