@@ -12,21 +12,8 @@ namespace kvocaeio::host {
 
 namespace {
 
-std::string listed(const KindCounts& kinds) {
-    std::string text;
-    for (const auto& [name, elements] : kinds)
-        text += (text.empty() ? "" : ", ") + std::to_string(elements) + " " + name;
-    return text;
-}
-
 std::string quoted(const std::string& name) {
     return name.empty() ? "(no name)" : printable(name);
-}
-
-std::string point(const std::array<double, 3>& p) {
-    std::ostringstream text;
-    text << "(" << p[0] << ", " << p[1] << ", " << p[2] << ")";
-    return text.str();
 }
 
 std::string joined(const std::vector<std::string>& words) {
@@ -34,13 +21,6 @@ std::string joined(const std::vector<std::string>& words) {
     for (const std::string& word : words)
         text += (text.empty() ? "" : ", ") + word;
     return text;
-}
-
-Json asJson(const KindCounts& kinds) {
-    Json object = Json::object();
-    for (const auto& [name, elements] : kinds)
-        object[name] = elements;
-    return object;
 }
 
 using Cells = std::vector<std::string>;
@@ -62,8 +42,14 @@ Cells sideBySide(Cells left, const Cells& right) {
 
 }  // namespace
 
+AbaqusReport::AbaqusReport(const AbaqusDeck& deck)
+    : summary_(summarise(deck.tables, deck.sortFailure.empty())),
+      importSeconds_(deck.importSeconds),
+      normalisationSeconds_(deck.normalisationSeconds),
+      sortFailure_(deck.sortFailure) {}
+
 std::string AbaqusReport::failure() const {
-    return sortFailure.empty() ? "" : "the deck cannot be normalised: " + sortFailure;
+    return sortFailure_.empty() ? "" : "the deck cannot be normalised: " + sortFailure_;
 }
 
 void AbaqusReport::print(std::ostream& out) const {
@@ -75,67 +61,67 @@ void AbaqusReport::print(std::ostream& out) const {
 
 void AbaqusReport::printOverview(std::ostream& out) const {
     TextTable table("ll");
-    table.add({"nodes", std::to_string(summary.nodes)});
-    if (summary.box)
-        table.add({"bounding box", point(summary.box->low) + " to " + point(summary.box->high)});
-    table.add({"elements", std::to_string(summary.elements) + " in " +
-                               std::to_string(summary.raw.size()) + " sections" +
-                               (summary.kinds.empty() ? "" : ": " + listed(summary.kinds))});
-    for (const ShellThickness& shell : summary.thicknesses) {
+    table.add({"nodes", std::to_string(summary_.nodes)});
+    if (summary_.box.known())
+        table.add({"bounding box", asText(summary_.box)});
+    table.add({"elements", std::to_string(summary_.elements) + " in " +
+                               std::to_string(summary_.raw.size()) + " sections" +
+                               (summary_.kinds.empty() ? "" : ": " + asText(summary_.kinds))});
+    for (const ShellThickness& shell : summary_.thicknesses) {
         std::ostringstream thickness;
         thickness << quoted(shell.elset) << ": thickness " << shell.thickness;
         table.add({"shell section", thickness.str()});
     }
     std::ostringstream time;
-    time << std::setprecision(3) << "import " << importSeconds << " s, normalisation "
-         << normalisationSeconds << " s";
+    time << std::setprecision(3) << "import " << importSeconds_ << " s, normalisation "
+         << normalisationSeconds_ << " s";
     table.add({"time taken", time.str()});
     table.print(out, "  ");
 }
 
 // Left half: the deck's sections; right half: where their elements are in the normalised mesh.
 void AbaqusReport::printSections(std::ostream& out) const {
-    if (summary.raw.empty())
+    if (summary_.raw.empty())
         return;
     TextTable table("rllrlllrrl");
     table.add({"deck", "set", "elements", "nodes", "", "mesh", "set", "nodes", "elements", "how"});
-    std::vector<bool> shown(summary.normalised.size());
-    auto flow = summary.flows.begin();
-    for (std::size_t s = 0; s < summary.raw.size(); ++s) {
-        const RawSummary& raw = summary.raw[s];
+    std::vector<bool> shown(summary_.normalised.size());
+    auto flow = summary_.flows.begin();
+    for (std::size_t s = 0; s < summary_.raw.size(); ++s) {
+        const RawSummary& raw = summary_.raw[s];
         Cells left = {std::to_string(s), quoted(raw.elset),
                       std::to_string(raw.elements) + " " + raw.kind,
                       std::to_string(raw.nodesPerElement)};
         const auto addLine = [&](const Cells& right) {
             table.add(sideBySide(std::exchange(left, {"", "", "", ""}), right));
         };
-        const bool placed = flow != summary.flows.end() && flow->raw == s;
-        for (; flow != summary.flows.end() && flow->raw == s; ++flow) {
+        const bool placed = flow != summary_.flows.end() && flow->raw == s;
+        for (; flow != summary_.flows.end() && flow->raw == s; ++flow) {
             addLine(
-                meshCells(summary.normalised[flow->normalised], flow->elements, howItCame(*flow)));
+                meshCells(summary_.normalised[flow->normalised], flow->elements, howItCame(*flow)));
             shown[flow->normalised] = true;
         }
         if (raw.leftOut != 0)
             addLine({"-", "", "", std::to_string(raw.leftOut), "left out: " + raw.reason});
         else if (!placed)
-            addLine({sortFailure.empty() ? "" : "not normalised"});
+            addLine({sortFailure_.empty() ? "" : "not normalised"});
     }
-    for (std::size_t s = 0; s < summary.normalised.size(); ++s) {
+    for (std::size_t s = 0; s < summary_.normalised.size(); ++s) {
         if (shown[s])
             continue;
-        const NormalisedSummary& section = summary.normalised[s];
+        const NormalisedSummary& section = summary_.normalised[s];
         const bool faces = section.origin != "elements";
         table.add(sideBySide({"", "", faces ? section.origin : "", ""},
                              meshCells(section, section.elements,
-                                       faces ? "faces: " + listed(section.kinds) : "blank rows")));
+                                       faces ? "faces: " + asText(section.kinds) : "blank rows")));
     }
     out << '\n';
     table.print(out, "  ");
 }
 
 std::string AbaqusReport::howItCame(const Flow& flow) const {
-    const RawSummary& raw = summary.raw[flow.raw];
-    const NormalisedSummary& target = summary.normalised[flow.normalised];
+    const RawSummary& raw = summary_.raw[flow.raw];
+    const NormalisedSummary& target = summary_.normalised[flow.normalised];
     std::vector<std::string> words;
     if (raw.reduced)
         words.emplace_back("reduced to corners");
@@ -154,22 +140,22 @@ std::string AbaqusReport::howItCame(const Flow& flow) const {
 
 void AbaqusReport::printLosses(std::ostream& out) const {
     TextTable table("ll");
-    if (summary.unknownType != 0)
-        table.add({"left out", std::to_string(summary.unknownType) + " elements of unknown type"});
-    if (summary.otherLeftOut != 0)
-        table.add({"left out", std::to_string(summary.otherLeftOut) + " elements " +
-                                   (summary.nodes == 0 ? "of a deck without nodes"
-                                                       : "that are in no generated set")});
-    if (summary.undefinedNodes != 0)
-        table.add({"no such node", std::to_string(summary.undefinedNodes) +
+    if (summary_.unknownType != 0)
+        table.add({"left out", std::to_string(summary_.unknownType) + " elements of unknown type"});
+    if (summary_.otherLeftOut != 0)
+        table.add({"left out", std::to_string(summary_.otherLeftOut) + " elements " +
+                                   (summary_.nodes == 0 ? "of a deck without nodes"
+                                                        : "that are in no generated set")});
+    if (summary_.undefinedNodes != 0)
+        table.add({"no such node", std::to_string(summary_.undefinedNodes) +
                                        " times in elements; the first node stands in"});
-    if (sortFailure.empty())
+    if (sortFailure_.empty())
         table.add(
-            {"faces", std::to_string(summary.loadFaces) + " from loads, " +
-                          std::to_string(summary.surfaceFaces) +
+            {"faces", std::to_string(summary_.loadFaces) + " from loads, " +
+                          std::to_string(summary_.surfaceFaces) +
                           " from surfaces; the reader does not tell which of them gave none"});
-    if (summary.withoutFaces != 0)
-        table.add({"faceless", std::to_string(summary.withoutFaces) +
+    if (summary_.withoutFaces != 0)
+        table.add({"faceless", std::to_string(summary_.withoutFaces) +
                                    " elements, of which loads and surfaces give no face (pyramids, "
                                    "triangles, unknown types)"});
     out << '\n';
@@ -177,38 +163,36 @@ void AbaqusReport::printLosses(std::ostream& out) const {
 }
 
 void AbaqusReport::addTo(Json& object) const {
-    object["nodes"] = summary.nodes;
-    object["boundingBox"] = nullptr;
-    if (summary.box)
-        object["boundingBox"] = {{"min", summary.box->low}, {"max", summary.box->high}};
-    object["elements"] = summary.elements;
-    object["elementsByKind"] = asJson(summary.kinds);
+    object["nodes"] = summary_.nodes;
+    object["boundingBox"] = asJson(summary_.box);
+    object["elements"] = summary_.elements;
+    object["elementsByKind"] = asJson(summary_.kinds);
     object["shellSections"] = Json::array();
-    for (const ShellThickness& shell : summary.thicknesses)
+    for (const ShellThickness& shell : summary_.thicknesses)
         object["shellSections"].push_back({{"elset", shell.elset}, {"thickness", shell.thickness}});
     object["sections"] = sectionsAsJson();
-    object["normalised"] = sortFailure.empty() ? meshAsJson() : Json();
-    object["seconds"] = {{"import", importSeconds}, {"normalisation", normalisationSeconds}};
+    object["normalised"] = sortFailure_.empty() ? meshAsJson() : Json();
+    object["seconds"] = {{"import", importSeconds_}, {"normalisation", normalisationSeconds_}};
 }
 
 Json AbaqusReport::sectionsAsJson() const {
     Json sections = Json::array();
-    auto flow = summary.flows.begin();
-    for (std::size_t s = 0; s < summary.raw.size(); ++s) {
-        const RawSummary& raw = summary.raw[s];
+    auto flow = summary_.flows.begin();
+    for (std::size_t s = 0; s < summary_.raw.size(); ++s) {
+        const RawSummary& raw = summary_.raw[s];
         Json section = {{"elset", raw.elset},
                         {"kind", raw.kind},
                         {"nodesPerElement", raw.nodesPerElement},
                         {"elements", raw.elements}};
-        if (sortFailure.empty()) {
+        if (sortFailure_.empty()) {
             section["reduced"] = raw.reduced;
             section["split"] = raw.split;
             section["leftOut"] = raw.leftOut;
             if (raw.leftOut != 0)
                 section["leftOutBecause"] = raw.reason;
             section["normalisedTo"] = Json::array();
-            for (; flow != summary.flows.end() && flow->raw == s; ++flow) {
-                const NormalisedSummary& target = summary.normalised[flow->normalised];
+            for (; flow != summary_.flows.end() && flow->raw == s; ++flow) {
+                const NormalisedSummary& target = summary_.normalised[flow->normalised];
                 section["normalisedTo"].push_back({{"list", target.list},
                                                    {"section", target.index},
                                                    {"elements", flow->elements}});
@@ -221,7 +205,7 @@ Json AbaqusReport::sectionsAsJson() const {
 
 Json AbaqusReport::meshAsJson() const {
     Json mesh = {{"solid", Json::array()}, {"shell", Json::array()}};
-    for (const NormalisedSummary& section : summary.normalised)
+    for (const NormalisedSummary& section : summary_.normalised)
         mesh[section.list].push_back({{"elset", section.elset},
                                       {"origin", section.origin},
                                       {"nodesPerElement", section.nodesPerElement},
@@ -230,11 +214,11 @@ Json AbaqusReport::meshAsJson() const {
                                       {"merged", section.merged},
                                       {"repeated", section.repeated},
                                       {"blank", section.blank}});
-    mesh["leftOut"] = {{"unknownType", summary.unknownType}, {"other", summary.otherLeftOut}};
-    mesh["undefinedNodes"] = summary.undefinedNodes;
-    mesh["faces"] = {{"loads", summary.loadFaces},
-                     {"surfaces", summary.surfaceFaces},
-                     {"elementsWithout", summary.withoutFaces}};
+    mesh["leftOut"] = {{"unknownType", summary_.unknownType}, {"other", summary_.otherLeftOut}};
+    mesh["undefinedNodes"] = summary_.undefinedNodes;
+    mesh["faces"] = {{"loads", summary_.loadFaces},
+                     {"surfaces", summary_.surfaceFaces},
+                     {"elementsWithout", summary_.withoutFaces}};
     return mesh;
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "abaqus_deck.h"
 #include "abaqus_summary.h"
 #include "report.h"
 
@@ -10,10 +11,7 @@ namespace kvocaeio::host {
 
 class AbaqusReport final : public Report {
   public:
-    DeckSummary summary;
-    double importSeconds = 0.0;
-    double normalisationSeconds = 0.0;
-    std::string sortFailure;  ///< why there is no normalised mesh; empty when there is one
+    explicit AbaqusReport(const AbaqusDeck& deck);
 
     void print(std::ostream& out) const override;
     void addTo(Json& object) const override;
@@ -26,6 +24,11 @@ class AbaqusReport final : public Report {
     std::string howItCame(const Flow& flow) const;
     Json sectionsAsJson() const;
     Json meshAsJson() const;
+
+    DeckSummary summary_;
+    double importSeconds_;
+    double normalisationSeconds_;
+    std::string sortFailure_;  // why there is no normalised mesh; empty when there is one
 };
 
 }  // namespace kvocaeio::host

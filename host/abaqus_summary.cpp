@@ -7,29 +7,12 @@ namespace kvocaeio::host {
 
 namespace {
 
-void count(KindCounts& kinds, std::string_view name, std::size_t elements) {
-    const auto known = std::find_if(kinds.begin(), kinds.end(),
-                                    [&](const auto& kind) { return kind.first == name; });
-    if (known != kinds.end())
-        known->second += elements;
-    else if (elements != 0)
-        kinds.emplace_back(name, elements);
-}
-
-/// Nodes of `row` that are left when the last one is not repeated.
-int cornersOf(const Section& section, const int* row) {
-    int corners = section.nodesPerElement;
-    while (corners > 1 && row[corners - 2] == row[corners - 1])
-        --corners;
-    return corners;
-}
-
 KindCounts kindsOfRows(const Section& section) {
     KindCounts kinds;
     for (std::size_t e = 0; e < section.elements; ++e) {
         const int corners = cornersOf(section, section.element(e));
         const ElementKind& kind = elementKind(section.geometry, corners);
-        count(kinds, kind.nodes == 0 ? "degenerate" : kind.name, 1);
+        count(kinds, kind.nodes == 0 ? "degenerate" : kind.name);
     }
     return kinds;
 }

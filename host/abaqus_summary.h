@@ -2,18 +2,14 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "abaqus_tables.h"
 #include "element_trace.h"
+#include "kind_counts.h"
 
 namespace kvocaeio::host {
-
-/// Numbers of elements by the name of their kind, in the order of appearance.
-using KindCounts = std::vector<std::pair<std::string, std::size_t>>;
 
 struct RawSummary {
     std::string elset;
@@ -42,7 +38,7 @@ struct NormalisedSummary {
 
 struct DeckSummary {
     std::size_t nodes = 0;
-    std::optional<BoundingBox> box;
+    BoundingBox box;
     std::size_t elements = 0;
     KindCounts kinds;
     std::vector<ShellThickness> thicknesses;

@@ -1,8 +1,6 @@
 /// The reader's walks, from the raw and the normalised side.
 #include "abaqus_tables.h"
 
-#include <limits>
-
 namespace kvocaeio::host {
 
 namespace {
@@ -13,28 +11,24 @@ Section toSection(const CKVOAbaqusReader::ElemSecData& record) {
 }
 
 void takeNodes(CKVOAbaqusReader& reader, DeckTables& tables) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    BoundingBox box;
-    box.low.fill(kInfinity);
-    box.high.fill(-kInfinity);
     tables.nodeIds.reserve(static_cast<std::size_t>(reader.GetNodeNum()));
     CKVOAbaqusReader::NodeData node{};
     reader.GetNodeBegin();
     while (reader.GetNodeNext(&node)) {
         tables.nodeIds.push_back(node.id);
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            // Written so that "nan" in a deck changes nothing.
-            if (node.coord[axis] < box.low[axis])
-                box.low[axis] = node.coord[axis];
-            if (node.coord[axis] > box.high[axis])
-                box.high[axis] = node.coord[axis];
-        }
+        tables.places.push_back(node.coord);
+        tables.box.add(node.coord);
     }
-    if (box.low[0] <= box.high[0] && box.low[1] <= box.high[1] && box.low[2] <= box.high[2])
-        tables.box = box;
 }
 
 }  // namespace
+
+int cornersOf(const Section& section, const int* row) {
+    int corners = section.nodesPerElement;
+    while (corners > 1 && row[corners - 2] == row[corners - 1])
+        --corners;
+    return corners;
+}
 
 DeckTables takeRawTables(CKVOAbaqusReader& reader) {
     DeckTables tables;

@@ -1,13 +1,12 @@
 /// The tables of one Abaqus deck, taken from the reader's public walks.
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bounding_box.h"
 #include "element_kind.h"
 #include <kvocaeio/abaqus.h>
 
@@ -37,19 +36,18 @@ struct ShellThickness {
     double thickness = 0.0;
 };
 
-struct BoundingBox {
-    std::array<double, 3> low;
-    std::array<double, 3> high;
-};
-
 struct DeckTables {
-    std::vector<int> nodeIds;        ///< OIDs in deck order: the index is the new node ID
-    std::optional<BoundingBox> box;  ///< none without a node of finite or infinite place
+    std::vector<int> nodeIds;           ///< OIDs in deck order: the index is the new node ID
+    std::vector<const double*> places;  ///< per node: x, y, z in the reader's tables
+    BoundingBox box;
     std::vector<Section> raw;
     std::vector<ShellThickness> thicknesses;
     std::vector<Section> normalised;  ///< solids, then shells
     std::size_t solids = 0;           ///< how many of `normalised` are solids
 };
+
+/// Nodes of one of the section's rows that are left when the last one is not repeated.
+int cornersOf(const Section& section, const int* row);
 
 /// Walks what the import left.
 DeckTables takeRawTables(CKVOAbaqusReader& reader);

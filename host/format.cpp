@@ -12,7 +12,8 @@ namespace kvocaeio::host {
 
 namespace {
 
-const std::array<const Format*, 1> kFormats = {&kAbaqusFormat};
+const std::array<const Format*, 5> kFormats = {&kAbaqusFormat, &kPatranFormat, &kNastranFormat,
+                                               &k3diFormat, &kCadenceFormat};
 
 // Enough for the opening comments of any deck; a file that says later what it is has its extension.
 constexpr std::size_t kHeadSize = std::size_t{64} * 1024;
@@ -33,6 +34,15 @@ std::string readHead(const std::string& path) {
     return head;
 }
 
+std::string namesOfFormats() {
+    std::string names;
+    for (const Format* format : kFormats)
+        names += (names.empty() ? "" : ", ") + std::string(format->name);
+    return names;
+}
+
+}  // namespace
+
 std::string extensionOf(const std::string& path) {
     const std::size_t point = path.find_last_of("./\\");
     if (point == std::string::npos || path[point] != '.')
@@ -42,15 +52,6 @@ std::string extensionOf(const std::string& path) {
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return extension;
 }
-
-std::string namesOfFormats() {
-    std::string names;
-    for (const Format* format : kFormats)
-        names += (names.empty() ? "" : ", ") + std::string(format->name);
-    return names;
-}
-
-}  // namespace
 
 const Format& findFormat(const std::string& path) {
     const std::string head = readHead(path);

@@ -6,11 +6,30 @@
 #include <new>
 #include <sstream>
 
+#include "cadence_format.h"
 #include "format.h"
 
 namespace kvocaeio::host {
 
 namespace {
+
+struct Opened {
+    std::string_view format;
+    std::unique_ptr<Report> report;
+};
+
+Opened openFile(const std::string& path, const InfoOptions&, PrintTarget progress) {
+    const Format& format = findFormat(path);
+    return {format.name, format.read(path, progress)};
+}
+
+Opened openDesign(const std::string& path, const InfoOptions& options, PrintTarget progress) {
+    return {kCadenceFormat.name, readDesign(path, options.tool, options.toolFolder, progress)};
+}
+
+Opened openReports(const std::string& path, const InfoOptions&, PrintTarget progress) {
+    return {kCadenceFormat.name, readDesignReports(path, progress)};
+}
 
 void complain(const std::string& file, const std::string& what) {
     std::cerr << "kvocaeio: " << file << ": " << what << '\n';
@@ -22,17 +41,31 @@ bool writeOut(const std::string& text) {
            std::fflush(stdout) == 0;
 }
 
-/// The report of one file, written to `text` or added to `json`. Throws what stops it.
-std::string report(const std::string& file, const InfoOptions& options, std::ostream& text,
-                   Json& json) {
-    const Format& format = findFormat(file);
-    const auto report =
-        format.read(file, options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere);
+/// What one report is to be made of.
+struct Job {
+    std::string path;
+    Opened (*open)(const std::string& path, const InfoOptions& options, PrintTarget progress);
+};
+
+std::vector<Job> jobsOf(const InfoOptions& options) {
+    std::vector<Job> jobs;
+    for (const std::string& file : options.files)
+        jobs.push_back({file, options.tool.empty() ? openFile : openDesign});
+    if (!options.reportsFolder.empty())
+        jobs.push_back({options.reportsFolder, openReports});
+    return jobs;
+}
+
+/// The report of one job, written to `text` or added to `json`; what went wrong in spite of it.
+/// Throws what stops it.
+std::string report(const Job& job, const InfoOptions& options, std::ostream& text, Json& json) {
+    const auto [format, report] = job.open(
+        job.path, options, options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere);
     if (options.json) {
-        json["format"] = format.name;
+        json["format"] = format;
         report->addTo(json);
     } else {
-        text << file << '\n' << "  " << format.name << '\n';
+        text << job.path << '\n' << "  " << format << '\n';
         report->print(text);
     }
     return report->failure();
@@ -43,19 +76,19 @@ std::string report(const std::string& file, const InfoOptions& options, std::ost
 bool runInfo(const InfoOptions& options) {
     bool good = true;
     Json reports = Json::array();
-    for (const std::string& file : options.files) {
+    for (const Job& job : jobsOf(options)) {
         std::ostringstream text;
-        Json json = {{"file", file}};
+        Json json = {{"file", job.path}};
         std::string failure;
         try {
-            failure = report(file, options, text, json);
+            failure = report(job, options, text, json);
         } catch (const std::bad_alloc&) {
             failure = "there is not enough memory to read it";
         } catch (const FileError& error) {
             failure = error.what();
         }
         if (!failure.empty()) {
-            complain(file, failure);
+            complain(job.path, failure);
             json["error"] = failure;
             good = false;
         }

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the library and its host on Linux and shows what they read of the sample files.
+# Builds the library and its host on Linux and shows what they read of the sample files, and what they
+# write of one.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -7,8 +8,16 @@ scripts/setup.sh build
 cmake --preset linux-release
 cmake --build --preset linux-release --target kvocaeio
 
-shopt -s nullglob
-for file in examples/data/*.inp; do
+host=build/linux-release/bin/kvocaeio
+for file in examples/data/*.{inp,bdf,pat,3di}; do
     printf '\n== %s\n' "$file"
-    build/linux-release/bin/kvocaeio info "$file"
+    "$host" info "$file"
 done
+printf '\n== examples/data/reports\n'
+"$host" info --reports examples/data/reports
+
+converted=$(mktemp -d)
+trap 'rm -rf "$converted"' EXIT
+printf '\n== examples/data/housing.inp converted\n'
+"$host" convert examples/data/housing.inp "$converted/housing.nas"
+"$host" convert examples/data/housing.inp "$converted/housing.pat"

@@ -20,7 +20,7 @@ TEST(CommandLine, HelpNamesTheCommandAndTheExitCodes) {
     const Outcome outcome = runHost({"--help"});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_THAT(outcome.output, HasSubstr("info"));
-    EXPECT_THAT(outcome.output, HasSubstr("Exit code: 0 all files were read"));
+    EXPECT_THAT(outcome.output, HasSubstr("Exit code: 0 all files were read or written"));
     EXPECT_EQ(outcome.errors, "");
 }
 
@@ -77,7 +77,8 @@ TEST(InfoFailure, EmptyFile) {
 TEST(InfoFailure, TextOfNoFormat) {
     const TempFolder folder;
     EXPECT_EQ(complaintOn(folder.write("letter.txt", "Dear reader,\n*NODES are points.\n")),
-              "holds nothing that is known here (known formats: Abaqus input deck)\n");
+              "holds nothing that is known here (known formats: Abaqus input deck, Patran neutral "
+              "file, Nastran bulk data, 3DI package, Cadence design)\n");
 }
 
 TEST(InfoFailure, DeckWithoutAMesh) {

@@ -1,0 +1,31 @@
+/// Calls into the library, timed, with what it prints sent elsewhere.
+#pragma once
+
+#include <chrono>
+
+#include "platform.h"
+
+namespace kvocaeio::host {
+
+/// Sends what the library prints elsewhere, as long as it lives.
+class Redirection {
+  public:
+    explicit Redirection(PrintTarget target) : token_(redirectStandardOutput(target)) {}
+    ~Redirection() { restoreStandardOutput(token_); }
+    Redirection(const Redirection&) = delete;
+    Redirection& operator=(const Redirection&) = delete;
+
+  private:
+    int token_;
+};
+
+/// Runs `work` with the library's output sent to `progress` and gives the seconds that it took.
+template <class Work>
+double timed(PrintTarget progress, const Work& work) {
+    const Redirection redirection(progress);
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+}  // namespace kvocaeio::host
