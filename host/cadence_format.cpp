@@ -1,11 +1,8 @@
 /// Cadence designs, read through an extraction tool or from its reports.
 #include "cadence_format.h"
 
-#include <algorithm>
 #include <array>
-#include <filesystem>
 #include <stdexcept>
-#include <system_error>
 
 #include "format.h"
 #include "package_report.h"
@@ -17,21 +14,6 @@ namespace kvocaeio::host {
 namespace {
 
 constexpr std::array<std::string_view, 3> kExtensions = {".mcm", ".sip", ".brd"};
-
-// The library reads the reports where it has put the tool's command files.
-constexpr std::array<const char*, 3> kReports = {"CmdFile1.txt", "CmdFile2.txt", "CmdFile3.txt"};
-
-/// No cell of a report, and so no name, is longer than the largest report.
-std::size_t nameRoom(const std::string& folder) {
-    std::uintmax_t room = 0;
-    for (const char* name : kReports) {
-        std::error_code error;
-        const std::uintmax_t size = std::filesystem::file_size(folder + "/" + name, error);
-        if (!error)
-            room = std::max(room, size);
-    }
-    return std::max<std::size_t>(static_cast<std::size_t>(room), sizeof "SUBSTRATE") + 1;
-}
 
 std::unique_ptr<Report> import(CKVOCadenceReader& reader, const std::string& path,
                                const std::string& folder, PrintTarget progress) {
@@ -48,8 +30,7 @@ std::unique_ptr<Report> import(CKVOCadenceReader& reader, const std::string& pat
             failure = "the report CmdFile2.txt in " + folder + " has no job line";
         }
     });
-    auto report =
-        std::make_unique<PackageReport>(reader, PackageSource::kCadence, nameRoom(folder));
+    auto report = std::make_unique<PackageReport>(reader, PackageSource::kCadence);
     report->seconds = seconds;
     report->importFailure = failure;
     return report;

@@ -18,9 +18,6 @@ constexpr std::array<std::string_view, 5> kFirstWords = {"3DI", "GEOMETRIES", "G
                                                          "WIRE_MODELS"};
 constexpr std::array<std::string_view, 3> kTables = {"COLOR", "OBJECT", "LAYER"};
 
-// The longest name that a 3DI file can give, terminator included.
-constexpr std::size_t kNameRoom = 1024;
-
 bool recognises(std::string_view head) {
     return anyLine(head, [](std::string_view line) {
         const std::string_view first = firstWord(line);
@@ -48,7 +45,7 @@ std::unique_ptr<Report> read(const std::string& path, PrintTarget progress) {
                 "behind it and all wires are missing";
         }
     });
-    auto report = std::make_unique<PackageReport>(reader, PackageSource::k3di, kNameRoom);
+    auto report = std::make_unique<PackageReport>(reader, PackageSource::k3di);
     report->seconds = seconds;
     report->importFailure = failure;
     return report;

@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <iomanip>
 #include <map>
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 
@@ -17,6 +16,9 @@
 namespace kvocaeio::host {
 
 namespace {
+
+// The longest name that a file or report can give, terminator included.
+constexpr std::size_t kNameRoom = 1024;
 
 double lengthOf(const std::vector<double>& points) {
     double length = 0.0;
@@ -66,20 +68,18 @@ std::string PackageReport::colorOf(const PackageBody& body) const {
     return source_ == PackageSource::k3di ? colorText(body.color) : "";
 }
 
-PackageReport::PackageReport(CKVOCadenceReader& reader, PackageSource source, std::size_t nameRoom)
-    : source_(source) {
-    takeBodies(reader, nameRoom);
+PackageReport::PackageReport(CKVOCadenceReader& reader, PackageSource source) : source_(source) {
+    takeBodies(reader);
     takeWires(reader);
 }
 
-void PackageReport::takeBodies(CKVOCadenceReader& reader, std::size_t nameRoom) {
-    const auto name = std::make_unique_for_overwrite<char[]>(nameRoom);
+void PackageReport::takeBodies(CKVOCadenceReader& reader) {
+    char name[kNameRoom];
     for (int i = 0; i < reader.GetComponentCount(); ++i) {
         PackageBody body{};
         int isBall = 0;
-        reader.GetComponentData(i, name.get(), isBall, body.center.data(), body.size.data(),
-                                body.color);
-        body.name = name.get();
+        reader.GetComponentData(i, name, isBall, body.center.data(), body.size.data(), body.color);
+        body.name = name;
         body.isBall = isBall != 0;
         body.kind = kindOf(body);
         bodies_.push_back(std::move(body));

@@ -37,9 +37,8 @@ enum class PackageSource { k3di, kCadence };
 
 class PackageReport final : public Report {
   public:
-    /// Takes over what an import has left. `nameRoom`: characters of the longest name that there
-    /// can be, terminator included.
-    PackageReport(CKVOCadenceReader& reader, PackageSource source, std::size_t nameRoom);
+    /// Takes over what an import has left.
+    PackageReport(CKVOCadenceReader& reader, PackageSource source);
 
     double seconds = 0.0;
     std::string importFailure;
@@ -49,7 +48,7 @@ class PackageReport final : public Report {
     std::string failure() const override { return importFailure; }
 
   private:
-    void takeBodies(CKVOCadenceReader& reader, std::size_t nameRoom);
+    void takeBodies(CKVOCadenceReader& reader);
     void takeWires(CKVOCadenceReader& reader);
     std::string kindOf(const PackageBody& body) const;
     std::string colorOf(const PackageBody& body) const;
