@@ -11,39 +11,39 @@
 
 namespace kvocaeio {
 
-/// Cells in the order in which they were appended, in chunks of equal number. A report may have a
-/// cell per byte, so a cell costs four bytes beside its text.
+/// Cells of at most a line's length, in the order in which they were appended, in chunks of equal
+/// number. A report may have a cell per byte, so a cell costs four bytes beside its text.
 class CellList {
   public:
-    std::size_t size() const {
-        return chunks_.empty() ? 0
-                               : (chunks_.size() - 1) * kChunkLength + chunks_.back().ends.size();
-    }
+    std::size_t size() const { return size_; }
 
-    /// Appends a cell of at most a line's length.
     void append(std::string_view cell) {
-        if (size() == chunks_.size() * kChunkLength) {
-            if (!chunks_.empty())
-                chunks_.back().text.shrink_to_fit();
-            chunks_.emplace_back();
-        }
-        Chunk& chunk = chunks_.back();
-        chunk.ends.reserve(kChunkLength);
+        Chunk& chunk = chunkWithRoom();
         chunk.text.append(cell);
-        chunk.ends.push_back(static_cast<std::uint32_t>(chunk.text.size()));
+        chunk.ends[size_++ % kChunkLength] = static_cast<std::uint32_t>(chunk.text.size());
     }
 
-    /// For an index that is known to be inside. The text stays until the next `append`.
+    /// Appends the cells of a line, each of which is ended by `delimiter`: what stands behind the
+    /// last one belongs to none. Gives their number.
+    std::size_t appendLine(std::string_view line, char delimiter) {
+        const std::size_t before = size_;
+        line = line.substr(0, line.rfind(delimiter) + 1);
+        while (!line.empty())
+            line.remove_prefix(fillChunk(line, delimiter));
+        return size_ - before;
+    }
+
+    /// For an index that is known to be inside. The text stays until the list changes.
     std::string_view operator[](std::size_t index) const {
         const Chunk& chunk = chunks_[index / kChunkLength];
         const std::size_t place = index % kChunkLength;
         const std::size_t start = place == 0 ? 0 : chunk.ends[place - 1];
-        return std::string_view(chunk.text).substr(start, chunk.ends[place] - start);
+        return {chunk.text.data() + start, chunk.ends[place] - start};
     }
 
     /// For any index. Throws the error of `throwBadSubscript`.
     std::string_view at(std::size_t index) const {
-        if (index >= size())
+        if (index >= size_)
             throwBadSubscript();
         return (*this)[index];
     }
@@ -56,7 +56,42 @@ class CellList {
         std::vector<std::uint32_t> ends;  // of each cell in `text`; the first one starts at 0
     };
 
+    Chunk& chunkWithRoom() {
+        if (size_ == chunks_.size() * kChunkLength) {
+            if (!chunks_.empty())
+                chunks_.back().text.shrink_to_fit();
+            chunks_.push_back({{}, std::vector<std::uint32_t>(kChunkLength)});
+        }
+        return chunks_.back();
+    }
+
+    // Appends the first cells of a line, as many as the chunk has room for. Gives how many
+    // characters they are with their delimiters.
+    std::size_t fillChunk(std::string_view cells, char delimiter) {
+        Chunk& chunk = chunkWithRoom();
+        std::size_t end = chunk.text.size();
+        chunk.text.resize(end + cells.size());
+        char* const text = chunk.text.data();
+        std::uint32_t* const ends = chunk.ends.data();
+        const std::size_t first = size_ % kChunkLength;
+        std::size_t place = first;
+        std::size_t read = 0;
+        // Every character is written at the end of the text and the end of the text to the cell in
+        // hand, since no processor foresees where the delimiters stand.
+        for (; read < cells.size() && place < kChunkLength; ++read) {
+            const auto isDelimiter = static_cast<std::size_t>(cells[read] == delimiter);
+            text[end] = cells[read];
+            ends[place] = static_cast<std::uint32_t>(end);
+            end += 1 - isDelimiter;
+            place += isDelimiter;
+        }
+        chunk.text.resize(end);
+        size_ += place - first;
+        return read;
+    }
+
     std::vector<Chunk> chunks_;
+    std::size_t size_ = 0;
 };
 
 }  // namespace kvocaeio

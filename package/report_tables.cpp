@@ -44,18 +44,13 @@ CellList* listOf(const ReportTables& tables, char tag, std::size_t report) {
 
 // Stores a line's cells. False where nothing behind the line is to be read.
 bool readReportLine(const ReportTables& tables, std::string_view line, std::size_t report) {
-    std::size_t end = line.find(kDelimiter);
-    if (end == std::string_view::npos)
+    const std::size_t tagLength = line.find(kDelimiter);
+    if (tagLength == std::string_view::npos)
         return true;
-    CellList* const cells = end == 1 ? listOf(tables, line.front(), report) : nullptr;
+    CellList* const cells = tagLength == 1 ? listOf(tables, line.front(), report) : nullptr;
     if (cells == nullptr)
         return false;
-    std::size_t count = 0;
-    for (std::size_t start = 0; end != std::string_view::npos; end = line.find(kDelimiter, start)) {
-        cells->append(line.substr(start, end - start));
-        start = end + 1;
-        ++count;
-    }
+    const std::size_t count = cells->appendLine(line, kDelimiter);
     return cells != &(*tables.dataCells)[report] || count == (*tables.headerCells)[report].size();
 }
 
