@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <initializer_list>
 #include <string>
-#include <string_view>
+#include <utility>
 
 #include "package/model.h"
 #include "text/file.h"
