@@ -1,4 +1,4 @@
-/// The bodies of a package, kept in little more memory than the lines that they come of.
+/// The bodies of a package, kept compactly.
 #pragma once
 
 #include <algorithm>

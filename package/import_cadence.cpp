@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <initializer_list>
 #include <string>
-#include <utility>
 
 #include "package/model.h"
 #include "text/file.h"
@@ -30,7 +29,7 @@ void runTool(std::initializer_list<String> words) {
             commandLine += static_cast<typename String::value_type>(' ');
         commandLine += word;
     }
-    text::runProgram(std::move(commandLine));
+    text::runProgram(commandLine);
 }
 
 // Extracts the reports of a design, with one form of the paths. False where no design is given or

@@ -71,10 +71,11 @@ class CKVOCadenceReaderImp {
     int FindColumn(int index, const char* name) const;
 
     /// Replaces the bodies by those of the reports, as the kind of design asks for. False where the
-    /// kind is unknown or a report lacks a column.
+    /// kind is unknown or a report lacks a column. Throws as the readings of the reports do.
     bool ReadReports();
-    /// Each of these gives false while `components` is absent and where a column is missing. They
-    /// throw the error of `throwBadSubscript` where the report's job line names no design.
+    /// Each of these gives false while `components` is absent and where a column is missing. Those
+    /// of symbols and layers throw the error of `throwBadSubscript` where the report has no job
+    /// line that names the design.
     bool ReadSymbolReport();
     bool ReadDieStackReport();
     bool ReadLayerReport();

@@ -24,10 +24,10 @@ bool isReadableAndWritable(const char* path) noexcept;
 /// inherited). Off Windows the command line is split at its blanks, without a shell and without
 /// quoting, and its first word is sought in the PATH where it names no folder. Nothing tells
 /// whether the program could be started or how it ended.
-void runProgram(std::string commandLine);
+void runProgram(const std::string& commandLine);
 
 /// The same by a wide command line: UTF-8 encoded off Windows, where one without a UTF-8 form
 /// starts nothing.
-void runProgram(std::wstring commandLine);
+void runProgram(const std::wstring& commandLine);
 
 }  // namespace kvocaeio::text

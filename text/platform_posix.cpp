@@ -7,13 +7,10 @@
 #include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
 #include <vector>
 
 #include "text/file.h"
 #include "text/platform.h"
-
-extern char** environ;
 
 namespace kvocaeio::text {
 
@@ -87,10 +84,11 @@ void deleteFile(const wchar_t* path) noexcept {
     }
 }
 
-void runProgram(std::string commandLine) {
+void runProgram(const std::string& commandLine) {
+    std::string words = commandLine;
     std::vector<char*> arguments;
     bool inside = false;
-    for (char& c : commandLine) {
+    for (char& c : words) {
         if (c == ' ')
             c = '\0';
         else if (!inside)
@@ -108,10 +106,10 @@ void runProgram(std::string commandLine) {
     }
 }
 
-void runProgram(std::wstring commandLine) {
+void runProgram(const std::wstring& commandLine) {
     std::string narrow;
     if (toUtf8(commandLine, narrow))
-        runProgram(std::move(narrow));
+        runProgram(narrow);
 }
 
 }  // namespace kvocaeio::text

@@ -3,7 +3,6 @@
 #include <io.h>
 #include <string>
 #include <wchar.h>
-
 #include <windows.h>
 
 #include "text/file.h"
@@ -61,19 +60,21 @@ void deleteFile(const wchar_t* path) noexcept {
     DeleteFileW(path);
 }
 
-void runProgram(std::string commandLine) {
+void runProgram(const std::string& commandLine) {
+    std::string line = commandLine;  // the system may write to it
     auto startup = hidden<STARTUPINFOA>();
     PROCESS_INFORMATION process{};
-    if (CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE,
-                       nullptr, nullptr, &startup, &process) != 0)
+    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE, nullptr,
+                       nullptr, &startup, &process) != 0)
         waitForEnd(process);
 }
 
-void runProgram(std::wstring commandLine) {
+void runProgram(const std::wstring& commandLine) {
+    std::wstring line = commandLine;
     auto startup = hidden<STARTUPINFOW>();
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE,
-                       nullptr, nullptr, &startup, &process) != 0)
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE, nullptr,
+                       nullptr, &startup, &process) != 0)
         waitForEnd(process);
 }
 

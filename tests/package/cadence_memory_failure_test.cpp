@@ -64,7 +64,7 @@ class CadenceMemoryFailure : public testing::Test {
                                          "!0!0!1!1!0.2!0.3!\n");
     }
 
-    // Imports with so many allocations; `used` tells whether they were too few.
+    // Imports with so many allocations; `short_` tells whether all of them were used.
     template <class Char>
     bool importWith(CKVOCadenceReader& reader, const Char* design, long allocations) {
         granted = allocations;
