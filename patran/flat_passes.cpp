@@ -112,6 +112,7 @@ void DataPass::readProperty() {
 void DataPass::readSummary() {
     lines_.header = HeaderCard();
     lines_.header.readFixed(lines_.line());
+    mesh_ = FlatMesh();
     mesh_.nodeCount = header_.n1;
     mesh_.elemCount = header_.n2;
     mesh_.propertyCount = header_.n4;
