@@ -99,6 +99,10 @@ std::string_view namePart(std::string_view text) {
     return holdsCapital(front) ? text.substr(0, kFront + 1) : std::string_view();
 }
 
+bool becomesTube(std::string_view text) {
+    return text.find("TUB-") != std::string_view::npos;
+}
+
 bool readFixedField(std::string_view field, int& value) {
     constexpr std::size_t kDigitsThatFit = 9;
     field = text::trimBlanks(field);
@@ -122,9 +126,11 @@ CardCode CardParser::parse(std::string_view card, bool merged) {
         computePropertyValue(rule->value);
         return rule->code;
     }
-    // The normalisation of a single line makes no names.
-    if (rule == nullptr && ruleInText(namePart(card)) == nullptr)
-        return CardCode::kNone;
+    if (rule == nullptr) {
+        const std::string_view names = namePart(card);
+        if (ruleInText(names) == nullptr && !becomesTube(names))
+            return CardCode::kNone;
+    }
     return parseText(card);
 }
 
@@ -190,7 +196,7 @@ bool CardParser::readFixedHexa(std::string_view card) {
             return false;
     }
     text_.normalise(back, LineFeeds::kDrop);
-    text_.clearHexFiller();
+    text_.clearHexFiller(' ');
     std::ranges::copy(read, numbers_.ints.begin());
     text::Scan scan(text_.view());
     for (std::size_t i = 0; i < kOnSecondLine; ++i)

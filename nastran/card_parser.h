@@ -46,6 +46,10 @@ const CardRule* ruleOfFirstField(std::string_view card);
 /// The front of a text that holds all names standing in it; empty where it has no capital letter.
 std::string_view namePart(std::string_view text);
 
+/// Whether the normalisation may make a "CTUBE" or "PTUBE" of what stands in the text, by the "E"
+/// before a minus sign. It makes no other names of a single line.
+bool becomesTube(std::string_view text);
+
 /// Whether one of `names` stands anywhere in the text.
 template <class Names>
 bool holdsAny(std::string_view text, const Names& names) {

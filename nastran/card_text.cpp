@@ -87,11 +87,10 @@ void CardText::normalise(std::string_view raw, LineFeeds lineFeeds) {
         putField(field.data(), field.length());
 }
 
-void CardText::clearHexFiller() {
+void CardText::clearHexFiller(char before) {
     char* const first = text_.data();
     char* const last = first + length_;
     bool kept = false;
-    char before = ' ';  // a zero at the very start stands behind the field before it
     for (char* at = first; at != last; before = *at++) {
         const bool zero = *at == '0' && before == ' ';
         const bool label = *at == 'E' && at + 1 != last && at[1] == 'L';

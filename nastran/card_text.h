@@ -38,8 +38,8 @@ class CardText {
 
     /// Wipes the zeros and "EL" labels that the two lines of a `CHEXA` card leave between its
     /// numbers: the first of them is kept, later ones become blanks, and an "EL" takes what follows
-    /// it along.
-    void clearHexFiller();
+    /// it along. `before` is what stands in front of the text, where it is the rest of one.
+    void clearHexFiller(char before = '\0');
 
     std::string_view view() const { return {text_.data(), length_}; }
 

@@ -149,7 +149,7 @@ DeckExtent scanIdentifiers(std::FILE* deck) {
         if (names.empty() || line.starts_with('$') || raiseFromFixedFields(line, names, extent))
             continue;
         const CardFamilies families = familiesIn(names);
-        if (!families.grid && !families.element)
+        if (!families.grid && !families.element && !becomesTube(names))
             continue;
         text.normalise(line, LineFeeds::kKeep);
         raiseFromText(text.view(), familiesIn(text.view()), extent);

@@ -1,0 +1,69 @@
+/// Fuzz target: any bytes as a Nastran deck, read twice and asked for all that came of it.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "support/files.h"
+#include <kvocaeio/nastran.h>
+
+namespace {
+
+// Every value handed out goes in here, so that none is left unread.
+volatile double seen = 0.0;
+
+// Arrays have a row for each number up to the largest one: six digits make them large enough.
+bool asksForGiantArrays(std::string_view bytes) {
+    int digits = 0;
+    for (const char c : bytes) {
+        digits = c >= '0' && c <= '9' ? digits + 1 : 0;
+        if (digits > 6)
+            return true;
+    }
+    return false;
+}
+
+// The rows that most decks use, and the last one.
+template <class Number>
+void lookAt(const Number* vector, int rows, std::size_t width) {
+    constexpr std::size_t kRows = 2000;
+    const std::size_t count = static_cast<std::size_t>(rows) * width;
+    for (std::size_t i = 0; i < std::min(count, kRows * width); ++i)
+        seen = static_cast<double>(vector[i]);
+    if (count > 0)
+        seen = static_cast<double>(vector[count - 1]);
+}
+
+void lookAtAll(KVONASTRAN_Reader& reader) {
+    lookAt(reader.GetNodeVector(), reader.GetNodeCout(), 4);
+    lookAt(reader.GetElemVector(), reader.GetElemCout(), 9);
+    lookAt(reader.GetSectionVector(), reader.GetSectionCout(), 3);
+    const int materials = reader.GetPropertiesCout();
+    if (materials < 0 || materials > reader.GetSectionCout() ||
+        materials != reader.GetPropertiesCout())
+        std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const kvocaeio::test::TempFolder folder;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    if (asksForGiantArrays(bytes))
+        return -1;
+    const std::string path = folder.write("deck.nas", bytes);
+    KVONASTRAN_Reader reader;
+    const bool read = reader.SetFilePath(path.c_str());
+    if (read != (reader.GetNodeCout() > 0 && reader.GetElemCout() > 0))
+        std::abort();
+    lookAtAll(reader);
+    const float* const nodes = reader.GetNodeVector();
+    const int count = reader.GetNodeCout();
+    if (reader.SetFilePath(path.c_str()) != read)
+        std::abort();
+    lookAtAll(reader);
+    // What the first reading handed out is still there.
+    lookAt(nodes, count, 4);
+    return 0;
+}

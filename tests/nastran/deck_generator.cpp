@@ -1,0 +1,283 @@
+/// Random Nastran decks.
+#include "nastran/deck_generator.h"
+
+#include <algorithm>
+
+namespace kvocaeio::test {
+
+DeckGenerator::DeckGenerator(std::uint64_t seed) : random_(seed) {
+    constexpr Layout kLayouts[] = {Layout::kFixed,  Layout::kFixed,  Layout::kFixed,
+                                   Layout::kCommas, Layout::kCommas, Layout::kBlanks};
+    layout_ = kLayouts[random_.below(6)];
+    maxId_ = random_.oneIn(30) ? 3000 : 3 + random_.below(60);
+    mutationsOneIn_ = random_.oneIn(8) ? 2 : random_.oneIn(3) ? 1000 : 15;
+    rightAligned_ = !random_.oneIn(4);
+}
+
+std::string DeckGenerator::deck() {
+    std::vector<std::string> lines;
+    const auto add = [&](const std::vector<std::string>& more) {
+        lines.insert(lines.end(), more.begin(), more.end());
+    };
+    for (std::size_t cards = 1 + random_.below(11); cards > 0; --cards)
+        add(card());
+    for (std::string& line : lines)
+        if (random_.oneIn(mutationsOneIn_))
+            mutate(line);
+    // Without these two a deck is not read at all.
+    for (const char* needed : {"GRID           2       0     0.5    1.25     -3.\n",
+                               "CTETRA         2       1       1       2       3       4\n"})
+        if (!random_.oneIn(10))
+            lines.insert(lines.begin() + static_cast<int>(random_.below(lines.size() + 1)), needed);
+    if (random_.oneIn(8))
+        lines.push_back(random_.oneIn(2) ? "CHEXA," + id() + ",1,1,2,3,4,5,6\n"
+                                         : "CHEXA          3       1       1       2       3" +
+                                               std::string("       4       5       6\n"));
+    const bool carriageReturns = random_.oneIn(10);
+    std::string deck;
+    for (const std::string& line : lines) {
+        deck += line;
+        if (carriageReturns && deck.ends_with('\n'))
+            deck.insert(deck.size() - 1, "\r");
+    }
+    if (random_.oneIn(4) && deck.ends_with('\n'))
+        deck.pop_back();
+    return deck;
+}
+
+std::vector<std::string> DeckGenerator::card() {
+    switch (random_.below(12)) {
+        case 0:
+            return {remark() + "\n"};
+        case 1:
+        case 2:
+        case 3:
+        case 4:
+            return laidOut(gridFields());
+        case 5:
+        case 6:
+        case 7:
+        case 8:
+            return laidOut(elementFields());
+        default:
+            return laidOut(propertyFields());
+    }
+}
+
+void DeckGenerator::mutate(std::string& line) {
+    constexpr const char* kPieces[] = {
+        " ",    ",",        "+",    "-",  ".",    "0",    "7",        "E",        "L",   "EL",
+        "$",    "\t",       "\r",   "E-", "e+",   "--",   "x",        "CHEX",     "A",   "*",
+        "GRID", "        ", " 0",   "\n", "-5",   ",,",   "+EL",      "nan",      "INF", "0x1.8p2",
+        "e5",   "1e39",     "\x80", "=",  "PROD", "CBAR", "99999999", "00000000", "inf "};
+    for (std::size_t changes = 1 + random_.below(3); changes > 0; --changes) {
+        const std::size_t at = random_.below(line.size() + 1);
+        const std::size_t length = random_.below(line.size() - at + 1);
+        switch (random_.below(16)) {
+            case 0:
+                line.erase(at, random_.oneIn(2) ? 1 : length);
+                break;
+            case 1:
+                line.insert(at, line.substr(at, length));
+                break;
+            case 2:
+                line.insert(at, 1, '\0');
+                break;
+            case 3: {  // about the bound of a line, or twice that
+                const std::size_t wanted = (random_.oneIn(3) ? 506 : 252) + random_.below(7);
+                if (wanted > line.size())
+                    line.insert(at, wanted - line.size(), " ,0x"[random_.below(4)]);
+                break;
+            }
+            case 4:
+                line.insert(at, random_.below(12), ' ');
+                break;
+            case 5:
+            case 6:
+            case 7:
+            case 8:
+                line.insert(at, oneOf(kPieces));
+                break;
+            default: {
+                const std::string piece = oneOf(kPieces);
+                line.replace(at, std::min(piece.size(), line.size() - at), piece);
+            }
+        }
+    }
+}
+
+std::string DeckGenerator::junk() {
+    std::string text;
+    for (std::size_t count = random_.below(random_.oneIn(4) ? 300 : 90); count > 0; --count)
+        text += "          0000,,+--.eEELL12\n\tAx"[random_.below(31)];
+    return text;
+}
+
+std::string DeckGenerator::id() {
+    if (random_.oneIn(40)) {
+        constexpr const char* kOdd[] = {"0", "-1", "00000012", "+7", "1.5", "", "A", "12345678"};
+        return oneOf(kOdd);
+    }
+    return std::to_string(1 + random_.below(maxId_));
+}
+
+std::string DeckGenerator::nodeId() {
+    if (random_.oneIn(12))
+        return std::to_string(random_.below(100000000));  // up to a full field
+    return id();
+}
+
+std::string DeckGenerator::real() {
+    constexpr const char* kReals[] = {
+        "0.",       "1.5",      "-2.25",    ".5",      "-.125",  "3.",     "100.125", "1.5-3",
+        "2.5+2",    "1.5E-3",   "1.0E+3",   "-1.25-4", "1e2",    "7",      "-0.",     "1.-1",
+        "-1.234-5", "12345.67", "0.333333", "4.E1",    "1.E-10", "25.4",   "1000.",   "1.5D3",
+        "",         "abc",      "nan",      "inf",     "0x1p3",  "1e400",  "1.5e",    "1e-5",
+        "9.999999", "16777217", "8.5-2",    "3.14159", "1.-30",  "2.E+08", "0.001",   "1-"};
+    return random_.oneIn(3)
+               ? oneOf(kReals)
+               : std::to_string(random_.below(1000)) + "." + std::to_string(random_.below(10000));
+}
+
+std::vector<std::string> DeckGenerator::gridFields() {
+    constexpr const char* kSystems[] = {"", "", "0", "0", "1", "12"};
+    std::vector<std::string> fields{"GRID", id(), oneOf(kSystems), real(), real(), real()};
+    if (random_.oneIn(4))
+        fields.push_back(oneOf(kSystems));
+    return fields;
+}
+
+std::vector<std::string> DeckGenerator::elementFields() {
+    struct Kind {
+        const char* name;
+        std::size_t nodes;
+    };
+    constexpr Kind kKinds[] = {{"CTETRA", 4}, {"CTETRA", 10}, {"CPENTA", 6}, {"CPENTA", 15},
+                               {"CHEXA", 8},  {"CHEXA", 8},   {"CHEXA", 8},  {"CHEXA", 20},
+                               {"CBAR", 2},   {"CBEAM", 2},   {"CROD", 2},   {"CTUBE", 2},
+                               {"CQUAD4", 4}, {"CQUAD8", 8},  {"CTRIA3", 3}, {"CSHEAR", 4}};
+    const Kind kind = kKinds[random_.below(16)];
+    std::vector<std::string> fields{kind.name, id(), id()};
+    for (std::size_t i = 0; i < kind.nodes; ++i)
+        fields.push_back(nodeId());
+    if (random_.oneIn(20))
+        fields.resize(1 + random_.below(fields.size()));
+    return fields;
+}
+
+std::vector<std::string> DeckGenerator::propertyFields() {
+    constexpr const char* kNames[] = {"PROD",   "PTUBE",  "PBAR",   "PBARL", "PBEAM",
+                                      "PSHELL", "PSHEAR", "PSOLID", "PSOLID"};
+    std::vector<std::string> fields{oneOf(kNames),
+                                    random_.oneIn(12) ? id() : std::to_string(nextProperty_++),
+                                    random_.oneIn(4) ? id() : std::to_string(1 + random_.below(3))};
+    for (std::size_t count = random_.below(6); count > 0; --count)
+        fields.push_back(real());
+    return fields;
+}
+
+std::string DeckGenerator::remark() {
+    constexpr const char* kRemarks[] = {"$ a comment",
+                                        "$ CHEXA cards from here on",
+                                        "$CQUAD8",
+                                        "",
+                                        "        ",
+                                        "SOL 101",
+                                        "CEND",
+                                        "TITLE = CHEXA MODEL",
+                                        "DISPLACEMENT(SORT1,REAL)=ALL",
+                                        "BEGIN BULK",
+                                        "PARAM,POST,-1",
+                                        "MAT1           1 210000.             0.3  7.85-9",
+                                        "MAT1,1,2.1+5,,0.3",
+                                        "CORD2R         1       0      0.      0.      0.      0.",
+                                        "+A            1.      0.      1.",
+                                        "PLOAD4         5       9     1.5     0.0     0.0 CTETRA",
+                                        "INCLUDE 'GRID.dat'",
+                                        "X              5       6 PBEAM",
+                                        " GRID          3       0     1.0     2.0     3.0",
+                                        "grid           3       0     1.0     2.0     3.0",
+                                        "FORCE          2       7       0   100.0     0.0     0.0",
+                                        "SPC1           1  123456       1    THRU      99",
+                                        "ENDDATA"};
+    return oneOf(kRemarks);
+}
+
+std::vector<std::string> DeckGenerator::laidOut(const std::vector<std::string>& fields) {
+    const Layout layout = random_.oneIn(10) ? static_cast<Layout>(random_.below(4)) : layout_;
+    switch (layout) {
+        case Layout::kFixed:
+            return inColumns(fields, 8);
+        case Layout::kLarge:
+            return inColumns(fields, 16);
+        case Layout::kCommas:
+            return inCommas(fields);
+        default:
+            return {inBlanks(fields)};
+    }
+}
+
+std::string DeckGenerator::placed(const std::string& field, std::size_t width) {
+    if (field.size() >= width)
+        return field.substr(0, width);
+    const std::size_t room = width - field.size();
+    std::size_t before = rightAligned_ ? room : 0;
+    if (random_.oneIn(16))
+        before = random_.below(room + 1);
+    return std::string(before, ' ') + field + std::string(room - before, ' ');
+}
+
+std::string DeckGenerator::label() {
+    constexpr const char* kLabels[] = {"", "", "", "+", "+EL1", "+EL12345", "EL1", "+A", "*", "+0"};
+    return oneOf(kLabels);
+}
+
+// Eight fields of 8 columns a line, or four of 16, and a mark in the last and the first ones.
+std::vector<std::string> DeckGenerator::inColumns(const std::vector<std::string>& fields,
+                                                  std::size_t width) {
+    const std::string mark = label();
+    std::string line = (fields[0] + (width == 16 ? "*" : "") + "        ").substr(0, 8);
+    std::vector<std::string> lines;
+    for (std::size_t i = 1; i < fields.size(); ++i) {
+        if (line.size() >= 72) {
+            if (!mark.empty() || random_.oneIn(3))
+                line += (mark + "        ").substr(0, random_.oneIn(2) ? 8 : mark.size());
+            lines.push_back(line + "\n");
+            line = (mark + "        ").substr(0, 8);
+        }
+        line += placed(fields[i], width);
+    }
+    if (!rightAligned_ && random_.oneIn(3))
+        line.erase(line.find_last_not_of(' ') + 1);
+    lines.push_back(line + "\n");
+    return lines;
+}
+
+std::vector<std::string> DeckGenerator::inCommas(const std::vector<std::string>& fields) {
+    const std::size_t width = random_.oneIn(3) ? 7 + random_.below(2) : 0;
+    const std::size_t perLine = random_.oneIn(4) ? 6 + random_.below(6) : 8;
+    const std::string mark = label();
+    std::string line = fields[0] + std::string(random_.oneIn(3) ? 8 - fields[0].size() : 0, ' ');
+    std::vector<std::string> lines;
+    for (std::size_t i = 1; i < fields.size(); ++i) {
+        if (i > 1 && (i - 1) % perLine == 0) {
+            lines.push_back(line + (mark.empty() ? "" : "," + mark) + "\n");
+            line = random_.oneIn(4) ? std::string(8, ' ') : mark;
+        }
+        line += ",";
+        line += width == 0 ? fields[i] : placed(fields[i], width);
+        if (random_.oneIn(10))
+            line += " ";
+    }
+    lines.push_back(line + "\n");
+    return lines;
+}
+
+std::string DeckGenerator::inBlanks(const std::vector<std::string>& fields) {
+    std::string line;
+    for (const std::string& field : fields)
+        line += field + (random_.oneIn(16) ? "\t" : std::string(1 + random_.below(7), ' '));
+    return line + "\n";
+}
+
+}  // namespace kvocaeio::test

@@ -1,0 +1,185 @@
+/// A reader's life: before a deck, decks that fail, a second deck, copies.
+#include <clocale>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <new>
+#include <string>
+#include <type_traits>
+
+#include "nastran/deck.h"
+#include "support/captured_output.h"
+
+namespace kvocaeio::test {
+namespace {
+
+const std::string kDeck = kGrid + kTetra +
+                          "GRID           2       0     1.5     2.0     3.0\n"
+                          "PSOLID         1       1       3\n";
+
+static_assert(std::has_virtual_destructor_v<KVONASTRAN_Reader>);
+
+// The deck above, as read.
+void expectDeck(const float* nodes, const int* elements, const int* sections) {
+    EXPECT_EQ(nodes[4], 2.0F);
+    EXPECT_EQ(nodes[5], 1.5F);
+    EXPECT_EQ(elements[0], 1);
+    EXPECT_EQ(sections[2], 3);
+}
+
+void expectNothing(KVONASTRAN_Reader& reader) {
+    EXPECT_EQ(reader.GetNodeCout(), 0);
+    EXPECT_EQ(reader.GetElemCout(), 0);
+    EXPECT_EQ(reader.GetSectionCout(), 0);
+    EXPECT_EQ(reader.GetPropertiesCout(), 0);
+    EXPECT_EQ(reader.GetNodeVector(), nullptr);
+    EXPECT_EQ(reader.GetElemVector(), nullptr);
+    EXPECT_EQ(reader.GetSectionVector(), nullptr);
+}
+
+TEST(ReaderLifecycle, ANewReaderHasNothing) {
+    KVONASTRAN_Reader reader;
+    expectNothing(reader);
+}
+
+TEST(ReaderLifecycle, DecksThatDoNotOpenGiveFalse) {
+    TempFolder folder;
+    folder.makeFolder("folder");
+    KVONASTRAN_Reader reader;
+    EXPECT_FALSE(reader.SetFilePath(nullptr));
+    EXPECT_FALSE(reader.SetFilePath(""));
+    EXPECT_FALSE(reader.SetFilePath(folder.file("missing.nas").c_str()));
+    EXPECT_FALSE(reader.SetFilePath(folder.file("folder").c_str()));
+    EXPECT_FALSE(reader.SetFilePath(folder.file(std::string(5000, 'x')).c_str()));
+    expectNothing(reader);
+}
+
+TEST(ReaderLifecycle, ADeckThatFailsLeavesNothing) {
+    ReadDeck deck(kGrid + "PSOLID         1       1       3\n");
+    EXPECT_FALSE(deck.result);
+    expectNothing(deck.reader);
+    EXPECT_TRUE(deck.reader.SetFilePath(deck.folder.write("deck.nas", kDeck).c_str()));
+    EXPECT_EQ(deck.reader.GetNodeCout(), 2);
+}
+
+TEST(ReaderLifecycle, TheDeckIsClosedAndUnchanged) {
+    ReadDeck deck(kDeck);
+    ASSERT_TRUE(deck.result);
+    EXPECT_EQ(readBytes(deck.folder.path() / "deck.nas"), kDeck);
+    std::error_code error;
+    // A file that is open cannot be removed on Windows.
+    EXPECT_TRUE(std::filesystem::remove(deck.folder.path() / "deck.nas", error)) << error.message();
+    expectDeck(deck.reader.GetNodeVector(), deck.reader.GetElemVector(),
+               deck.reader.GetSectionVector());
+}
+
+TEST(ReaderLifecycle, NothingIsPrinted) {
+    CapturedOutput output;
+    EXPECT_TRUE(ReadDeck(kDeck).result);
+    EXPECT_FALSE(ReadDeck("").result);
+    EXPECT_EQ(output.text(), "");
+}
+
+TEST(ReaderLifecycle, ASecondDeckHasArraysOfItsOwn) {
+    ReadDeck deck(kDeck);
+    ASSERT_TRUE(deck.result);
+    const float* const nodes = deck.reader.GetNodeVector();
+    const int* const elements = deck.reader.GetElemVector();
+    const int* const sections = deck.reader.GetSectionVector();
+    for (int time = 0; time < 3; ++time) {
+        const std::string path =
+            deck.folder.write("second.nas", "GRID,7\n" + kTetra + "PSHELL,5,1,2\n");
+        ASSERT_TRUE(deck.reader.SetFilePath(path.c_str()));
+        EXPECT_EQ(deck.reader.GetNodeCout(), 7);
+        EXPECT_EQ(deck.reader.GetElemCout(), 1);
+        EXPECT_EQ(deck.reader.GetSectionCout(), 5);
+        EXPECT_EQ(deck.node(7)[0], 7.0F);
+        EXPECT_EQ(deck.node(2), kNoNode);
+        EXPECT_NE(deck.reader.GetNodeVector(), nodes);
+    }
+    expectDeck(nodes, elements, sections);
+}
+
+TEST(ReaderLifecycle, ASecondDeckThatFailsLeavesTheArrays) {
+    for (const std::string second : {"", "GRID           1\n"}) {
+        ReadDeck deck(kDeck);
+        ASSERT_TRUE(deck.result);
+        const float* const nodes = deck.reader.GetNodeVector();
+        EXPECT_FALSE(deck.reader.SetFilePath(deck.folder.write("bad.nas", second).c_str()));
+        EXPECT_FALSE(deck.reader.SetFilePath(deck.folder.file("missing.nas").c_str()));
+        EXPECT_EQ(deck.reader.GetNodeCout(), 0);
+        EXPECT_EQ(deck.reader.GetElemCout(), 0);
+        EXPECT_EQ(deck.reader.GetNodeVector(), nodes);
+        expectDeck(nodes, deck.reader.GetElemVector(), deck.reader.GetSectionVector());
+        EXPECT_EQ(deck.reader.GetPropertiesCout(), 1);
+    }
+}
+
+TEST(ReaderLifecycle, NumbersOfTheDeckBeforeAreForgotten) {
+    ReadDeck deck("GRID           2       0     1.5     2.0     3.0\n" + kTetra);
+    ASSERT_TRUE(deck.reader.SetFilePath(
+        deck.folder.write("deck.nas", "GRID           2       0       x\n" + kTetra).c_str()));
+    EXPECT_EQ(deck.node(2), (NodeRow{2, 0, 0, 0}));
+}
+
+// A copy that is never destroyed, since both own the arrays.
+KVONASTRAN_Reader* copyOf(const KVONASTRAN_Reader& reader) {
+    alignas(KVONASTRAN_Reader) static unsigned char memory[sizeof(KVONASTRAN_Reader)];
+    return new (memory) KVONASTRAN_Reader(reader);
+}
+
+TEST(ReaderLifecycle, CopiesShareTheArrays) {
+    ReadDeck deck(kDeck);
+    KVONASTRAN_Reader* const copy = copyOf(deck.reader);
+    EXPECT_EQ(copy->GetNodeCout(), 2);
+    EXPECT_EQ(copy->GetElemCout(), 1);
+    EXPECT_EQ(copy->GetSectionCout(), 1);
+    EXPECT_EQ(copy->GetPropertiesCout(), 1);
+    EXPECT_EQ(copy->GetNodeVector(), deck.reader.GetNodeVector());
+    EXPECT_EQ(copy->GetElemVector(), deck.reader.GetElemVector());
+    EXPECT_EQ(copy->GetSectionVector(), deck.reader.GetSectionVector());
+}
+
+TEST(ReaderLifecycle, AssignmentSharesTheArrays) {
+    ReadDeck deck(kDeck);
+    // What a reader had before is not released: here its first owner did so.
+    KVONASTRAN_Reader* const other = copyOf(ReadDeck(kDeck).reader);
+    *other = deck.reader;
+    EXPECT_EQ(other->GetNodeCout(), 2);
+    EXPECT_EQ(other->GetNodeVector(), deck.reader.GetNodeVector());
+    EXPECT_EQ(other->GetPropertiesCout(), 1);
+}
+
+TEST(ReaderLifecycle, PathsMayBeLong) {
+    TempFolder folder;
+    std::filesystem::path path = folder.path();
+    while (path.string().size() < 600)
+        path /= std::string(120, 'd');
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    path /= "deck.nas";
+    std::ofstream(path, std::ios::binary) << kDeck;
+    if (readBytes(path) != kDeck)
+        GTEST_SKIP() << "no such paths here";
+    KVONASTRAN_Reader reader;
+    EXPECT_TRUE(reader.SetFilePath(path.string().c_str()));
+    EXPECT_EQ(reader.GetNodeCout(), 2);
+}
+
+TEST(ReaderLifecycle, TheHostsLocaleDoesNotMatter) {
+    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "German_Germany.1252", "German"})
+        if (std::setlocale(LC_ALL, name) != nullptr)
+            break;
+    char text[8];
+    std::snprintf(text, sizeof text, "%.1f", 1.5);
+    const bool comma = std::string_view(text) == "1,5";
+    ReadDeck deck(kDeck);
+    std::setlocale(LC_ALL, "C");
+    if (!comma)
+        GTEST_SKIP() << "no locale with a decimal comma is installed";
+    EXPECT_EQ(deck.node(2), (NodeRow{2, 1.5F, 2, 3}));
+}
+
+}  // namespace
+}  // namespace kvocaeio::test

@@ -1,0 +1,112 @@
+/// Memory of decks that could ask for far too much; a program of its own, as the peak of a process
+/// never falls again.
+#include <chrono>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "nastran/deck.h"
+
+#if !defined(_WIN32)
+#include <sys/resource.h>
+#endif
+
+namespace kvocaeio::test {
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kMemoryCounts = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kMemoryCounts = false;
+#else
+constexpr bool kMemoryCounts = true;
+#endif
+#else
+constexpr bool kMemoryCounts = true;
+#endif
+
+/// Peak memory of this process in MiB; 0 where it cannot be told.
+double peakMemory() {
+#if defined(_WIN32)
+    return 0.0;
+#else
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return kMemoryCounts ? static_cast<double>(usage.ru_maxrss) / 1024.0 : 0.0;
+#endif
+}
+
+TEST(ReaderMemory, OneNodeNumberedFiftyMillion) {
+    ReadDeck deck("GRID    50000000       0     1.5     2.5     3.5\n" + kTetra);
+#if !defined(_WIN32)  // elsewhere memory may be too short for it
+    ASSERT_TRUE(deck.result);
+#endif
+    if (deck.result) {
+        EXPECT_EQ(deck.reader.GetNodeCout(), 50000000);
+        EXPECT_EQ(deck.node(50000000), (NodeRow{50000000, 1.5F, 2.5F, 3.5F}));
+        EXPECT_EQ(deck.node(25000000), kNoNode);
+    }
+    EXPECT_LT(peakMemory(), 100.0);
+}
+
+TEST(ReaderMemory, TheLargestOidsOfAll) {
+    // Eight digits are the most that a field holds: arrays of 1.6, 3.6, 1.2 and 0.4 GB.
+    ReadDeck deck(
+        "GRID    99999999       0     1.5     2.5     3.5\n"
+        "CBAR    99999999       1       7       8\n"
+        "PSOLID  9999999999999999       3\n");
+    if (deck.result) {
+        EXPECT_EQ(deck.reader.GetNodeCout(), 99999999);
+        EXPECT_EQ(deck.element(99999999), (ElementRow{99999999, 7, 8, 8, 8, 8, 8, 8, 8}));
+        EXPECT_EQ(deck.section(1), (SectionRowOfThree{99999999, 99999999, 3}));
+        EXPECT_EQ(deck.reader.GetPropertiesCout(), 1);
+    } else {
+        EXPECT_EQ(deck.reader.GetNodeCout(), 0);
+        EXPECT_EQ(deck.reader.GetElemVector(), nullptr);
+    }
+    EXPECT_LT(peakMemory(), 100.0);
+}
+
+TEST(ReaderMemory, MoreDigitsThanAFieldHas) {
+    // The number is cut behind its eighth digit, here before the last two.
+    ReadDeck deck("GRID      2147483647\n" + kTetra);
+    ASSERT_TRUE(deck.result);
+    EXPECT_EQ(deck.reader.GetNodeCout(), 214748);
+    EXPECT_LT(peakMemory(), 100.0);
+}
+
+TEST(ReaderMemory, ManyReadersInARow) {
+    TempFolder folder;
+    const std::string path = folder.write("deck.nas", "GRID    20000000\nCBAR    10000000\n");
+    for (int round = 0; round < 200; ++round) {
+        KVONASTRAN_Reader reader;
+        reader.SetFilePath(path.c_str());
+        reader.SetFilePath(path.c_str());
+    }
+    EXPECT_LT(peakMemory(), 100.0);
+}
+
+TEST(ReaderMemory, LinesOf100MegabytesWithoutAnEnd) {
+    const std::string chunk(1'000'000, '1');
+    for (const char* begin : {"", "$", "GRID    ", "CHEXA,"}) {
+        TempFolder folder;
+        const std::string path = folder.file("deck.nas");
+        {
+            std::ofstream out(path, std::ios::binary);
+            out << kGrid << kTetra << begin;
+            for (int megabyte = 0; megabyte < 100; ++megabyte)
+                out << chunk;
+        }
+        const auto start = std::chrono::steady_clock::now();
+        KVONASTRAN_Reader reader;
+        // "GRID" is node 11111111; nothing else counts.
+        reader.SetFilePath(path.c_str());
+        const auto time = std::chrono::steady_clock::now() - start;
+        EXPECT_LT(std::chrono::duration<double>(time).count(), 60.0);
+        EXPECT_LT(peakMemory(), 100.0) << begin;
+    }
+}
+
+}  // namespace
+}  // namespace kvocaeio::test
