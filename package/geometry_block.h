@@ -19,10 +19,11 @@ struct AxisRange {
     double min;
     double max;
 
+    /// A value that is no number becomes both ends, until the next value takes their place.
     void widen(double value) {
-        if (value <= min)
+        if (!(value > min))
             min = value;
-        if (value >= max)
+        if (!(value < max))
             max = value;
     }
     double middle() const { return (min + max) * 0.5; }

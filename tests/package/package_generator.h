@@ -1,0 +1,76 @@
+/// Random small 3DI files, mostly sound, that look for trouble.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "text/random.h"
+
+namespace kvocaeio::test {
+
+/// Makes one file per seed, the same each time in one build.
+class PackageGenerator {
+  public:
+    explicit PackageGenerator(std::uint64_t seed) : random_(seed) {}
+
+    /// All sections, mostly in their common order, with noise and damage at times.
+    std::string file();
+    /// The same lines with so much between them that they lie in several blocks of the file.
+    std::string largeFile();
+
+  private:
+    bool chance(unsigned percent) { return random_.below(100) < percent; }
+    bool perMille(unsigned count) { return random_.below(1000) < count; }
+    int between(int least, int most) {
+        return least + static_cast<int>(random_.below(static_cast<std::size_t>(most - least + 1)));
+    }
+    const char* pick(std::initializer_list<const char*> list) {
+        return list.begin()[random_.below(list.size())];
+    }
+    template <class T>
+    void shuffle(std::vector<T>& list) {
+        for (std::size_t i = list.size(); i > 1; --i)
+            std::swap(list[i - 1], list[random_.below(i)]);
+    }
+
+    std::string real();
+    std::string id(int usual);
+    std::string numbers(int count);
+    /// Adds a line, now and then stretched about a bound of the line buffer or with noise behind.
+    void line(const std::string& text);
+    /// Adds a head line, now and then without its fields or not at all.
+    void head(const std::string& text);
+    void noise();
+
+    void lines();
+    void header();
+    void colorTable();
+    void nameTable(const char* opening, std::vector<std::string> rows);
+    void objectTable();
+    void layerTable();
+    void wireModels();
+    void geometries();
+    void block();
+    void box(const std::string& object, const std::string& layer);
+    void polygon();
+    void ball();
+    void wire();
+    /// Rows of points with `width` numbers each, at most ten to a row, mostly.
+    void rows(int points, int width);
+
+    void damageLines();
+    std::string joined();
+    std::string filler();
+    void damageBytes(std::string& text);
+
+    Random random_;
+    std::vector<std::string> lines_;
+    int colors_ = 0;  ///< highest colour id
+    int firstId_ = 1;
+    unsigned letters_ = 0;   ///< 0 capitals, 1 small, 2 both
+    unsigned lineEnds_ = 0;  ///< 0 LF, 1 CR LF, 2 any
+};
+
+}  // namespace kvocaeio::test
