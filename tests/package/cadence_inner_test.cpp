@@ -42,7 +42,7 @@ class CadenceStages : public testing::Test {
     Cells jobs(std::size_t index) const { return cellsOf((*model.reportTables.jobCells)[index]); }
     Cells data(std::size_t index) const { return cellsOf((*model.reportTables.dataCells)[index]); }
     bool bodiesAreThere() {
-        model.components = std::make_unique<ChunkedList<ComponentRecord>>();
+        model.components = std::make_unique<ComponentList>();
         return true;
     }
 

@@ -47,13 +47,20 @@ std::string takeLine(const std::string& text, std::size_t& at) {
     return line.c_str();
 }
 
+/// atof in the C locale. Not every runtime's gives 0 for a text like "--1".
+double realOf(const std::string& text) {
+    char* end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    return end == text.c_str() ? 0.0 : value;
+}
+
 /// Adds what a thickness cell says. False where it says nothing.
 bool addThickness(const std::string& cell, double& height) {
     const std::string text = upper(cell);
     char value[kLineBound], unit[kLineBound];
     if (std::sscanf(text.c_str(), "%1023s %1023s", value, unit) != 2)
         return false;
-    height += std::strtod(value, nullptr);
+    height += realOf(value);
     return true;
 }
 
@@ -143,7 +150,7 @@ const std::string& NaiveCadence::cell(const NaiveReport& report, std::size_t row
 }
 
 double NaiveCadence::number(const NaiveReport& report, std::size_t row, std::size_t name) const {
-    return std::strtod(cell(report, row, name).c_str(), nullptr);
+    return realOf(cell(report, row, name));
 }
 
 bool NaiveCadence::readReports() {
