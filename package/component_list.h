@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "package/cell_list.h"
 #include "package/chunked_list.h"
@@ -56,14 +57,8 @@ class ComponentList {
         shapes_.clear();
     }
 
-    /// A copy of the body. For an index that is known to be inside, here as below.
-    ComponentRecord operator[](std::size_t index) const {
-        const ComponentShape& shape = shapes_[index];
-        ComponentRecord record{
-            shape.type, std::string(names_[index]), shape.center, {}, shape.color};
-        std::ranges::copy(shape.size, record.size.begin());
-        return record;
-    }
+    /// For an index that is known to be inside, here as below.
+    std::string_view name(std::size_t index) const { return names_[index]; }
 
     const ComponentShape& shape(std::size_t index) const { return shapes_[index]; }
     ComponentShape& shape(std::size_t index) { return shapes_[index]; }

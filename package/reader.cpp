@@ -14,7 +14,7 @@
 
 using kvocaeio::ChunkedList;
 using kvocaeio::CKVOCadenceReaderImp;
-using kvocaeio::ComponentRecord;
+using kvocaeio::ComponentShape;
 using kvocaeio::ComponentType;
 using kvocaeio::InputFile;
 
@@ -215,11 +215,14 @@ bool CKVOCadenceReader::GetComponentData(int index, char* name, int& isBall, dou
                                          double* const size, unsigned int& color) {
     if (index >= GetComponentCount() || index < 0)
         return false;
-    const ComponentRecord record = (*imp->components)[static_cast<std::size_t>(index)];
-    std::copy_n(record.name.c_str(), record.name.size() + 1, name);
-    isBall = record.type == ComponentType::kBall ? 1 : 0;
-    std::ranges::copy(record.center, center);
-    std::ranges::copy(record.size, size);
-    color = record.color;
+    const auto body = static_cast<std::size_t>(index);
+    const std::string_view text = imp->components->name(body);
+    *std::ranges::copy(text, name).out = '\0';
+    const ComponentShape& shape = imp->components->shape(body);
+    isBall = shape.type == ComponentType::kBall ? 1 : 0;
+    std::ranges::copy(shape.center, center);
+    // The last two are part of the interface and of no body.
+    std::fill(std::ranges::copy(shape.size, size).out, size + 5, 0.0);
+    color = shape.color;
     return true;
 }

@@ -241,7 +241,7 @@ TEST_F(CadenceStages, RecordsCarryTheirType) {
     EXPECT_TRUE(model.ReadDieStackReport());
     std::vector<int> types;
     for (std::size_t c = 0; c < model.components->size(); ++c)
-        types.push_back(static_cast<int>((*model.components)[c].type));
+        types.push_back(static_cast<int>(model.components->shape(c).type));
     EXPECT_EQ(types, (std::vector<int>{1, 2, 2, 3, 4}));
 }
 
@@ -259,8 +259,8 @@ TEST_F(CadenceStages, OnlyMcmDiesGetAHeightFromTheLayers) {
     EXPECT_TRUE(model.ReadLayerReport());
     std::vector<double> centers, sizes;
     for (std::size_t c = 0; c < model.components->size(); ++c) {
-        centers.push_back((*model.components)[c].center[2]);
-        sizes.push_back((*model.components)[c].size[2]);
+        centers.push_back(model.components->shape(c).center[2]);
+        sizes.push_back(model.components->shape(c).size[2]);
     }
     EXPECT_EQ(centers, (std::vector<double>{25.4, 63.5, 51.8, 51.8, 51.8, 51.8}));
     EXPECT_EQ(sizes, (std::vector<double>{50.8, 25.4, 2, 2, 2, 2}));
