@@ -30,7 +30,7 @@ constexpr std::array kUnits{
 };
 
 UnitRow unitsOf(std::string_view meshUnit) {
-    UnitRow found;
+    UnitRow found{"", "", "", ""};
     for (const UnitRow& row : kUnits)
         if (meshUnit.find(row.small) != std::string_view::npos ||
             meshUnit.find(row.capital) != std::string_view::npos)

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <string_view>
 
 #include "support/files.h"
@@ -62,6 +63,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int count = reader.GetNodeCout();
     if (reader.SetFilePath(path.c_str()) != read)
         std::abort();
+    // Some file systems are slow to write over a file, and quick to make a new one.
+    std::filesystem::remove(path);
     lookAtAll(reader);
     // What the first reading handed out is still there.
     lookAt(nodes, count, 4);
