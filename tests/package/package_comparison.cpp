@@ -119,7 +119,9 @@ std::string PackageComparison::firstDifference(const std::vector<ImportStep>& st
     CKVOCadenceReader library;
     for (std::size_t step = 0; step < steps.size(); ++step) {
         const std::string path = folder_.write("package.3di", steps[step].text);
-        const std::string textPath = folder_.write("plain.3di", asText(steps[step].text));
+        const std::string text = asText(steps[step].text);
+        const std::string textPath =
+            text == steps[step].text ? path : folder_.write("plain.3di", text);
         if (steps[step].cleanBefore) {
             plain.CleanMemory();
             library.CleanMemory();

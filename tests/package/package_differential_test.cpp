@@ -18,9 +18,11 @@ namespace {
 #if defined(_WIN32)
 constexpr std::uint64_t kReaders = 1200;
 constexpr std::uint64_t kLargeFiles = 20;
+constexpr std::size_t kStep = 7;
 #else
 constexpr std::uint64_t kReaders = 10000;
 constexpr std::uint64_t kLargeFiles = 150;
+constexpr std::size_t kStep = 1;
 #endif
 constexpr std::uint64_t kFirstSeed = 20240613;
 
@@ -106,13 +108,13 @@ const std::string kSample =
 
 TEST(PackageDifferential, AFileCutAtEveryByteIsReadAlike) {
     PackageComparison comparison;
-    for (std::size_t length = 0; length <= kSample.size(); ++length)
+    for (std::size_t length = 0; length <= kSample.size(); length += kStep)
         ASSERT_EQ(comparison.firstDifference({{kSample.substr(0, length), false}}), "");
 }
 
 TEST(PackageDifferential, AFileWithEachByteReplacedIsReadAlike) {
     PackageComparison comparison;
-    for (std::size_t at = 0; at < kSample.size(); ++at)
+    for (std::size_t at = 0; at < kSample.size(); at += kStep)
         for (const char byte : {'\0', '\n', '\r', ' ', '9', 'X', '\x1A'}) {
             std::string text = kSample;
             text[at] = byte;
@@ -139,7 +141,7 @@ TEST(PackageDifferential, LinesAboutTheBoundAreReadAlike) {
         const std::string before = kSample.substr(0, start);
         const std::string line = kSample.substr(start, end - 1 - start);
         const std::string behind = kSample.substr(end);
-        for (std::size_t length = 1020; length <= 1026; ++length) {
+        for (std::size_t length = kStep == 1 ? 1020 : 1023; length <= 1026; length += kStep) {
             const std::string blanks(length - line.size(), ' ');
             for (const std::string& longer : {line + blanks, blanks + line}) {
                 ASSERT_EQ(comparison.firstDifference({{before + longer + "\n" + behind, false}}),

@@ -102,6 +102,46 @@ TEST(HostilePackage, AWireThatNeverEnds) {
     EXPECT_EQ(points.back(), 6.0);
 }
 
+TEST(HostilePackage, ALongWireThatIsDroppedLeavesTheOthersWhole) {
+    const auto wireOf = [](int points, int announced) {
+        std::string text = kWireHead + "3DPL " + std::to_string(announced) + "\n";
+        for (int i = 0; i < points; ++i)
+            text += std::to_string(i) + " 1 -" + std::to_string(i) + "\n";
+        return text + "\n\n";
+    };
+    TimedPackage package(kTables + wireOf(9000, 9000) + wireOf(30000, 30001) +
+                         wireOf(20000, 20000) + wireOf(2, 3) + wireOf(1, 1));
+    ASSERT_EQ(package.reader.GetWireLineCount(), 3);
+    const int counts[] = {9000, 20000, 1};
+    for (int wire = 0; wire < 3; ++wire) {
+        std::vector<double> points;
+        int profile = 0;
+        double diameter = 0.0;
+        ASSERT_TRUE(package.reader.GetWirePolyLine(wire, points, profile, diameter));
+        ASSERT_EQ(points.size(), 3U * static_cast<std::size_t>(counts[wire]));
+        for (int i = 0; i < counts[wire]; ++i) {
+            const auto at = 3 * static_cast<std::size_t>(i);
+            ASSERT_EQ(points[at], i);
+            ASSERT_EQ(points[at + 1], 1);
+            ASSERT_EQ(points[at + 2], -i);
+        }
+    }
+}
+
+TEST(HostilePackage, EachOfManyBodiesIsHandedOut) {
+    std::string text = kTables;
+    for (int i = 0; i < 5000; ++i)
+        text += "GEOM\nNAME N" + std::to_string(i) + "\nOBJECT 2\nCOLOR 1\nBARL " +
+                std::to_string(i) + " 1 1 1 0 0 0\n";
+    TimedPackage package(text + "####\n");
+    const std::vector<std::string> made = bodies(package.reader);
+    ASSERT_EQ(made.size(), 5000U);
+    for (std::size_t i = 0; i < made.size(); ++i) {
+        const std::string number = std::to_string(i);
+        ASSERT_EQ(made[i], "N" + number + ": centre " + number + " 1 1, diameter 2, colour 255");
+    }
+}
+
 TEST(HostilePackage, CountsAndIdsAtTheEndsOfInt) {
     TimedPackage package(kTables + kHead + "2DPG -2147483648\n1 1\n" + kHead +
                          "2DPG -99999999999\n1 1\n" + kHead + "2DPG 99999999999\n1 1\n");
