@@ -93,7 +93,7 @@ void DataPass::readElement() {
         return;
     const std::size_t row = asSize(elementsRead_);
     mesh_.elemTypes[row] = storedShape(header_.iv);
-    mesh_.elemProperties[row] = integersOf<3>(lines_.nextCard())[2];
+    mesh_.elemProperties[row] = elementPropertyIdOf(lines_.nextCard());
     int* slot = &mesh_.elemNodes[row * kNodesPerElement];
     for (const int id : integersOf<kNodesPerElement>(lines_.nextCard()))
         *slot++ = nodeIdMap_.holds(id) ? id : kUnknownNode;
@@ -112,6 +112,7 @@ void DataPass::readProperty() {
 void DataPass::readSummary() {
     lines_.header = HeaderCard();
     lines_.header.readFixed(lines_.line());
+    mesh_ = FlatMesh();
     mesh_.nodeCount = header_.n1;
     mesh_.elemCount = header_.n2;
     mesh_.propertyCount = header_.n4;

@@ -1,7 +1,7 @@
 /// The mesh that `CPatranReader` hands out, and the two passes that read it.
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <cstdio>
 
 #include "patran/id_map.h"

@@ -1,10 +1,10 @@
 /// The two passes over a file: the highest node id, then the packets.
 #include "patran/patran_io.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <exception>
-#include <string_view>
 
 #include "patran/card_fields.h"
 #include "patran/id_map.h"
@@ -19,6 +19,16 @@ constexpr std::size_t kSkippedLineBound = 260;
 
 constexpr int kBar = 2;
 constexpr int kTriangle = 3;
+
+// The type of a property with two values goes by the first one without its fraction.
+int typeOfTwoValues(float first) {
+    const float whole = std::trunc(first);
+    if (whole == 2.0F)
+        return 10;
+    if (whole == 3.0F)
+        return 11;
+    return whole == 12.0F ? 12 : 2;
+}
 
 // The second pass: stores what the packets hold, corners still as node ids.
 class DataPass {
@@ -84,7 +94,7 @@ void DataPass::readElement() {
     if (elementsRead_ >= mesh_.elementCount)
         return;
     mesh_.elementShapes.push_back(header_.iv);
-    mesh_.elementPropertyIds.push_back(integersOf<3>(lines_.nextCard())[2]);
+    mesh_.elementPropertyIds.push_back(elementPropertyIdOf(lines_.nextCard()));
     std::array<int, 4> corners = integersOf<4>(lines_.nextCard());
     if (header_.iv == kBar)
         corners[2] = corners[3] = corners[1];
@@ -106,7 +116,6 @@ void DataPass::readProperty() {
 
 void DataPass::storeProperty(const std::array<float, 2>& values) {
     const int id = header_.id;
-    const float kind = std::trunc(values[0]);
     const double second = values[1];
     mesh_.propertyTypes.reach(id);
     mesh_.propertyValueA.reach(id);
@@ -114,10 +123,7 @@ void DataPass::storeProperty(const std::array<float, 2>& values) {
     mesh_.propertyValueC.reach(id);
     switch (header_.n1) {
         case 2:
-            mesh_.propertyTypes.set(id, kind == 2.0F    ? 10
-                                        : kind == 3.0F  ? 11
-                                        : kind == 12.0F ? 12
-                                                        : 2);
+            mesh_.propertyTypes.set(id, typeOfTwoValues(values[0]));
             mesh_.propertyValueB.set(id, second);
             mesh_.propertyValueC.set(id, second);
             break;

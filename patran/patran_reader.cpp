@@ -1,6 +1,5 @@
 /// The exported reader of flat arrays: its life, the import and the queries.
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -12,10 +11,6 @@
 #include <kvocaeio/patran.h>
 
 using namespace kvocaeio;
-
-#if defined(__GNUC__)
-#pragma GCC diagnostic ignored "-Wignored-qualifiers"
-#endif
 
 namespace {
 
@@ -82,6 +77,11 @@ bool CPatranReader::ImportFromPatFile(const char* path) {
     }
 }
 
+// NOLINTBEGIN(readability-const-return-type)
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wignored-qualifiers"
+#endif
 const int CPatranReader::GetNodeDimension() {
     const text::File file = text::openFile(filePath, "rb");
     return file == nullptr ? 0 : findHighestNodeId(file.get());
@@ -98,6 +98,10 @@ const int CPatranReader::GetElemCount() {
 const int CPatranReader::GetPropertyCount() {
     return propertyCount;
 }
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
+// NOLINTEND(readability-const-return-type)
 
 bool CPatranReader::GetNode(int index, float& x, float& y, float& z) {
     if (index < 0 || index >= nodeCount)
