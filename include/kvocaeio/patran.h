@@ -147,7 +147,8 @@ class KVOCAEIO_API CPatranReader {
     ///     8 hexahedron; 0 for any other.
     /// `property`: the property id that the element names.
     /// `nodes`: receives eight node indices, 0 for an id that no node has. A place that the shape
-    ///     does not use counts as id 0.
+    ///     does not use counts as id 0. (Where a second summary counts fewer nodes than were read
+    ///     before it, these nodes' indices stay as they were, above the number of nodes.)
     bool GetElement(int index, int& type, int& property, int* const nodes);
 
     /// Copies the coordinates of the first `count` nodes, at the most `GetNodeCout()`.

@@ -1,0 +1,30 @@
+/// The library's readers beside the plain ones.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "support/files.h"
+
+namespace kvocaeio::test {
+
+struct NamedCase {
+    std::string name;
+    std::vector<std::string> files;  ///< imported one after the other by one reader
+};
+
+/// Imports neutral files by both readers of the library and by the plain ones.
+class ImportComparison {
+  public:
+    /// What differs in the first case that is not read alike, with its files; empty when all are.
+    /// Compared are results, standard output, and all that the queries give within and around the
+    /// counts. Many cases at a time save the cost of catching standard output for each.
+    std::string firstDifference(const std::vector<NamedCase>& cases);
+
+  private:
+    std::string printedBy(const std::vector<NamedCase>& cases, std::string& difference);
+
+    TempFolder folder_;
+};
+
+}  // namespace kvocaeio::test
