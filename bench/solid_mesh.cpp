@@ -20,8 +20,10 @@ void addSolids(const Lattice& lattice, int firstCube, const Cut& cut, int solids
                SolidMesh& mesh) {
     const int blockSize = roundedUp(solids, blocks);
     for (int solid = 0; solid < solids; ++solid) {
-        if (solid % blockSize == 0)
+        if (solid % blockSize == 0) {
             mesh.blocks.push_back({static_cast<int>(mesh.blocks.size()) + 1, cut[0].size(), {}});
+            mesh.blocks.back().nodes.reserve(static_cast<std::size_t>(blockSize) * cut[0].size());
+        }
         const auto [cube, part] = std::div(solid, static_cast<int>(cut.size()));
         const int firstNode = lattice.firstNode(firstCube + cube);
         for (const Step& corner : cut[static_cast<std::size_t>(part)])
@@ -38,6 +40,7 @@ SolidMesh makeSolidMesh(int solids) {
     const int wedgeCubes = cubesFor(kWedgeCut, wedges);
     const Lattice lattice(hexes + wedgeCubes + cubesFor(kTetCut, tets), 1);
     SolidMesh mesh;
+    mesh.coords.reserve(3 * static_cast<std::size_t>(lattice.nodeLayers() * lattice.layerNodes()));
     for (int z = 0; z < lattice.nodeLayers(); ++z)
         for (int y = 0; y < lattice.sideNodes(); ++y)
             for (int x = 0; x < lattice.sideNodes(); ++x)
