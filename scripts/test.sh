@@ -42,7 +42,7 @@ testPreset windows-release
 buildPreset linux-clang # a warning in library, tests or benchmarks fails it
 
 begin 'clang-tidy'
-find text abaqus package nastran -name '*.cpp' ! -name '*_windows.cpp' -print0 |
+find text abaqus package nastran patran -name '*.cpp' ! -name '*_windows.cpp' -print0 |
     xargs -0 -n 1 -P "$jobs" clang-tidy -p build/linux-clang --quiet --warnings-as-errors='*'
 
 stage=

@@ -32,7 +32,7 @@ void LineReader::rewind() {
     std::rewind(file_);
     line_ = position_ = end_ = buffer_.data();
     length_ = 0;
-    heldCr_ = holdsNul_ = atEnd_ = false;
+    heldCr_ = holdsNul_ = atEnd_ = metEnd_ = false;
 }
 
 // Passes over all lines before the one that `place` stands in; over all complete ones where it is
@@ -61,11 +61,14 @@ bool LineReader::nextAcrossBlocks() {
             }
         }
         if (reach == maxLength_ || (atEnd_ && reach > 0)) {
+            metEnd_ = reach != maxLength_;
             deliver(position_ + reach);
             return true;
         }
-        if (atEnd_)
+        if (atEnd_) {
+            metEnd_ = true;
             return false;
+        }
         atEnd_ = !fill();
     }
 }

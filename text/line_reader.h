@@ -23,6 +23,9 @@ class LineReader {
     /// the rest of a longer one arrives as the next line.
     LineReader(std::FILE* file, std::size_t bound, LineMode mode);
 
+    /// Another bound for the lines taken from now on, at the most the constructor's.
+    void setBound(std::size_t bound) { maxLength_ = bound - 1; }
+
     /// Takes the next line. False at the end of the file, or where reading fails: `line()` then
     /// still gives the line before, as the buffer of `fgets` would.
     bool next() {
@@ -57,6 +60,10 @@ class LineReader {
     /// off and for a last line without LF.
     bool endsLine() const { return position_ != line_ && position_[-1] == '\n'; }
 
+    /// Whether the end of the file is known, as `feof` knows it: a read has met it, that of a last
+    /// line without LF included. Not yet where the last line ended in LF or at its bound.
+    bool metEnd() const { return metEnd_; }
+
     /// The line taken last will be taken again by the next call of `next()`.
     void giveBack() { position_ = line_; }
 
@@ -87,7 +94,8 @@ class LineReader {
     const char* end_;       // behind the last byte read
     bool heldCr_ = false;   // text mode: a CR at `end_`, whose meaning the next byte decides
     bool holdsNul_ = false;
-    bool atEnd_ = false;
+    bool atEnd_ = false;   // nothing more will come of the file
+    bool metEnd_ = false;  // a line has been asked for that would need more
 };
 
 }  // namespace kvocaeio::text

@@ -12,6 +12,7 @@ set(expected
     include/kvocaeio/export.h
     include/kvocaeio/nastran.h
     include/kvocaeio/package.h
+    include/kvocaeio/patran.h
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfigVersion.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig-${config}.cmake

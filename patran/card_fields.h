@@ -1,0 +1,33 @@
+/// Numbers in the fixed columns of a card, and the free reals of a property card.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace kvocaeio {
+
+inline constexpr std::size_t kIntegerWidth = 8;
+inline constexpr std::size_t kRealWidth = 16;
+
+/// Reads the integer in the columns from `first` on. A field that the card does not reach, or that
+/// holds no digits, leaves `number` as it is; a field that the card's end cuts counts as it stands.
+void readColumns(std::string_view card, std::size_t first, std::size_t width, int& number);
+
+/// The integers in the first columns of a card, eight each; 0 where there is none.
+template <std::size_t kCount>
+std::array<int, kCount> integersOf(std::string_view card) {
+    std::array<int, kCount> integers{};
+    for (std::size_t i = 0; i < kCount; ++i)
+        readColumns(card, i * kIntegerWidth, kIntegerWidth, integers[i]);
+    return integers;
+}
+
+/// x, y, z in the first columns of a card, sixteen each; 0 where there is none.
+std::array<float, 3> coordinatesOf(std::string_view card);
+
+/// The first two reals of a property card, which are parted by white space or by their width; 0
+/// from the first one on that cannot be read.
+std::array<float, 2> propertyValuesOf(std::string_view card);
+
+}  // namespace kvocaeio

@@ -1,0 +1,32 @@
+/// Where the node ids of a file lead.
+#pragma once
+
+#include <cstddef>
+
+#include "patran/zeroed_array.h"
+
+namespace kvocaeio {
+
+/// Node index by node id, for ids from 0 to the highest one; 0 for those that no node has.
+class IdMap {
+  public:
+    explicit IdMap(int maxId) : indices_(makeZeroed<int>(asSize(maxId) + 1)), maxId_(maxId) {}
+
+    bool holds(int id) const { return id >= 0 && id <= maxId_; }
+    /// An id outside the map is ignored.
+    void set(int id, int index) {
+        if (holds(id))
+            indices_[static_cast<std::size_t>(id)] = index;
+    }
+    /// 0, too, for an id outside the map.
+    int at(int id) const { return holds(id) ? indices_[static_cast<std::size_t>(id)] : 0; }
+
+    /// Hands the array over, after which the map must not be used.
+    int* release() { return indices_.release(); }
+
+  private:
+    ZeroedArray<int> indices_;
+    int maxId_;
+};
+
+}  // namespace kvocaeio

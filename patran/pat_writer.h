@@ -1,0 +1,51 @@
+/// The mesh that a host adds item by item, and the file that is made of it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "patran/zeroed_array.h"
+#include "text/format.h"
+
+namespace kvocaeio {
+
+/// See the exported `CKVO_PATWriter_Bridge`, whose calls end here.
+class CPATWriter {
+  public:
+    virtual ~CPATWriter() = default;
+
+    void SetFilePath(const char* path);
+    void SetNodeCount(int count);
+    void SetNodeArray() noexcept;
+    void AddNode(int index, double x, double y, double z);
+    void SetElemCount(int count);
+    bool SetElemArray() noexcept;
+    void AddElement(int index, int count, const int* nodes);
+    bool WriteFile() const noexcept;
+
+  private:
+    using Block = std::array<int, 8>;
+
+    void writePackets(text::Writer& file) const;
+    void writeNode(text::Writer& file, int index) const;
+    void writeElement(text::Writer& file, int index) const;
+
+    const char* filePath = nullptr;
+    int nodeCount = 0;
+    ZeroedArray<double> nodeX;
+    ZeroedArray<double> nodeY;
+    ZeroedArray<double> nodeZ;
+    int elemCount = 0;
+    ZeroedArray<Block> elemNodes;
+    ZeroedArray<int> elemShapes;
+    bool filePathSet = false;
+    bool nodeCountSet = false;
+    bool nodeArraySet = false;
+    bool elemCountSet = false;
+    bool elemArraySet = false;
+    // Rows that the arrays have: the counts may be set anew at any time.
+    int nodeRows = 0;
+    int elemRows = 0;
+};
+
+}  // namespace kvocaeio

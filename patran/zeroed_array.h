@@ -1,0 +1,34 @@
+/// Arrays whose size a file or a host names, whatever is really there.
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <new>
+
+namespace kvocaeio {
+
+struct ReleaseZeroed {
+    void operator()(void* array) const noexcept { std::free(array); }
+};
+
+/// Zeroed memory of the C library: what is not used of it takes none.
+template <class Value>
+using ZeroedArray = std::unique_ptr<Value[], ReleaseZeroed>;
+
+/// Throws `std::bad_alloc` where the memory cannot be had. At least one row is made.
+template <class Value>
+ZeroedArray<Value> makeZeroed(std::size_t rows, std::size_t width = 1) {
+    ZeroedArray<Value> array(
+        static_cast<Value*>(std::calloc(rows == 0 ? 1 : rows, width * sizeof(Value))));
+    if (array == nullptr)
+        throw std::bad_alloc();
+    return array;
+}
+
+/// A count or index as a size; 0 where it is negative.
+constexpr std::size_t asSize(int count) {
+    return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+}  // namespace kvocaeio
