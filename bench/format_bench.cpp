@@ -12,6 +12,7 @@
 #include <kvocaeio/abaqus.h>
 #include <kvocaeio/nastran.h>
 #include <kvocaeio/package.h>
+#include <kvocaeio/patran.h>
 
 namespace {
 
@@ -89,6 +90,20 @@ void ReadNastran(benchmark::State& state) {
 });
 }
 
+void ReadPatranBridge(benchmark::State& state) {
+    import<CKVO_PatranIO_Bridge>(
+        state, bench::writePatranFile,
+        [](CKVO_PatranIO_Bridge& reader, const char* path) { reader.ImportFromPatFile(path);
+});
+}
+
+void ReadPatranReader(benchmark::State& state) {
+    import<CPatranReader>(
+        state, bench::writePatranFile,
+        [](CPatranReader& reader, const char* path) { reader.ImportFromPatFile(path);
+});
+}
+
 void write(benchmark::State& state, bool (*write)(const char* path, const bench::SolidMesh& mesh)) {
     const bench::SolidMesh mesh = bench::makeSolidMesh(sizeOf(state));
     const test::TempFolder folder;
@@ -102,6 +117,10 @@ void WriteNastran(benchmark::State& state) {
     write(state, bench::writeNastranMesh);
 }
 
+void WritePatran(benchmark::State& state) {
+    write(state, bench::writePatranMesh);
+}
+
 void bySize(benchmark::internal::Benchmark* benchmark) {
     benchmark->RangeMultiplier(10)->Range(10'000, 1'000'000);
     benchmark->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
@@ -113,5 +132,8 @@ BENCHMARK_CAPTURE(SortAbaqus, tet, bench::writeTetDeck)->Apply(bySize)->MinTime(
 BENCHMARK(ImportPackage)->Apply(bySize);
 BENCHMARK(ReadNastran)->Apply(bySize);
 BENCHMARK(WriteNastran)->Apply(bySize);
+BENCHMARK(ReadPatranBridge)->Apply(bySize);
+BENCHMARK(ReadPatranReader)->Apply(bySize);
+BENCHMARK(WritePatran)->Apply(bySize);
 
 }  // namespace

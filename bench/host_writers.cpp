@@ -5,6 +5,7 @@
 #include <array>
 
 #include <kvocaeio/nastran.h>
+#include <kvocaeio/patran.h>
 
 namespace kvocaeio::bench {
 
@@ -33,6 +34,22 @@ bool writeNastranMesh(const char* path, const SolidMesh& mesh) {
         writer.AddElement(id, property, static_cast<int>(nodes.size()), cornersOf(nodes).data());
     });
     return writer.EndWriting();
+}
+
+bool writePatranMesh(const char* path, const SolidMesh& mesh) {
+    CKVO_PATWriter_Bridge writer;
+    writer.SetFilePath(path);
+    writer.SetNodeCount(countNodes(mesh));
+    writer.SetNodeArray();
+    forEachNode(mesh, [&](int id, std::span<const double, 3> coords) {
+        writer.AddNode(id - 1, coords[0], coords[1], coords[2]);
+    });
+    writer.SetElemCount(countSolids(mesh));
+    writer.SetElemArray();
+    forEachSolid(mesh, [&](int id, int, std::span<const int> nodes) {
+        writer.AddElement(id - 1, static_cast<int>(nodes.size()), cornersOf(nodes).data());
+    });
+    return writer.WriteFile();
 }
 
 }  // namespace kvocaeio::bench

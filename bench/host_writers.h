@@ -7,5 +7,6 @@ namespace kvocaeio::bench {
 
 /// Both are false where the library says that it failed.
 bool writeNastranMesh(const char* path, const SolidMesh& mesh);
+bool writePatranMesh(const char* path, const SolidMesh& mesh);
 
 }  // namespace kvocaeio::bench

@@ -12,6 +12,7 @@
 #include <kvocaeio/abaqus.h>
 #include <kvocaeio/nastran.h>
 #include <kvocaeio/package.h>
+#include <kvocaeio/patran.h>
 
 namespace {
 
@@ -69,17 +70,43 @@ Steps importPackage(const char* path, int) {
     return {step};
 }
 
+std::size_t bytes(int rows, std::size_t rowSize) {
+    return static_cast<std::size_t>(rows) * rowSize;
+}
+
 Steps readNastran(const char* path, int) {
     bool read = false;
     KVONASTRAN_Reader reader;
     Step step = measure("read", [&] { read = reader.SetFilePath(path); });
     if (!read)
         return {};
-    const auto bytes = [](int rows, std::size_t width) {
-        return static_cast<std::size_t>(rows) * width * sizeof(int);
-    };
-    step.tables = bytes(reader.GetNodeCout(), 4) + bytes(reader.GetElemCout(), 9) +
-                  bytes(reader.GetSectionCout(), 3);
+    step.tables = bytes(reader.GetNodeCout(), 4 * sizeof(float)) +
+                  bytes(reader.GetElemCout(), 9 * sizeof(int)) +
+                  bytes(reader.GetSectionCout(), 3 * sizeof(int));
+    return {step};
+}
+
+// Coordinates, four corners, shape and property.
+Steps readPatranLists(const char* path, int) {
+    bool read = false;
+    CKVO_PatranIO_Bridge reader;
+    Step step = measure("bridge", [&] { read = reader.ImportFromPatFile(path); });
+    if (!read)
+        return {};
+    step.tables = bytes(reader.GetNodeCount(), 3 * sizeof(float)) +
+                  bytes(reader.GetElementCount(), 6 * sizeof(int));
+    return {step};
+}
+
+// The same with eight nodes, and the map of the node ids.
+Steps readPatranArrays(const char* path, int) {
+    bool read = false;
+    CPatranReader reader;
+    Step step = measure("reader", [&] { read = reader.ImportFromPatFile(path); });
+    if (!read)
+        return {};
+    step.tables = bytes(reader.GetNodeCout(), 3 * sizeof(float) + sizeof(int)) +
+                  bytes(reader.GetElemCount(), 10 * sizeof(int));
     return {step};
 }
 
@@ -97,6 +124,9 @@ constexpr bench::Job<Steps> kJobs[] = {
     {"3di", importPackage},
     {"nastran", readNastran},
     {"write-nastran", write<bench::writeNastranMesh>},
+    {"patran-bridge", readPatranLists},
+    {"patran-reader", readPatranArrays},
+    {"write-patran", write<bench::writePatranMesh>},
 };
 
 }  // namespace

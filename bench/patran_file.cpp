@@ -39,11 +39,10 @@ void writeSolid(text::Writer& out, int id, int property, std::span<const int> no
 
 void writePatranFile(text::Writer& out, int solids) {
     const SolidMesh mesh = makeSolidMesh(solids);
-    const int nodes = static_cast<int>(mesh.coords.size() / 3);
     const int properties = static_cast<int>(mesh.blocks.size());
     header(out, 25, {0, 0, 1});
     out.text("bench neutral file, generated\n");
-    header(out, 26, {0, 0, 1, nodes, solids, 1, properties});
+    header(out, 26, {0, 0, 1, countNodes(mesh), solids, 1, properties});
     out.text("01-Jan-26   12:00:00         3.0\n");
     forEachNode(mesh, [&](int id, std::span<const double, 3> coords) {
         header(out, 1, {id, 0, 2});

@@ -53,6 +53,17 @@ SolidMesh makeSolidMesh(int solids) {
     return mesh;
 }
 
+int countNodes(const SolidMesh& mesh) {
+    return static_cast<int>(mesh.coords.size() / 3);
+}
+
+int countSolids(const SolidMesh& mesh) {
+    std::size_t count = 0;
+    for (const SolidBlock& block : mesh.blocks)
+        count += block.nodes.size() / block.corners;
+    return static_cast<int>(count);
+}
+
 std::size_t bytes(const SolidMesh& mesh) {
     std::size_t sum = mesh.coords.size() * sizeof(double);
     for (const SolidBlock& block : mesh.blocks)

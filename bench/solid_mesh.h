@@ -24,6 +24,9 @@ struct SolidMesh {
 /// Half of the solids are hexahedra, a tenth are wedges, the others tetrahedra.
 SolidMesh makeSolidMesh(int solids);
 
+int countNodes(const SolidMesh& mesh);
+int countSolids(const SolidMesh& mesh);
+
 /// Bytes of the mesh's arrays.
 std::size_t bytes(const SolidMesh& mesh);
 

@@ -20,6 +20,9 @@ cases=(
     '3di     3di         3di            import=3di'
     'nastran nastran     nastran        read=nastran'
     'nastran nastran     write-nastran  write=write-nastran'
+    'patran  patran      patran-bridge  bridge=patran'
+    'patran  patran      patran-reader  reader=patran'
+    'patran  patran      write-patran   write=write-patran'
 )
 declare -A extensions=([abaqus-hex]=inp [abaqus-tet]=inp [3di]=3di [nastran]=bdf [patran]=pat)
 
