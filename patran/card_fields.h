@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "text/eight_columns.h"
+
 namespace kvocaeio {
 
 inline constexpr std::size_t kIntegerWidth = 8;
@@ -12,15 +14,28 @@ inline constexpr std::size_t kRealWidth = 16;
 
 /// Reads the integer in the columns from `first` on. A field that the card does not reach, or that
 /// holds no digits, leaves `number` as it is; a field that the card's end cuts counts as it stands.
-void readColumns(std::string_view card, std::size_t first, std::size_t width, int& number);
+void readInteger(std::string_view card, std::size_t first, std::size_t width, int& number);
+
+/// The same for eight columns. Nearly all hold blanks and then digits.
+inline void readInteger(std::string_view card, std::size_t first, int& number) {
+    if (card.size() < first + kIntegerWidth || !text::readEightColumns(card.data() + first, number))
+        readInteger(card, first, kIntegerWidth, number);
+}
 
 /// The integers in the first columns of a card, eight each; 0 where there is none.
 template <std::size_t kCount>
 std::array<int, kCount> integersOf(std::string_view card) {
     std::array<int, kCount> integers{};
     for (std::size_t i = 0; i < kCount; ++i)
-        readColumns(card, i * kIntegerWidth, kIntegerWidth, integers[i]);
+        readInteger(card, i * kIntegerWidth, integers[i]);
     return integers;
+}
+
+/// The property id on the first data card of an element, in its third field; 0 where there is none.
+inline int elementPropertyIdOf(std::string_view card) {
+    int id = 0;
+    readInteger(card, 2 * kIntegerWidth, id);
+    return id;
 }
 
 /// x, y, z in the first columns of a card, sixteen each; 0 where there is none.

@@ -93,7 +93,7 @@ void DataPass::readElement() {
         return;
     const std::size_t row = asSize(elementsRead_);
     mesh_.elemTypes[row] = storedShape(header_.iv);
-    mesh_.elemProperties[row] = integersOf<3>(lines_.nextCard())[2];
+    mesh_.elemProperties[row] = elementPropertyIdOf(lines_.nextCard());
     int* slot = &mesh_.elemNodes[row * kNodesPerElement];
     for (const int id : integersOf<kNodesPerElement>(lines_.nextCard()))
         *slot++ = nodeIdMap_.holds(id) ? id : kUnknownNode;

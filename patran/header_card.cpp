@@ -19,10 +19,10 @@ constexpr std::array kNumbers{&HeaderCard::id, &HeaderCard::iv, &HeaderCard::kc,
 }  // namespace
 
 void HeaderCard::readFixed(std::string_view card) {
-    readColumns(card, 0, kTypeWidth, it);
+    readInteger(card, 0, kTypeWidth, it);
     std::size_t column = kTypeWidth;
     for (int HeaderCard::*const number : kNumbers) {
-        readColumns(card, column, kIntegerWidth, this->*number);
+        readInteger(card, column, this->*number);
         column += kIntegerWidth;
     }
 }

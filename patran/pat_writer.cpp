@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <string_view>
 
 #include "patran/header_card.h"
 #include "text/file.h"
@@ -33,18 +34,21 @@ constexpr bool isRow(int index, int rows) {
     return index >= 0 && index < rows;
 }
 
-void writeFields(text::Writer& file, const auto& numbers) {
+// Eight columns each.
+template <std::size_t kCount>
+text::Writer& writeFields(text::Writer& file, const std::array<int, kCount>& numbers) {
     for (const int number : numbers)
         file.integer(number, kIntegerWidth);
+    return file;
 }
 
-// A header card as the packets behind the summary have it. Its last number stands, without a width
-// of its own, behind a digit 8, so that the card is shorter than the others.
-void writeHeader(text::Writer& file, PacketType type, const std::array<int, 7>& numbers, int last) {
-    file.integer(type, kTypeWidth);
-    writeFields(file, numbers);
-    file.character('8').integer(last).character('\n');
+text::Writer& writeHeader(text::Writer& file, PacketType type, int id, int iv, int kc) {
+    return writeFields(file.integer(type, kTypeWidth), std::array{id, iv, kc});
 }
+
+// N1 to N5 of a header card as the packets behind the summary have them: N5 stands, without a width
+// of its own, behind a digit 8, so that the card is shorter than the others.
+constexpr std::string_view kHeaderEnd = "       0       0       0       080\n";
 
 }  // namespace
 
@@ -132,39 +136,34 @@ bool CPATWriter::WriteFile() const noexcept {
 void CPATWriter::writePackets(text::Writer& file) const {
     file.text("25       0       0       1       0       0       0       0       0\n");
     file.text("**                 Created By : Vorlan9Q-Mesh R13\n");
-    file.integer(kSummaryPacket, kTypeWidth);
-    writeFields(file, std::array{0, 0, 1, nodeCount, elemCount, 0, 1, 1});
-    file.text("\n\n");
+    writeHeader(file, kSummaryPacket, 0, 0, 1);
+    writeFields(file, std::array{nodeCount, elemCount, 0, 1, 1}).text("\n\n");
     for (int i = 0; i < nodeCount; ++i)
         writeNode(file, i);
     for (int i = 0; i < elemCount; ++i)
         writeElement(file, i);
-    writeHeader(file, kEndPacket, {0, 0, 1}, 0);
-    file.character('\n');
+    writeHeader(file, kEndPacket, 0, 0, 1).text(kHeaderEnd).text("\n");
 }
 
 void CPATWriter::writeNode(text::Writer& file, int index) const {
+    writeHeader(file, kNodePacket, index + 1, 0, 2);
     if (index == 0)
-        writeHeader(file, kNodePacket, {1, 0, 2, nodeCount, elemCount, 0, 1}, 1);
+        writeFields(file, std::array{nodeCount, elemCount, 0, 1}).text("81\n");
     else
-        writeHeader(file, kNodePacket, {index + 1, 0, 2}, 0);
+        file.text(kHeaderEnd);
     const std::size_t row = asSize(index);
     for (const ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
         file.scientific(isRow(index, nodeRows) ? (*array)[row] : 0.0, kRealWidth);
-    file.character('\n');
-    writeFields(file, std::array<int, 9>{});
-    file.character('\n');
+    file.text("\n       0       0       0       0       0       0       0       0       0\n");
 }
 
 void CPATWriter::writeElement(text::Writer& file, int index) const {
     const bool made = isRow(index, elemRows);
     const std::size_t row = asSize(index);
     const int shape = made ? elemShapes[row] : 0;
-    writeHeader(file, kElementPacket, {index + 1, shape, 2}, 0);
-    writeFields(file, std::array{shape, 2, 0});
-    file.character('\n');
-    writeFields(file, made ? elemNodes[row] : Block{});
-    file.character('\n');
+    writeHeader(file, kElementPacket, index + 1, shape, 2).text(kHeaderEnd);
+    writeFields(file, std::array{shape, 2, 0}).text("\n");
+    writeFields(file, made ? elemNodes[row] : Block{}).text("\n");
 }
 
 }  // namespace kvocaeio

@@ -84,7 +84,7 @@ void DataPass::readElement() {
     if (elementsRead_ >= mesh_.elementCount)
         return;
     mesh_.elementShapes.push_back(header_.iv);
-    mesh_.elementPropertyIds.push_back(integersOf<3>(lines_.nextCard())[2]);
+    mesh_.elementPropertyIds.push_back(elementPropertyIdOf(lines_.nextCard()));
     std::array<int, 4> corners = integersOf<4>(lines_.nextCard());
     if (header_.iv == kBar)
         corners[2] = corners[3] = corners[1];

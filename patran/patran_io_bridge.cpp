@@ -27,7 +27,12 @@ bool holds(const List& list, int index) {
 
 }  // namespace
 
-CKVO_PatranIO_Bridge::CKVO_PatranIO_Bridge() : reader(new (std::nothrow) CKVO_PatranIO) {}
+CKVO_PatranIO_Bridge::CKVO_PatranIO_Bridge() : reader(nullptr) {
+    try {
+        reader = new CKVO_PatranIO;
+    } catch (const std::bad_alloc&) {
+    }
+}
 
 CKVO_PatranIO_Bridge::CKVO_PatranIO_Bridge(const CKVO_PatranIO_Bridge&) = default;
 CKVO_PatranIO_Bridge& CKVO_PatranIO_Bridge::operator=(const CKVO_PatranIO_Bridge&) = default;

@@ -17,9 +17,7 @@ class PropertyList {
     std::size_t size() const { return size_; }
 
     /// Makes `id` a valid index; new entries are 0.
-    void reach(int id) {
-        size_ = std::max(size_, static_cast<std::size_t>(id) + 1);
-    }
+    void reach(int id) { size_ = std::max(size_, static_cast<std::size_t>(id) + 1); }
     void set(int id, Value value) { entries_.insert_or_assign(id, value); }
 
     /// For an id from 0 to below the size.

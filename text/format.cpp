@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+#include "text/eight_columns.h"
+
 namespace kvocaeio::text {
 
 namespace {
@@ -30,6 +32,11 @@ Writer::Writer(std::FILE* file)
       position_(buffer_.get()) {}
 
 Writer& Writer::integer(int value, int width) {
+    if (width <= 8 && room() >= 8)
+        if (char* const behind = writeEightColumns(position_, value, width)) {
+            position_ = behind;
+            return *this;
+        }
     char digits[std::numeric_limits<int>::digits10 + 2];
     return field(digits, std::to_chars(digits, std::end(digits), value).ptr, width);
 }

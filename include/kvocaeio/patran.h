@@ -146,9 +146,8 @@ class KVOCAEIO_API CPatranReader {
     /// `type`: shape code 2 bar, 3 triangle, 4 quadrilateral, 5 tetrahedron, 7 wedge,
     ///     8 hexahedron; 0 for any other.
     /// `property`: the property id that the element names.
-    /// `nodes`: receives eight node indices; those that the shape does not use, and ids that the
-    ///     file does not define, are 0, or the index of the node with id 0 where there is one and
-    ///     the place is not used.
+    /// `nodes`: receives eight node indices, 0 for an id that no node has. A place that the shape
+    ///     does not use counts as id 0.
     bool GetElement(int index, int& type, int& property, int* const nodes);
 
     /// Copies the coordinates of the first `count` nodes, at the most `GetNodeCout()`.

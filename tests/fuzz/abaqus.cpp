@@ -1,11 +1,11 @@
 /// Fuzz target: any bytes as a deck, imported, walked, sorted and walked again.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 #include <string_view>
 
+#include "fuzz/silence.h"
 #include "support/files.h"
 #include <kvocaeio/abaqus.h>
 
@@ -74,19 +74,10 @@ bool mayReachFar(std::string_view deck) {
     return false;
 }
 
-// The import speaks on standard output by design; millions of runs had better not.
-bool silence() {
-#if defined(_WIN32)
-    return std::freopen("NUL", "w", stdout) != nullptr;
-#else
-    return std::freopen("/dev/null", "w", stdout) != nullptr;
-#endif
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const bool silent = silence();
+    static const bool silent = kvocaeio::test::silence();
     static const kvocaeio::test::TempFolder folder;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const std::string path = folder.write("deck.inp", bytes);

@@ -48,9 +48,15 @@ std::string asText(const std::string& bytes) {
 void expectSameLines(std::FILE* plain, LineReader& reader, std::size_t bound,
                      test::Random& random) {
     std::vector<char> buffer(bound);
-    while (std::fgets(buffer.data(), static_cast<int>(bound), plain) != nullptr) {
+    const auto nextPlain = [&] {
+        const std::size_t lineBound = random.oneIn(8) ? 2 + random.below(bound - 1) : bound;
+        reader.setBound(lineBound);
+        return std::fgets(buffer.data(), static_cast<int>(lineBound), plain) != nullptr;
+    };
+    while (nextPlain()) {
         ASSERT_TRUE(reader.next());
         ASSERT_EQ(reader.line(), buffer.data());
+        ASSERT_EQ(reader.metEnd(), std::feof(plain) != 0);
         if (random.oneIn(8)) {
             reader.giveBack();
             ASSERT_TRUE(reader.next());
@@ -60,6 +66,7 @@ void expectSameLines(std::FILE* plain, LineReader& reader, std::size_t bound,
     const std::string last(reader.line());
     ASSERT_FALSE(reader.next());
     ASSERT_EQ(reader.line(), last);
+    ASSERT_TRUE(reader.metEnd());
 }
 
 TEST(LineReaderAgainstFgets, RandomFiles) {

@@ -1,0 +1,116 @@
+/// Fuzz target: any bytes as a neutral file, imported by both readers and handed out whole.
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz/silence.h"
+#include "support/files.h"
+#include <kvocaeio/patran.h>
+
+namespace {
+
+// Every value handed out goes in here, so that none is left unread.
+volatile double seen = 0.0;
+
+// A summary may promise any number of rows; these are looked at.
+constexpr int kMaxRows = 2000;
+
+void expectNode(int node, int nodeCount) {
+    if (node != 0 && (node < 0 || node >= nodeCount))
+        std::abort();
+}
+
+void walkLists(CKVO_PatranIO_Bridge& reader) {
+    for (int i = -1; i <= std::min(reader.GetNodeCount(), kMaxRows); ++i) {
+        float x = 0.0F;
+        float y = 0.0F;
+        float z = 0.0F;
+        reader.GetNodeCoordinate(i, &x, &y, &z);
+        seen = x + y + z;
+    }
+    for (int i = -1; i <= std::min(reader.GetElementCount(), kMaxRows); ++i) {
+        std::array<int, 4> corners{};
+        int type = 0;
+        std::array<double, 3> values{};
+        reader.GetElementDataBase(i, &corners[0], &corners[1], &corners[2], &corners[3], &type,
+                                  &values[0], &values[1], &values[2]);
+        for (const int corner : corners)
+            expectNode(corner, reader.GetNodeCount());
+        seen = type + values[0] + values[1] + values[2];
+    }
+}
+
+void walkArrays(CPatranReader& reader) {
+    for (int i = -1; i <= std::min(reader.GetNodeCout(), kMaxRows); ++i) {
+        float x = 0.0F;
+        float y = 0.0F;
+        float z = 0.0F;
+        if (reader.GetNode(i, x, y, z) != (i >= 0 && i < reader.GetNodeCout()))
+            std::abort();
+        seen = x + y + z;
+    }
+    for (int i = -1; i <= std::min(reader.GetElemCount(), kMaxRows); ++i) {
+        int type = 0;
+        int property = 0;
+        std::array<int, 8> nodes{};
+        const bool found = reader.GetElement(i, type, property, nodes.data());
+        if (found != (i >= 0 && i < reader.GetElemCount()))
+            std::abort();
+        for (const int node : nodes)
+            expectNode(node, reader.GetNodeCout());
+        seen = type + property;
+    }
+}
+
+void copyArrays(CPatranReader& reader) {
+    constexpr auto kRows = static_cast<std::size_t>(kMaxRows);
+    static std::array<float[3], kRows> coordinates;
+    static std::array<int, kRows> types;
+    static std::array<int[8], kRows> nodes;
+    for (const int count : {-1, kMaxRows}) {
+        reader.GetVertex(coordinates.data(), count);
+        reader.GetElemType(types.data(), count);
+        reader.GetElemNode(nodes.data(), count);
+    }
+}
+
+// Whether the arrays for an id or a count could be larger than a fuzzer lets them be.
+bool mayReachFar(std::string_view file) {
+    constexpr std::size_t kDigitsOfSmallNumbers = 6;
+    std::size_t digits = 0;
+    for (const char c : file) {
+        digits = c >= '0' && c <= '9' ? digits + 1 : 0;
+        if (digits > kDigitsOfSmallNumbers)
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const bool silent = kvocaeio::test::silence();
+    static const kvocaeio::test::TempFolder folder;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    if (!silent)
+        std::abort();
+    if (mayReachFar(bytes))
+        return 0;
+    const std::string path = folder.write("part.pat", bytes);
+    CKVO_PatranIO_Bridge lists;
+    CPatranReader arrays;
+    // Twice, since the second import builds on what the first has left.
+    for (int import = 0; import < 2; ++import) {
+        if (!lists.ImportFromPatFile(path.c_str()) || !arrays.ImportFromPatFile(path.c_str()))
+            std::abort();
+        walkLists(lists);
+        walkArrays(arrays);
+        copyArrays(arrays);
+    }
+    return 0;
+}

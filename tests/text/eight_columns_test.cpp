@@ -1,0 +1,71 @@
+/// Fields of eight columns against their plain ways.
+#include "text/eight_columns.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "text/random.h"
+
+namespace kvocaeio::text {
+namespace {
+
+bool isPlainNumber(const std::string& columns) {
+    const std::size_t digits = columns.find_first_not_of(' ');
+    return digits != std::string::npos &&
+           columns.find_first_not_of("0123456789", digits) == std::string::npos;
+}
+
+void expectSameReading(const std::string& columns) {
+    int value = -1;
+    const bool plain = kEightColumnsWork && isPlainNumber(columns);
+    ASSERT_EQ(readEightColumns(columns.data(), value), plain) << '"' << columns << '"';
+    ASSERT_EQ(value, plain ? std::atoi(columns.c_str()) : -1) << '"' << columns << '"';
+}
+
+TEST(EightColumns, ReadBlanksAndThenDigitsOnly) {
+    test::Random random(7);
+    for (int i = 0; i < 200'000; ++i) {
+        std::string columns(8, ' ');
+        for (std::size_t k = random.below(9); k < columns.size(); ++k)
+            columns[k] = random.oneIn(60) ? ' ' : static_cast<char>('0' + random.below(10));
+        expectSameReading(columns);
+    }
+}
+
+TEST(EightColumns, ReadNothingElse) {
+    for (const char* const number : {"       7", "   12345", "99999999"})
+        for (std::size_t at = 0; at < 8; ++at)
+            for (int byte = 1; byte < 256; ++byte) {
+                std::string columns = number;
+                columns[at] = static_cast<char>(byte);
+                expectSameReading(columns);
+            }
+}
+
+TEST(EightColumns, WriteAsPrintf) {
+    for (int value = 0; value <= 99'999'999; value += value < 20'000 ? 1 : 1'999) {
+        for (int width = 0; width <= 8; ++width) {
+            char expected[16];
+            const int length = std::snprintf(expected, sizeof expected, "%*d", width, value);
+            char columns[8];
+            const char* const behind = writeEightColumns(columns, value, width);
+            if (!kEightColumnsWork)
+                continue;
+            ASSERT_EQ(std::string(columns, static_cast<std::size_t>(behind - columns)), expected);
+            ASSERT_EQ(behind - columns, length);
+        }
+    }
+}
+
+TEST(EightColumns, WriteNoLongerNumbers) {
+    char columns[8] = {'?'};
+    EXPECT_EQ(writeEightColumns(columns, 100'000'000, 8), nullptr);
+    EXPECT_EQ(writeEightColumns(columns, 2'147'483'647, 8), nullptr);
+    EXPECT_EQ(writeEightColumns(columns, -1, 8), nullptr);
+    EXPECT_EQ(columns[0], '?');
+}
+
+}  // namespace
+}  // namespace kvocaeio::text
