@@ -1,6 +1,4 @@
 /// Generated Abaqus decks, section by section.
-#include "bench/abaqus_deck.h"
-
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -8,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/inputs.h"
 #include "bench/lattice.h"
 
 namespace kvocaeio::bench {
@@ -28,26 +27,15 @@ struct Cut {
 
 Cut hexCut() {
     const Steps square = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
-    Steps cube = square;
-    for (const Step& step : square)
-        cube.push_back({step.x, step.y, 1});
+    const Steps cube(kHexCut[0].begin(), kHexCut[0].end());
     return {"C3D8", "S4", 1, {cube}, {square}, 1};
 }
 
 Cut tetCut() {
-    // Six tetrahedra around the cube's diagonal, all of positive volume.
-    constexpr std::array<std::array<Step, 4>, 6> kCorners = {{
-        {{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {1, 1, 1}}},
-        {{{0, 0, 0}, {1, 0, 1}, {1, 0, 0}, {1, 1, 1}}},
-        {{{0, 0, 0}, {1, 1, 0}, {0, 1, 0}, {1, 1, 1}}},
-        {{{0, 0, 0}, {0, 1, 0}, {0, 1, 1}, {1, 1, 1}}},
-        {{{0, 0, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}}},
-        {{{0, 0, 0}, {0, 1, 1}, {0, 0, 1}, {1, 1, 1}}},
-    }};
     constexpr std::array<std::array<std::size_t, 2>, 6> kEdges = {
         {{0, 1}, {1, 2}, {2, 0}, {0, 3}, {1, 3}, {2, 3}}};
     Cut cut = {"C3D10", "S3", 2, {}, {}, 3};
-    for (const auto& corners : kCorners) {
+    for (const auto& corners : kTetCut) {
         Steps nodes;
         for (const Step& corner : corners)
             nodes.push_back({2 * corner.x, 2 * corner.y, 2 * corner.z});
@@ -78,9 +66,9 @@ class DeckWriter {
         : out_(out),
           cut_(std::move(cut)),
           solids_(solids),
-          blockSize_(rounded(solids, static_cast<int>(kSolidSets.size()))),
+          blockSize_(roundedUp(solids, static_cast<int>(kSolidSets.size()))),
           perCube_(static_cast<int>(cut_.solids.size())),
-          cubes_(rounded(solids, perCube_)),
+          cubes_(roundedUp(solids, perCube_)),
           lattice_(cubes_, cut_.fineness) {}
 
     void write() {
@@ -94,7 +82,6 @@ class DeckWriter {
     }
 
   private:
-    static int rounded(int number, int divisor) { return (number + divisor - 1) / divisor; }
     int layerCubes() const { return std::min(cubes_, lattice_.layerCubes()); }
     Range bottom() const {
         return {1, std::min(solids_, perCube_ * layerCubes()), cut_.loadedEvery};
@@ -187,7 +174,7 @@ class DeckWriter {
     }
     // The names of the blocks that the deck has, each once.
     std::vector<std::string_view> solidSetNames() const {
-        const int blocks = rounded(solids_, blockSize_);
+        const int blocks = roundedUp(solids_, blockSize_);
         std::vector<std::string_view> names(kSolidSets.begin(), kSolidSets.begin() + blocks);
         names.erase(std::unique(names.begin(), names.end()), names.end());
         return names;

@@ -1,9 +1,9 @@
 /// Does the least that a job on one file takes, and says how long that took.
 #include <cstdio>
 #include <filesystem>
-#include <string_view>
 
-#include "bench/abaqus_floor.h"
+#include "bench/floors.h"
+#include "bench/job_table.h"
 #include "bench/process_meter.h"
 #include "support/captured_output.h"
 #include "text/file.h"
@@ -17,17 +17,29 @@ struct Measured {
     bench::FloorCounts counts;
 };
 
-Measured readAbaqus(const char* path) {
+template <bench::FloorCounts (*kFloor)(std::FILE* file, std::size_t fileSize)>
+Measured read(const char* path, int) {
     const double start = bench::processorSeconds();
     const text::File file = text::openFile(path, "rb");
     if (file == nullptr)
         return {};
-    const bench::FloorCounts counts =
-        bench::readAbaqusDeck(file.get(), std::filesystem::file_size(path));
+    const bench::FloorCounts counts = kFloor(file.get(), std::filesystem::file_size(path));
     return {bench::processorSeconds() - start, counts};
 }
 
-Measured sortAbaqus(const char* path) {
+template <bench::FloorCounts (*kFloor)(std::FILE* file, const bench::SolidMesh& mesh)>
+Measured write(const char* path, int size) {
+    const bench::SolidMesh mesh = bench::makeSolidMesh(size);
+    const double start = bench::processorSeconds();
+    text::File file = text::openFile(path, "wb");
+    if (file == nullptr)
+        return {};
+    const bench::FloorCounts counts = kFloor(file.get(), mesh);
+    file.reset();
+    return {bench::processorSeconds() - start, counts};
+}
+
+Measured sortAbaqus(const char* path, int) {
     CKVOAbaqusReader reader;
     {
         test::CapturedOutput output;
@@ -43,37 +55,31 @@ Measured sortAbaqus(const char* path) {
     if (tables.nodeOids.empty())
         return {};
     const double start = bench::processorSeconds();
-    const bench::FloorCounts counts = bench::sortAbaqusTables(tables);
+    const bench::FloorCounts counts = bench::abaqusSortFloor(tables);
     return {bench::processorSeconds() - start, counts};
 }
 
-struct Job {
-    std::string_view name;
-    Measured (*run)(const char* path);
-};
-
-constexpr Job kJobs[] = {
-    {"abaqus", readAbaqus},
+constexpr bench::Job<Measured> kJobs[] = {
+    {"abaqus", read<bench::abaqusReadFloor>},
     {"abaqus-sort", sortAbaqus},
+    {"3di", read<bench::packageReadFloor>},
+    {"nastran", read<bench::nastranReadFloor>},
+    {"write-nastran", write<bench::nastranWriteFloor>},
+    {"patran", read<bench::patranReadFloor>},
+    {"write-patran", write<bench::patranWriteFloor>},
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    for (const Job& job : kJobs) {
-        if (argc != 3 || job.name != argv[1])
-            continue;
-        const auto [seconds, counts] = job.run(argv[2]);
-        if (counts.lines == 0) {
-            std::fprintf(stderr, "%s: nothing to read\n", argv[2]);
-            return 1;
-        }
-        std::printf("cpu=%.6f lines=%zu integers=%zu reals=%zu\n", seconds, counts.lines,
-                    counts.integers, counts.reals);
-        return 0;
+    const bench::Job<Measured>* const job = bench::chooseJob<Measured>(argc, argv, kJobs);
+    if (job == nullptr)
+        return 2;
+    const auto [seconds, counts] = bench::runJob(*job, argv);
+    if (counts.lines == 0) {
+        std::fprintf(stderr, "%s: nothing to do\n", argv[2]);
+        return 1;
     }
-    std::fputs("usage: kvocaeio_bench_floor JOB FILE\nJOB is one of:\n", stderr);
-    for (const Job& job : kJobs)
-        std::fprintf(stderr, "  %s\n", job.name.data());
-    return 2;
+    std::printf("cpu=%.6f lines=%zu integers=%zu reals=%zu\n", seconds, counts.lines,
+                counts.integers, counts.reals);
 }

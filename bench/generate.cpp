@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "bench/abaqus_deck.h"
+#include "bench/inputs.h"
 #include "text/file.h"
 #include "text/format.h"
 
@@ -12,29 +12,22 @@ namespace {
 
 using namespace kvocaeio;
 
-struct Kind {
-    std::string_view name;
-    void (*write)(text::Writer& out, int size);
-};
-
-constexpr Kind kKinds[] = {
-    {"abaqus-hex", bench::writeHexDeck},
-    {"abaqus-tet", bench::writeTetDeck},
-};
-
-const Kind* findKind(std::string_view name) {
-    for (const Kind& kind : kKinds)
+const bench::InputKind* findKind(std::string_view name) {
+    for (const bench::InputKind& kind : bench::kInputKinds)
         if (kind.name == name)
             return &kind;
     return nullptr;
 }
 
-// The largest deck whose node numbers still fit the columns.
+// The largest input whose node numbers still fit the columns.
 constexpr int kLargestSize = 50'000'000;
 
 int usage() {
-    std::fputs("usage: kvocaeio_bench_generate KIND N FILE\nN elements; KIND is one of:\n", stderr);
-    for (const Kind& kind : kKinds)
+    std::fputs(
+        "usage: kvocaeio_bench_generate KIND N FILE\n"
+        "N elements, of a package blocks; KIND is one of:\n",
+        stderr);
+    for (const bench::InputKind& kind : bench::kInputKinds)
         std::fprintf(stderr, "  %s\n", kind.name.data());
     return 2;
 }
@@ -44,7 +37,7 @@ int usage() {
 int main(int argc, char** argv) {
     if (argc != 4)
         return usage();
-    const Kind* kind = findKind(argv[1]);
+    const bench::InputKind* kind = findKind(argv[1]);
     int size = 0;
     std::from_chars(argv[2], argv[2] + std::strlen(argv[2]), size);
     if (kind == nullptr || size < 1 || size > kLargestSize)

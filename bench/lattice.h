@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace kvocaeio::bench {
@@ -11,6 +12,29 @@ struct Step {
     int x, y, z;
 };
 
+/// A whole number of groups of `divisor`, the last of which may not be full.
+constexpr int roundedUp(int number, int divisor) {
+    return (number + divisor - 1) / divisor;
+}
+
+/// The corners of the cube, and of the six tetrahedra, around its diagonal, or two wedges that it
+/// can be cut into. All have a positive volume.
+inline constexpr std::array<std::array<Step, 8>, 1> kHexCut = {{
+    {{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}}},
+}};
+inline constexpr std::array<std::array<Step, 6>, 2> kWedgeCut = {{
+    {{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}}},
+    {{{0, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 1}, {1, 1, 1}, {0, 1, 1}}},
+}};
+inline constexpr std::array<std::array<Step, 4>, 6> kTetCut = {{
+    {{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {1, 1, 1}}},
+    {{{0, 0, 0}, {1, 0, 1}, {1, 0, 0}, {1, 1, 1}}},
+    {{{0, 0, 0}, {1, 1, 0}, {0, 1, 0}, {1, 1, 1}}},
+    {{{0, 0, 0}, {0, 1, 0}, {0, 1, 1}, {1, 1, 1}}},
+    {{{0, 0, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}}},
+    {{{0, 0, 0}, {0, 1, 1}, {0, 0, 1}, {1, 1, 1}}},
+}};
+
 /// Cubes in layers, and the nodes at their corners. With a fineness of 2 a cube's edge has a node
 /// in its middle, too. Cubes count from 0 and nodes from 1: x runs fastest, then y, then z.
 class Lattice {
@@ -18,7 +42,7 @@ class Lattice {
     /// As near to a cube of cubes as `cubes` allows; the last layers may not be used up.
     Lattice(int cubes, int fineness)
         : side_(std::max(1, static_cast<int>(std::lround(std::cbrt(cubes))))),
-          layers_((cubes + layerCubes() - 1) / layerCubes()),
+          layers_(roundedUp(cubes, layerCubes())),
           fineness_(fineness) {}
 
     int layerCubes() const { return side_ * side_; }

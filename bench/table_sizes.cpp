@@ -2,6 +2,7 @@
 #include "bench/table_sizes.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,14 +15,22 @@ std::size_t bytes(const std::vector<Entry>& table) {
     return table.size() * sizeof(Entry);
 }
 
-// Texts too long to lie inside their string objects have memory of their own.
-std::size_t bytes(const std::vector<std::string>& table) {
+// A text too long to lie inside its string object has memory of its own.
+std::size_t bytesOutside(const std::string& text) {
     static const std::size_t inside = std::string().capacity();
+    return text.size() > inside ? text.size() + 1 : 0;
+}
+
+std::size_t bytes(const std::vector<std::string>& table) {
     std::size_t sum = table.size() * sizeof(std::string);
     for (const std::string& text : table)
-        if (text.size() > inside)
-            sum += text.size() + 1;
+        sum += bytesOutside(text);
     return sum;
+}
+
+template <class Entry>
+std::size_t bytes(const std::unique_ptr<ChunkedList<Entry>>& list) {
+    return list->size() * sizeof(Entry);
 }
 
 template <class Value>
@@ -60,6 +69,16 @@ std::size_t sortedTableBytes(const AbaqusModel& model) {
     for (const ElemList& elements : model.elsetElems)
         sum += bytes(elements);
     return sum + largest;
+}
+
+std::size_t packageBytes(const CKVOCadenceReaderImp& model) {
+    std::size_t sum = bytes(model.wirePoints) + bytes(model.wireFirstPoint) +
+                      bytes(model.wireProfile) + bytes(model.wireDiameter) +
+                      bytes(model.wireColorId) + bytes(model.wireProfileNames) +
+                      bytes(model.components);
+    for (std::size_t i = 0; i < model.components->size(); ++i)
+        sum += bytesOutside((*model.components)[i].name);
+    return sum;
 }
 
 }  // namespace kvocaeio::bench

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "abaqus/model.h"
+#include "package/model.h"
 
 namespace kvocaeio::bench {
 
@@ -14,5 +15,9 @@ std::size_t rawTableBytes(const AbaqusModel& model);
 /// The same of the tables that the normalisation adds, its largest section once more, since that is
 /// what a section takes while it is made.
 std::size_t sortedTableBytes(const AbaqusModel& model);
+
+/// Bytes of all bodies, wires and wire models, and of the texts in them. (The tables of colours,
+/// objects and layers are small.)
+std::size_t packageBytes(const CKVOCadenceReaderImp& model);
 
 }  // namespace kvocaeio::bench

@@ -1,19 +1,34 @@
 #!/usr/bin/env bash
 # Measures the library against the floor, the least that any program must do for the same job.
 #
-# usage: scripts/bench.sh [--scale] [--peers] [--parts] [N]
-#   N        elements of the decks (1000000)
+# usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
+#   FORMAT   abaqus, 3di, nastran or patran (all of them)
+#   N        elements of the meshes, geometry blocks of the package (1000000)
 #   --scale  and the time per element for 10,000 to 5,000,000 elements
-#   --peers  and other readers of the format, as far as they are installed
-#   --parts  and the parts of the text toolkit, and imports by size, with Google Benchmark
+#   --peers  and other readers of the formats, as far as they are installed
+#   --parts  and the parts of the text toolkit, and all jobs by size, with Google Benchmark
 #
 # Library and floor take turns, ROUNDS times (7). Seconds are processor time and medians; a ratio is
 # the median of the rounds' own ratios, which hardly changes when the machine's speed drifts.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+# What is measured: format, file, the library's job on it, and its steps, each with its floor's job.
+cases=(
+    'abaqus  abaqus-hex  abaqus         import=abaqus  sort=abaqus-sort'
+    'abaqus  abaqus-tet  abaqus         import=abaqus  sort=abaqus-sort'
+    '3di     3di         3di            import=3di'
+    'nastran nastran     nastran        read=nastran'
+    'nastran nastran     write-nastran  write=write-nastran'
+    'patran  patran      patran-bridge  bridge=patran'
+    'patran  patran      patran-reader  reader=patran'
+    'patran  patran      write-patran   write=write-patran'
+)
+declare -A extensions=([abaqus-hex]=inp [abaqus-tet]=inp [3di]=3di [nastran]=bdf [patran]=pat)
+
 rounds=${ROUNDS:-7}
 elements=1000000
+formats=
 scale=
 peers=
 parts=
@@ -22,6 +37,7 @@ for argument in "$@"; do
         --scale) scale=yes ;;
         --peers) peers=yes ;;
         --parts) parts=yes ;;
+        abaqus | 3di | nastran | patran) formats+=" $argument" ;;
         *[!0-9]* | '')
             sed -n '2,/^set/s/^# \{0,1\}//p' "$0" >&2
             exit 2
@@ -33,14 +49,19 @@ done
 scripts/setup.sh build bench
 cmake --preset linux-release -DKVOCAEIO_BUILD_BENCH=ON >/dev/null
 cmake --build --preset linux-release --target kvocaeio_bench kvocaeio_bench_generate \
-    kvocaeio_bench_floor kvocaeio_bench_import
+    kvocaeio_bench_floor kvocaeio_bench_library
 bin=build/linux-release/bin
 data=build/bench-data
 mkdir -p "$data"
+trap 'rm -f "$data/written"' EXIT
 
-# deck KIND N: its path; made where it is missing or older than the generator.
-deck() {
-    local file=$data/$1-$2.inp
+isChosen() {
+    [ -z "$formats" ] || [[ " $formats " = *" $1 "* ]]
+}
+
+# input KIND N: the path of a generated file; made where it is missing or older than the generator.
+input() {
+    local file=$data/$1-$2.${extensions[$1]}
     if [ ! "$file" -nt "$bin/kvocaeio_bench_generate" ]; then
         "$bin/kvocaeio_bench_generate" "$1" "$2" "$file.part"
         mv "$file.part" "$file"
@@ -48,11 +69,9 @@ deck() {
     echo "$file"
 }
 
-# field NAME LINE...: the value behind "NAME=" of each line.
+# field NAME: the value behind "NAME=" of each line.
 field() {
-    local name=$1
-    shift
-    printf '%s\n' "$@" | tr ' ' '\n' | sed -n "s/^$name=//p"
+    tr ' ' '\n' | sed -n "s/^$1=//p"
 }
 
 median() {
@@ -64,52 +83,69 @@ mebibytes() {
     median | awk '{ printf "%.1f", $1 / 1048576 }'
 }
 
-# row DECK JOB FLOOR_LINES: one line of the table, from what the rounds have left in `library`.
-row() {
-    local deck=$1 job=$2 seconds floor ratio peak tables
-    local -n floors=$3
-    seconds=$(field "${job}_cpu" "${library[@]}" | median)
-    floor=$(field cpu "${floors[@]}" | median)
-    ratio=$(paste <(field "${job}_cpu" "${library[@]}") <(field cpu "${floors[@]}") |
-        awk '{ print $1 / $2 }' | median)
-    peak=$(field "${job}_peak" "${library[@]}" | mebibytes)
-    tables=$(field "${job}_tables" "${library[@]}" | mebibytes)
-    printf '%-12s %-7s %9.3f %9.3f %7.2f %10.1f %11.1f\n' \
-        "$deck" "$job" "$seconds" "$floor" "$ratio" "$peak" "$tables"
+# measure FILE JOB N [FLOOR_JOB...]: all rounds of the library's job, in turns with the floors. The
+# lines that they print go to `library` and, by the job's name, to `floors`.
+measure() {
+    local kind=$1 job=$2 size=$3 file floor round
+    shift 3
+    file=$data/written
+    [[ $job = write-* ]] || file=$(input "$kind" "$size")
+    library=
+    floors=()
+    for ((round = 0; round < rounds; ++round)); do
+        for floor in "$@"; do
+            floors[$floor]+=$("$bin/kvocaeio_bench_floor" "$floor" "$file" "$size")$'\n'
+        done
+        library+=$("$bin/kvocaeio_bench_library" "$job" "$file" "$size")$'\n'
+    done
 }
 
 compareWithFloor() {
-    local kind file round
+    local each format kind job steps step name floor seconds least ratio peak tables library
+    local -A floors
     printf '\n%d elements, %d rounds\n' "$elements" "$rounds"
-    printf '%-12s %-7s %9s %9s %7s %10s %11s\n' \
-        deck job 'library s' 'floor s' ratio 'peak MiB' 'tables MiB'
-    for kind in abaqus-hex abaqus-tet; do
-        file=$(deck "$kind" "$elements")
-        local library=() importFloor=() sortFloor=()
-        for ((round = 0; round < rounds; ++round)); do
-            importFloor+=("$("$bin/kvocaeio_bench_floor" abaqus "$file")")
-            library+=("$("$bin/kvocaeio_bench_import" "$file")")
-            sortFloor+=("$("$bin/kvocaeio_bench_floor" abaqus-sort "$file")")
+    printf '%-11s %-7s %9s %9s %7s %10s %11s\n' \
+        file step 'library s' 'floor s' ratio 'peak MiB' 'tables MiB'
+    for each in "${cases[@]}"; do
+        read -r format kind job steps <<<"$each"
+        isChosen "$format" || continue
+        read -ra steps <<<"$steps"
+        measure "$kind" "$job" "$elements" "${steps[@]#*=}"
+        for step in "${steps[@]}"; do
+            name=${step%=*}
+            floor=${floors[${step#*=}]}
+            seconds=$(field "${name}_cpu" <<<"$library")
+            least=$(field cpu <<<"$floor")
+            ratio=$(paste <(echo "$seconds") <(echo "$least") | awk '{ print $1 / $2 }' | median)
+            peak=$(field "${name}_peak" <<<"$library" | mebibytes)
+            tables=$(field "${name}_tables" <<<"$library" | mebibytes)
+            printf '%-11s %-7s %9.3f %9.3f %7.2f %10.1f %11.1f\n' "$kind" "$name" \
+                "$(median <<<"$seconds")" "$(median <<<"$least")" "$ratio" "$peak" "$tables"
         done
-        row "$kind" import importFloor
-        row "$kind" sort sortFloor
     done
 }
 
 compareSizes() {
-    local kind size file round
-    printf '\nTime per element by size of the deck\n'
-    printf '%-12s %9s %10s %9s\n' deck elements 'import ns' 'sort ns'
-    for kind in abaqus-hex abaqus-tet; do
-        for size in 10000 100000 1000000 5000000; do
-            file=$(deck "$kind" "$size")
-            local library=()
-            for ((round = 0; round < rounds; ++round)); do
-                library+=("$("$bin/kvocaeio_bench_import" "$file")")
+    local each format kind job steps step size line library
+    local -A floors
+    local sizes=(10000 100000 1000000 5000000)
+    printf '\nNanoseconds per element by number of elements\n'
+    printf '%-11s %-7s' file step
+    printf ' %9d' "${sizes[@]}"
+    printf '\n'
+    for each in "${cases[@]}"; do
+        read -r format kind job steps <<<"$each"
+        isChosen "$format" || continue
+        local -A times=()
+        for size in "${sizes[@]}"; do
+            measure "$kind" "$job" "$size"
+            for step in $steps; do
+                times[$step]+=$(field "${step%=*}_cpu" <<<"$library" | median |
+                    awk -v size="$size" '{ printf " %9.1f", 1e9 * $1 / size }')
             done
-            printf '%-12s %9d %10.0f %9.1f\n' "$kind" "$size" \
-                "$(field import_cpu "${library[@]}" | median | awk "{ print 1e9 * \$1 / $size }")" \
-                "$(field sort_cpu "${library[@]}" | median | awk "{ print 1e9 * \$1 / $size }")"
+        done
+        for step in $steps; do
+            printf '%-11s %-7s%s\n' "$kind" "${step%=*}" "${times[$step]}"
         done
     done
 }
@@ -126,10 +162,11 @@ print(meshio.__version__, time.process_time() - start)'
         python=
     done
     [ -n "$python" ] || return 0
-    printf '\nPeers: import of %d elements, one round\n' "$elements"
-    for kind in abaqus-hex abaqus-tet; do
-        "$python" -c "$read" "$(deck "$kind" "$elements")" |
-            awk -v deck="$kind" '{ printf "%-12s meshio %s %9.3f s\n", deck, $1, $2 }'
+    printf '\nPeers: one read of %d elements\n' "$elements"
+    for kind in abaqus-hex abaqus-tet nastran; do
+        isChosen "${kind%-*}" || continue
+        "$python" -c "$read" "$(input "$kind" "$elements")" |
+            awk -v file="$kind" '{ printf "%-11s meshio %s %9.3f s\n", file, $1, $2 }'
     done
 }
 

@@ -1,0 +1,148 @@
+/// Does one job of the library's on one file, as a host does, and says what each step of it took.
+#include <cstdio>
+#include <vector>
+
+#include "abaqus/deck_import.h"
+#include "abaqus/normalise.h"
+#include "bench/host_writers.h"
+#include "bench/job_table.h"
+#include "bench/process_meter.h"
+#include "bench/table_sizes.h"
+#include "support/captured_output.h"
+#include <kvocaeio/abaqus.h>
+#include <kvocaeio/nastran.h>
+#include <kvocaeio/package.h>
+#include <kvocaeio/patran.h>
+
+namespace {
+
+using namespace kvocaeio;
+
+struct Step {
+    const char* name;
+    double seconds;
+    std::size_t peak;
+    std::size_t tables;  // what the step's result needs by itself
+};
+
+// None where the job failed.
+using Steps = std::vector<Step>;
+
+template <class Run>
+Step measure(const char* name, const Run& run) {
+    const double start = bench::processorSeconds();
+    run();
+    return {name, bench::processorSeconds() - start, bench::peakBytes(), 0};
+}
+
+Steps importAbaqus(const char* path, int) {
+    bool imported = false;
+    Steps steps;
+    {
+        CKVOAbaqusReader reader;
+        steps.push_back(measure("import", [&] { imported = reader.ImportInpFile(path); }));
+        steps.push_back(measure("sort", [&] { reader.SortData(); }));
+    }
+    if (!imported)
+        return {};
+    // Once more, since the public interface does not show all tables.
+    AbaqusModel model;
+    importDeck(model, path);
+    SortData(model);
+    steps[0].tables = bench::rawTableBytes(model);
+    steps[1].tables = steps[0].tables + bench::sortedTableBytes(model);
+    return steps;
+}
+
+Steps importPackage(const char* path, int) {
+    bool imported = false;
+    Step step;
+    {
+        CKVOCadenceReader reader;
+        step = measure("import", [&] { imported = reader.Import3DIFile(path); });
+    }
+    if (!imported)
+        return {};
+    CKVOCadenceReaderImp model;  // likewise
+    InputFile file(path);
+    model.Import3DI(file);
+    step.tables = bench::packageBytes(model);
+    return {step};
+}
+
+std::size_t bytes(int rows, std::size_t rowSize) {
+    return static_cast<std::size_t>(rows) * rowSize;
+}
+
+Steps readNastran(const char* path, int) {
+    bool read = false;
+    KVONASTRAN_Reader reader;
+    Step step = measure("read", [&] { read = reader.SetFilePath(path); });
+    if (!read)
+        return {};
+    step.tables = bytes(reader.GetNodeCout(), 4 * sizeof(float)) +
+                  bytes(reader.GetElemCout(), 9 * sizeof(int)) +
+                  bytes(reader.GetSectionCout(), 3 * sizeof(int));
+    return {step};
+}
+
+// Coordinates, four corners, shape and property.
+Steps readPatranLists(const char* path, int) {
+    bool read = false;
+    CKVO_PatranIO_Bridge reader;
+    Step step = measure("bridge", [&] { read = reader.ImportFromPatFile(path); });
+    if (!read)
+        return {};
+    step.tables = bytes(reader.GetNodeCount(), 3 * sizeof(float)) +
+                  bytes(reader.GetElementCount(), 6 * sizeof(int));
+    return {step};
+}
+
+// The same with eight nodes, and the map of the node ids.
+Steps readPatranArrays(const char* path, int) {
+    bool read = false;
+    CPatranReader reader;
+    Step step = measure("reader", [&] { read = reader.ImportFromPatFile(path); });
+    if (!read)
+        return {};
+    step.tables = bytes(reader.GetNodeCout(), 3 * sizeof(float) + sizeof(int)) +
+                  bytes(reader.GetElemCount(), 10 * sizeof(int));
+    return {step};
+}
+
+template <bool (*kWrite)(const char* path, const bench::SolidMesh& mesh)>
+Steps write(const char* path, int size) {
+    const bench::SolidMesh mesh = bench::makeSolidMesh(size);
+    bool written = false;
+    Step step = measure("write", [&] { written = kWrite(path, mesh); });
+    step.tables = bench::bytes(mesh);
+    return written ? Steps{step} : Steps{};
+}
+
+constexpr bench::Job<Steps> kJobs[] = {
+    {"abaqus", importAbaqus},
+    {"3di", importPackage},
+    {"nastran", readNastran},
+    {"write-nastran", write<bench::writeNastranMesh>},
+    {"patran-bridge", readPatranLists},
+    {"patran-reader", readPatranArrays},
+    {"write-patran", write<bench::writePatranMesh>},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const bench::Job<Steps>* const job = bench::chooseJob<Steps>(argc, argv, kJobs);
+    if (job == nullptr)
+        return 2;
+    test::CapturedOutput output;
+    const Steps steps = bench::runJob(*job, argv);
+    output.text();
+    if (steps.empty()) {
+        std::fprintf(stderr, "%s: the library cannot do it\n", argv[2]);
+        return 1;
+    }
+    for (const Step& step : steps)
+        std::printf("%s_cpu=%.6f %s_peak=%zu %s_tables=%zu\n", step.name, step.seconds, step.name,
+                    step.peak, step.name, step.tables);
+}
