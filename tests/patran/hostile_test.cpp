@@ -92,11 +92,11 @@ TEST(PatranHostile, CountsAtTheEndsOfInt) {
 }
 
 TEST(PatranHostile, NodeIdsAtTheEndsOfInt) {
-    // " 1" alone takes the id of the property before; the first pass does not know it.
-    for (const char* id : {"2147483647", "-2147483648"}) {
-        TimedImport mesh(summary(2, 1, 1) + freeHeader(std::string(id) + " 0 2 2 1 0 1") + " 1\n" +
-                         reals({1, 2, 3}) + "x\n" + node(7, 4, 5, 6) +
-                         element(1, 2, 1, {7, 99999999}) + endOfFile());
+    // A node without an id takes that of the property before; the first pass does not know it.
+    for (const char* id : {"2147483647    0    ", "-2147483648   0    "}) {
+        TimedImport mesh(summary(2, 1, 1) + freeHeader(std::string(id) + "1") +
+                         " 1                       2\n" + reals({1, 2, 3}) + "x\n" +
+                         node(7, 4, 5, 6) + element(1, 2, 1, {7, 99999999}) + endOfFile());
         EXPECT_THAT(nodesOf(mesh.bridge), ElementsAre(Point{1, 2, 3}, Point{4, 5, 6}));
         EXPECT_THAT(elementsOf(mesh.bridge), ElementsAre(ElementData{{1, 0, 0, 0}, 14, 0, 0, 0}));
         EXPECT_THAT(flatNodesOf(mesh.flat), ElementsAre(Point{1, 2, 3}, Point{4, 5, 6}));

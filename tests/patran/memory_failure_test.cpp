@@ -234,7 +234,7 @@ TEST_F(PatranMemoryFailure, OfTheWriter) {
             hadAll = granted != 0;
         });
         EXPECT_TRUE(elements || !written);
-        EXPECT_EQ(std::filesystem::exists(out), written);
+        EXPECT_TRUE(!written || std::filesystem::exists(out));
         return hadAll;
     });
     EXPECT_GT(rounds, 4);

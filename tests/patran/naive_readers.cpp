@@ -183,8 +183,9 @@ void NaivePatranIO::GetElementDataBase(int index, int* node1, int* node2, int* n
 
 void NaivePatranReader::import(std::string_view bytes) {
     nodeCount_ = elemCount_ = propertyCount_ = 0;
-    NaiveIdMap map(nodeDimension(NaiveFile(bytes)));
-    readPackets(NaiveFile(bytes), map);
+    const NaiveFile file(bytes);
+    NaiveIdMap map(nodeDimension(file));
+    readPackets(file, map);
     if (!arraysMade_ || elemCount_ <= 0)
         return;
     for (std::array<int, 8>& slots : elemNodes_)
