@@ -27,7 +27,7 @@ std::unique_ptr<Report> import(CKVOCadenceReader& reader, const std::string& pat
                 failure = "no reports of a design that can be used are in " + folder +
                           " (CmdFile1.txt, CmdFile2.txt, and CmdFile3.txt of a .sip design)";
         } catch (const std::out_of_range&) {
-            failure = "the report CmdFile2.txt in " + folder + " has no job line";
+            failure = "the report CmdFile2.txt in " + folder + " has no job line of two cells";
         }
     });
     auto report = std::make_unique<PackageReport>(reader, PackageSource::kCadence);

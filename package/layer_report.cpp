@@ -37,8 +37,9 @@ bool addThickness(std::string_view cell, double& height) {
     return true;
 }
 
-// The substrate reaches from the first conductor to the second that has a thickness, deliberately
-// not to the last; air directly before it counts, too. The layers of a die stand before it.
+// The substrate reaches from the first conductor to the second, deliberately not to the last, and
+// where that has no thickness to the next layer that has; air directly before it counts, too. The
+// layers of a die stand before it.
 Heights sumThicknesses(const LayerRows& rows, bool isMcm) {
     Heights heights;
     bool conductorSeen = false;

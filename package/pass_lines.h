@@ -1,4 +1,4 @@
-/// A 3DI file's lines as one pass over it sees them, and the fields of a line.
+/// A package file's lines as one pass over it sees them, and the fields of a line.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-/// Words of a 3DI file, which may be written in any case: sought in lines, compared with keywords.
+/// Words that may be written in any case: sought in lines, compared with keywords.
 #pragma once
 
 #include <algorithm>

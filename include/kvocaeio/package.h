@@ -29,7 +29,7 @@ class CKVOCadenceReaderImp;
 /// A Cadence design needs `SetExeFilePath` and `SetTempFilePath` before `ImportCadenceFile`, and
 /// has no wires.
 ///
-/// One import per reader, or `CleanMemory` between two, is the designed use. A second import
+/// One import per reader, or `CleanMemory` between two, is the designed use. A second 3DI import
 /// without it replaces bodies, wires and tables, but `GetWireLineCount` goes on counting from the
 /// first import's number, `GetWireProfileCount` never falls, and a file without a unit takes the
 /// first file's.
@@ -61,9 +61,10 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// Imports a 3DI file (path in the system's narrow encoding). False when `path` is null, when
     /// the file cannot be opened or memory runs out, and when the file's object table has no
     /// "SYMBOL" or its layer table no "OUTLINE"; what was read until then can be queried. Throws
-    /// the out-of-range error where a body's colour id is not in the colour table, or a body
-    /// without a name has a layer id that is not in the layer table: bodies before that one can be
-    /// queried, wires are not read. Anything else in the file that cannot be read is passed over.
+    /// the out-of-range error where a body's colour id is not in the colour table, or one without a
+    /// name, of the object "SYMBOL" or a ball, has a layer id that is not in the layer table:
+    /// bodies before that one can be queried, wires are not read. Anything else in the file that
+    /// cannot be read is passed over.
     bool Import3DIFile(const char* path);
     /// The same by a wide path.
     bool Import3DIFile(const wchar_t* path);
@@ -82,18 +83,20 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// While no tool is set in either form, steps 1 and 2 are left out and `path` is not looked at:
     /// this is how reports are imported that already exist. Otherwise the form of the tool's path
     /// decides, the narrow one first, and an import by the other form gives false, as a null `path`
-    /// does. In step 3 the wide folder is taken where one was set.
+    /// does, before anything is deleted. In step 3 the wide folder is taken where one was set.
     ///
     /// Which bodies there are goes by the design's name in the symbol report: with ".mcm" a
     /// substrate and a die, with ".sip" a substrate and the members of the die stack, with ".brd"
     /// none, which is a success.
     ///
-    /// False, too, when CmdFile1 or CmdFile3 cannot be written; when report 1 or 2 cannot be opened
-    /// or has a line that is none of a report, which is all that tells of a tool that is missing or
-    /// fails; when the symbol report has not one job line of 13 cells or names no such design; when
-    /// a column is missing; and when memory runs out. Throws the out-of-range error where the layer
-    /// report has no job line. What was read until then can be queried; a failure before the
-    /// symbol report is used leaves the bodies of an earlier import. Wires stay as they are.
+    /// False, too, when CmdFile1 or CmdFile3 cannot be written; when report 1 or 2 cannot be
+    /// opened, has a line that is none of a report or a row with another number of cells than its
+    /// header; when the job lines of the symbol report have not 13 cells or name no such design;
+    /// when a column is missing; and when memory runs out. These are all that tells of a tool that
+    /// is missing or fails. Throws the out-of-range error where bodies are placed by a layer report
+    /// whose job lines have fewer than two cells. What was read until then can be queried; a
+    /// failure before the symbol report is used leaves the bodies of an earlier import. Wires stay
+    /// as they are.
     bool ImportCadenceFile(const char* path);
     /// The same by a wide path. The command files are written by the narrow paths in any case, so
     /// that the folder must be set in both forms, with the same text.
@@ -109,13 +112,14 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// separator and the name behind it. A null `path` counts as empty. Two readers that import at
     /// the same time need a folder each.
     void SetTempFilePath(const char* path);
-    /// Sets the wide paths of the same files; the narrow ones stay as they are.
+    /// Sets the wide paths of the same files; the narrow ones stay as they are. Once set, also by
+    /// an empty or null `path`, they are where reports are looked for, until `CleanMemory`.
     void SetTempFilePath(const wchar_t* path);
 
     /// Number of wires.
     int GetWireLineCount();
 
-    /// Highest profile number that any wire names, 0 without wires. (Not the number of wire models:
+    /// Highest profile number that any wire names, at least 0. (Not the number of wire models:
     /// a wire may name a profile that the file does not describe.)
     int GetWireProfileCount();
 
@@ -123,9 +127,9 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// next call on this reader; the diameter of the first wire that uses it; and a packed colour
     /// (first colour value in the lowest byte), which is that of the wire at index `profile`,
     /// whatever that wire's own profile. False when no wire uses the model: `name` is set then, the
-    /// others untouched. False with nothing touched before a 3DI file was imported. Throws the
-    /// out-of-range error when there is no model `profile`, no wire at index `profile`, or no
-    /// colour of that wire's colour id; `name` and `diameter` may be set by then.
+    /// others untouched. False with nothing touched before `Import3DIFile` has opened a file.
+    /// Throws the out-of-range error when there is no model `profile`, no wire at index `profile`,
+    /// or no colour of that wire's colour id; `name` and `diameter` may be set by then.
     bool GetWireProfileData(int profile, const char*& name, double& diameter, unsigned int& color);
 
     /// Gives wire number `wire`, counted from 0, as separate segments: six doubles each, x, y, z of
@@ -146,8 +150,9 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// `isBall`: 1 for a solder ball, else 0.
     /// `center`: receives three doubles, the middle of the body.
     /// `size`: receives five doubles. The first three are the extents in x, y, z, negative where
-    ///     the file exchanges the ends; of a ball only the first is meant, its diameter. The others
-    ///     have no meaning.
+    ///     the file exchanges the ends; of a ball only the first is meant, its diameter. The z size
+    ///     of a 3DI file's substrate is the sum of its bottom and top. Where the file describes no
+    ///     extents, sizes are of the order of 1e10 in its unit. The others have no meaning.
     /// `color`: packed colour, first colour value in the lowest byte; 0 for a Cadence design.
     bool GetComponentData(int index, char* name, int& isBall, double* const center,
                           double* const size, unsigned int& color);
