@@ -1,74 +1,47 @@
 /// The exported reader and the arrays that it hands out.
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <memory>
-#include <new>
 #include <string_view>
 #include <vector>
 
 #include "nastran/deck_passes.h"
 #include "text/file.h"
+#include "text/zeroed_array.h"
 #include <kvocaeio/nastran.h>
 
 namespace kvocaeio {
-
-namespace {
-
-struct ReleaseArray {
-    void operator()(void* array) const noexcept { std::free(array); }
-};
-
-// Zeroed memory of the C library: what no row uses takes none.
-template <class Value>
-using Array = std::unique_ptr<Value[], ReleaseArray>;
-
-template <class Value>
-Array<Value> makeArray(std::size_t rows, std::size_t width) {
-    if (rows == 0)
-        return nullptr;
-    Array<Value> array(static_cast<Value*>(std::calloc(rows, width * sizeof(Value))));
-    if (array == nullptr)
-        throw std::bad_alloc();
-    return array;
-}
-
-}  // namespace
 
 struct NastranFileInfo {
     char path[512] = {};
     DeckExtent extent;
     std::size_t sectionRows = 0;  // rows of the section vector that hold a card
     // All arrays ever made: what was handed out stays valid for the reader's life.
-    std::vector<std::unique_ptr<void, ReleaseArray>> arrays;
+    std::vector<std::unique_ptr<void, text::ReleaseZeroed>> arrays;
 };
 
 namespace {
 
 // The arrays of one deck, not handed out yet.
 struct DeckArrays {
-    Array<float> nodes;
-    Array<int> elements;
-    Array<int> sections;
-    Array<int> materialFlags;
+    text::ZeroedArray<float> nodes;
+    text::ZeroedArray<int> elements;
+    text::ZeroedArray<int> sections;
+    text::ZeroedArray<int> materialFlags;
 };
-
-std::size_t rows(int count) {
-    return static_cast<std::size_t>(count);
-}
 
 DeckArrays readDeck(std::FILE* deck, const DeckExtent& extent, DeckTables& tables) {
     DeckArrays arrays;
-    arrays.nodes = makeArray<float>(rows(extent.maxNodeId), kNodeWidth);
-    arrays.elements = makeArray<int>(rows(extent.maxElemId), kElemWidth);
+    arrays.nodes = text::makeZeroed<float>(text::asSize(extent.maxNodeId), kNodeWidth);
+    arrays.elements = text::makeZeroed<int>(text::asSize(extent.maxElemId), kElemWidth);
     tables.extent = extent;
     tables.nodes = arrays.nodes.get();
     tables.elements = arrays.elements.get();
     readCards(deck, tables);
-    arrays.sections = makeArray<int>(rows(tables.sectionCount), kSectionWidth);
-    arrays.materialFlags = makeArray<int>(rows(tables.sectionCount) + 1, 1);
-    if (tables.sections.size() > rows(tables.sectionCount))
-        tables.sections.resize(rows(tables.sectionCount));
+    arrays.sections = text::makeZeroed<int>(text::asSize(tables.sectionCount), kSectionWidth);
+    arrays.materialFlags = text::makeZeroed<int>(text::asSize(tables.sectionCount) + 1);
+    if (tables.sections.size() > text::asSize(tables.sectionCount))
+        tables.sections.resize(text::asSize(tables.sectionCount));
     int* row = arrays.sections.get();
     for (const SectionRow& section : tables.sections) {
         *row++ = section.propertyId;

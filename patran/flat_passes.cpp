@@ -83,7 +83,8 @@ void DataPass::readNode() {
     if (nodesRead_ >= mesh_.nodeCount)
         return;
     nodeIdMap_.set(header_.id, nodesRead_);
-    std::ranges::copy(coordinatesOf(lines_.nextCard()), &mesh_.vertices[3 * asSize(nodesRead_)]);
+    std::ranges::copy(coordinatesOf(lines_.nextCard()),
+                      &mesh_.vertices[3 * text::asSize(nodesRead_)]);
     lines_.nextCard();
     ++nodesRead_;
 }
@@ -91,7 +92,7 @@ void DataPass::readNode() {
 void DataPass::readElement() {
     if (elementsRead_ >= mesh_.elemCount)
         return;
-    const std::size_t row = asSize(elementsRead_);
+    const std::size_t row = text::asSize(elementsRead_);
     mesh_.elemTypes[row] = storedShape(header_.iv);
     mesh_.elemProperties[row] = elementPropertyIdOf(lines_.nextCard());
     int* slot = &mesh_.elemNodes[row * kNodesPerElement];
@@ -116,10 +117,10 @@ void DataPass::readSummary() {
     mesh_.nodeCount = header_.n1;
     mesh_.elemCount = header_.n2;
     mesh_.propertyCount = header_.n4;
-    mesh_.vertices = makeZeroed<float>(asSize(mesh_.nodeCount) + 1, 3);
-    mesh_.elemNodes = makeZeroed<int>(asSize(mesh_.elemCount) + 1, kNodesPerElement);
-    mesh_.elemTypes = makeZeroed<int>(asSize(mesh_.elemCount) + 1);
-    mesh_.elemProperties = makeZeroed<int>(asSize(mesh_.elemCount) + 1);
+    mesh_.vertices = text::makeZeroed<float>(text::asSize(mesh_.nodeCount) + 1, 3);
+    mesh_.elemNodes = text::makeZeroed<int>(text::asSize(mesh_.elemCount) + 1, kNodesPerElement);
+    mesh_.elemTypes = text::makeZeroed<int>(text::asSize(mesh_.elemCount) + 1);
+    mesh_.elemProperties = text::makeZeroed<int>(text::asSize(mesh_.elemCount) + 1);
     lines_.nextCard();
 }
 

@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "patran/id_map.h"
-#include "patran/zeroed_array.h"
+#include "text/zeroed_array.h"
 
 namespace kvocaeio {
 
@@ -20,10 +20,10 @@ struct FlatMesh {
     int nodeCount = 0;
     int elemCount = 0;
     int propertyCount = 0;
-    ZeroedArray<float> vertices;
-    ZeroedArray<int> elemNodes;  ///< node ids
-    ZeroedArray<int> elemTypes;
-    ZeroedArray<int> elemProperties;
+    text::ZeroedArray<float> vertices;
+    text::ZeroedArray<int> elemNodes;  ///< node ids
+    text::ZeroedArray<int> elemTypes;
+    text::ZeroedArray<int> elemProperties;
 };
 
 /// The highest id of the nodes that the summary counts, 0 at the least. Prints a message where

@@ -3,14 +3,15 @@
 
 #include <cstddef>
 
-#include "patran/zeroed_array.h"
+#include "text/zeroed_array.h"
 
 namespace kvocaeio {
 
 /// Node index by node id, for ids from 0 to the highest one; 0 for those that no node has.
 class IdMap {
   public:
-    explicit IdMap(int maxId) : indices_(makeZeroed<int>(asSize(maxId) + 1)), maxId_(maxId) {}
+    explicit IdMap(int maxId)
+        : indices_(text::makeZeroed<int>(text::asSize(maxId) + 1)), maxId_(maxId) {}
 
     bool holds(int id) const { return id >= 0 && id <= maxId_; }
     /// An id outside the map is ignored.
@@ -25,7 +26,7 @@ class IdMap {
     int* release() { return indices_.release(); }
 
   private:
-    ZeroedArray<int> indices_;
+    text::ZeroedArray<int> indices_;
     int maxId_;
 };
 

@@ -67,11 +67,11 @@ void CPATWriter::SetNodeArray() noexcept {
         return;
     nodeArraySet = false;
     nodeRows = 0;
-    for (ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
+    for (text::ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
         array->reset();
     try {
-        for (ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
-            *array = makeZeroed<double>(asSize(nodeCount));
+        for (text::ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
+            *array = text::makeZeroed<double>(text::asSize(nodeCount));
         nodeRows = nodeCount;
         nodeArraySet = true;
     } catch (const std::bad_alloc&) {
@@ -81,7 +81,7 @@ void CPATWriter::SetNodeArray() noexcept {
 void CPATWriter::AddNode(int index, double x, double y, double z) {
     if (!isRow(index, nodeRows))
         return;
-    const std::size_t row = asSize(index);
+    const std::size_t row = text::asSize(index);
     nodeX[row] = x;
     nodeY[row] = y;
     nodeZ[row] = z;
@@ -100,8 +100,8 @@ bool CPATWriter::SetElemArray() noexcept {
     elemNodes.reset();
     elemShapes.reset();
     try {
-        elemNodes = makeZeroed<Block>(asSize(elemCount));
-        elemShapes = makeZeroed<int>(asSize(elemCount));
+        elemNodes = text::makeZeroed<Block>(text::asSize(elemCount));
+        elemShapes = text::makeZeroed<int>(text::asSize(elemCount));
         elemRows = elemCount;
         elemArraySet = true;
     } catch (const std::bad_alloc&) {
@@ -112,9 +112,9 @@ bool CPATWriter::SetElemArray() noexcept {
 void CPATWriter::AddElement(int index, int count, const int* nodes) {
     if (!isRow(index, elemRows))
         return;
-    const std::size_t row = asSize(index);
+    const std::size_t row = text::asSize(index);
     Block& block = elemNodes[row];
-    std::copy_n(nodes, std::min(asSize(count), block.size()), block.begin());
+    std::copy_n(nodes, std::min(text::asSize(count), block.size()), block.begin());
     elemShapes[row] = shapeFor(count, elemShapes[row]);
 }
 
@@ -151,15 +151,15 @@ void CPATWriter::writeNode(text::Writer& file, int index) const {
         writeFields(file, std::array{nodeCount, elemCount, 0, 1}).text("81\n");
     else
         file.text(kHeaderEnd);
-    const std::size_t row = asSize(index);
-    for (const ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
+    const std::size_t row = text::asSize(index);
+    for (const text::ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
         file.scientific(isRow(index, nodeRows) ? (*array)[row] : 0.0, kRealWidth);
     file.text("\n       0       0       0       0       0       0       0       0       0\n");
 }
 
 void CPATWriter::writeElement(text::Writer& file, int index) const {
     const bool made = isRow(index, elemRows);
-    const std::size_t row = asSize(index);
+    const std::size_t row = text::asSize(index);
     const int shape = made ? elemShapes[row] : 0;
     writeHeader(file, kElementPacket, index + 1, shape, 2).text(kHeaderEnd);
     writeFields(file, std::array{shape, 2, 0}).text("\n");

@@ -4,8 +4,8 @@
 #include <array>
 #include <cstddef>
 
-#include "patran/zeroed_array.h"
 #include "text/format.h"
+#include "text/zeroed_array.h"
 
 namespace kvocaeio {
 
@@ -32,12 +32,12 @@ class CPATWriter {
 
     const char* filePath = nullptr;
     int nodeCount = 0;
-    ZeroedArray<double> nodeX;
-    ZeroedArray<double> nodeY;
-    ZeroedArray<double> nodeZ;
+    text::ZeroedArray<double> nodeX;
+    text::ZeroedArray<double> nodeY;
+    text::ZeroedArray<double> nodeZ;
     int elemCount = 0;
-    ZeroedArray<Block> elemNodes;
-    ZeroedArray<int> elemShapes;
+    text::ZeroedArray<Block> elemNodes;
+    text::ZeroedArray<int> elemShapes;
     bool filePathSet = false;
     bool nodeCountSet = false;
     bool nodeArraySet = false;

@@ -106,7 +106,7 @@ const int CPatranReader::GetPropertyCount() {
 bool CPatranReader::GetNode(int index, float& x, float& y, float& z) {
     if (index < 0 || index >= nodeCount)
         return false;
-    const float* const row = vertices + 3 * asSize(index);
+    const float* const row = vertices + 3 * text::asSize(index);
     x = row[0];
     y = row[1];
     z = row[2];
@@ -116,7 +116,7 @@ bool CPatranReader::GetNode(int index, float& x, float& y, float& z) {
 bool CPatranReader::GetElement(int index, int& type, int& property, int* const nodes) {
     if (index < 0 || index >= elemCount)
         return false;
-    const std::size_t row = asSize(index);
+    const std::size_t row = text::asSize(index);
     type = elemTypes[row];
     property = elemProperties[row];
     const int* const ids = elemNodes + row * kNodesPerElement;
@@ -127,16 +127,16 @@ bool CPatranReader::GetElement(int index, int& type, int& property, int* const n
 
 void CPatranReader::GetVertex(float (*coordinates)[3], int count) {
     for (int i = 0; i < std::min(count, nodeCount); ++i)
-        std::copy_n(vertices + 3 * asSize(i), 3, coordinates[i]);
+        std::copy_n(vertices + 3 * text::asSize(i), 3, coordinates[i]);
 }
 
 void CPatranReader::GetElemType(int* types, int count) {
-    std::copy_n(elemTypes, asSize(std::min(count, elemCount)), types);
+    std::copy_n(elemTypes, text::asSize(std::min(count, elemCount)), types);
 }
 
 void CPatranReader::GetElemNode(int (*nodes)[8], int count) {
     for (int i = 0; i < std::min(count, elemCount); ++i) {
-        const int* const ids = elemNodes + asSize(i) * kNodesPerElement;
+        const int* const ids = elemNodes + text::asSize(i) * kNodesPerElement;
         std::transform(ids, ids + kNodesPerElement, nodes[i],
                        [this](int id) { return indexOf(nodeIdMap, id); });
     }

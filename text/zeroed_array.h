@@ -6,7 +6,7 @@
 #include <memory>
 #include <new>
 
-namespace kvocaeio {
+namespace kvocaeio::text {
 
 struct ReleaseZeroed {
     void operator()(void* array) const noexcept { std::free(array); }
@@ -16,11 +16,12 @@ struct ReleaseZeroed {
 template <class Value>
 using ZeroedArray = std::unique_ptr<Value[], ReleaseZeroed>;
 
-/// Throws `std::bad_alloc` where the memory cannot be had. At least one row is made.
+/// Null for no rows. Throws `std::bad_alloc` where the memory cannot be had.
 template <class Value>
 ZeroedArray<Value> makeZeroed(std::size_t rows, std::size_t width = 1) {
-    ZeroedArray<Value> array(
-        static_cast<Value*>(std::calloc(rows == 0 ? 1 : rows, width * sizeof(Value))));
+    if (rows == 0)
+        return nullptr;
+    ZeroedArray<Value> array(static_cast<Value*>(std::calloc(rows, width * sizeof(Value))));
     if (array == nullptr)
         throw std::bad_alloc();
     return array;
@@ -31,4 +32,4 @@ constexpr std::size_t asSize(int count) {
     return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::text
