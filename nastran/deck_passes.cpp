@@ -94,7 +94,7 @@ void storeElement(const CardNumbers& numbers, std::size_t nodes, DeckTables& tab
 
 void storeSection(const CardNumbers& numbers, DeckTables& tables) {
     tables.sections.push_back({numbers.ints[0], numbers.ints[1], truncate(numbers.floats[0])});
-    tables.sectionCount = std::max(numbers.ints[0], 0);
+    tables.sectionCount = numbers.ints[0];
 }
 
 void store(CardCode code, const CardNumbers& numbers, DeckTables& tables) {

@@ -34,7 +34,7 @@ struct DeckTables {
     float* nodes = nullptr;   ///< `maxNodeId` rows of `kNodeWidth`
     int* elements = nullptr;  ///< `maxElemId` rows of `kElemWidth`
     std::vector<SectionRow> sections;
-    int sectionCount = 0;  ///< property OID of the last property card, or 0
+    int sectionCount = 0;  ///< property OID of the last property card, 0 without one
 };
 
 /// Reads all cards into the tables. Rows for OIDs outside the extent are dropped.

@@ -1,7 +1,8 @@
 /// The exported reader and the arrays that it hands out.
+#include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -12,23 +13,26 @@
 
 namespace kvocaeio {
 
-struct NastranFileInfo {
-    char path[512] = {};
-    DeckExtent extent;
-    std::size_t sectionRows = 0;  // rows of the section vector that hold a card
-    // All arrays ever made: what was handed out stays valid for the reader's life.
-    std::vector<std::unique_ptr<void, text::ReleaseZeroed>> arrays;
-};
-
 namespace {
 
-// The arrays of one deck, not handed out yet.
 struct DeckArrays {
     text::ZeroedArray<float> nodes;
     text::ZeroedArray<int> elements;
     text::ZeroedArray<int> sections;
     text::ZeroedArray<int> materialFlags;
+    std::size_t sectionRows = 0;  // rows of `sections` that hold a card
 };
+
+}  // namespace
+
+struct NastranFileInfo {
+    char path[512] = {};
+    DeckExtent extent;
+    // All decks ever read: what was handed out stays valid for the reader's life.
+    std::vector<DeckArrays> decks;
+};
+
+namespace {
 
 DeckArrays readDeck(std::FILE* deck, const DeckExtent& extent, DeckTables& tables) {
     DeckArrays arrays;
@@ -38,12 +42,13 @@ DeckArrays readDeck(std::FILE* deck, const DeckExtent& extent, DeckTables& table
     tables.nodes = arrays.nodes.get();
     tables.elements = arrays.elements.get();
     readCards(deck, tables);
-    arrays.sections = text::makeZeroed<int>(text::asSize(tables.sectionCount), kSectionWidth);
-    arrays.materialFlags = text::makeZeroed<int>(text::asSize(tables.sectionCount) + 1);
-    if (tables.sections.size() > text::asSize(tables.sectionCount))
-        tables.sections.resize(text::asSize(tables.sectionCount));
+    // One row more than there are sections, as flags go from 0 and a vector of no rows is not null.
+    const std::size_t sectionCount = text::asSize(tables.sectionCount);
+    arrays.sections = text::makeZeroed<int>(sectionCount + 1, kSectionWidth);
+    arrays.materialFlags = text::makeZeroed<int>(sectionCount + 1);
+    arrays.sectionRows = std::min(tables.sections.size(), sectionCount);
     int* row = arrays.sections.get();
-    for (const SectionRow& section : tables.sections) {
+    for (const SectionRow& section : std::span(tables.sections).first(arrays.sectionRows)) {
         *row++ = section.propertyId;
         *row++ = section.materialId;
         *row++ = section.value;
@@ -79,27 +84,21 @@ bool KVONASTRAN_Reader::SetFilePath(const char* path) {
         return false;
     info->path[std::string_view(path).copy(info->path, sizeof info->path - 1)] = '\0';
     try {
-        const DeckExtent extent = scanIdentifiers(deck.get());
-        if (extent.maxNodeId < 1 || extent.maxElemId < 1 || extent.maxPropId < 1)
+        info->extent = scanIdentifiers(deck.get());
+        if (info->extent.maxNodeId < 1 || info->extent.maxElemId < 1 || info->extent.maxPropId < 1)
             return false;
         std::rewind(deck.get());
         DeckTables tables;
-        DeckArrays arrays = readDeck(deck.get(), extent, tables);
-        info->arrays.reserve(info->arrays.size() + 4);
-        const auto handOut = [this](auto& array) {
-            auto* const values = array.release();
-            info->arrays.emplace_back(values);
-            return values;
-        };
-        nodeVector = handOut(arrays.nodes);
-        elemVector = handOut(arrays.elements);
-        sectionVector = handOut(arrays.sections);
-        materialFlags = handOut(arrays.materialFlags);
+        info->decks.push_back(readDeck(deck.get(), info->extent, tables));
+        const DeckArrays& arrays = info->decks.back();
+        nodeVector = arrays.nodes.get();
+        elemVector = arrays.elements.get();
+        sectionVector = arrays.sections.get();
+        materialFlags = arrays.materialFlags.get();
         sectionCount = tables.sectionCount;
-        info->sectionRows = tables.sections.size();
-        info->extent = extent;
         return true;
     } catch (const std::exception&) {  // memory ran out
+        info->extent = {};
         return false;
     }
 }
@@ -116,11 +115,16 @@ int KVONASTRAN_Reader::GetSectionCout() {
     return sectionCount;
 }
 
-// Rows behind the last card are zero and name no material.
+// Rows behind the last card are zero and name no material. A copy of the reader may have read
+// another deck since: the rows are those of the deck whose arrays are held here.
 int KVONASTRAN_Reader::GetPropertiesCout() {
+    const auto deck = std::ranges::find_if(info->decks, [this](const DeckArrays& arrays) {
+        return arrays.sections.get() == sectionVector;
+    });
+    const std::size_t rows = deck == info->decks.end() ? 0 : deck->sectionRows;
     int different = 0;
     for (const bool counting : {false, true})
-        for (std::size_t row = 0; row < info->sectionRows; ++row) {
+        for (std::size_t row = 0; row < rows; ++row) {
             const int material = sectionVector[row * kSectionWidth + 1];
             if (material < 1 || material > sectionCount)
                 continue;

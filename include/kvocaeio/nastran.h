@@ -17,14 +17,15 @@ struct NastranWriterState;
 ///     const int* elements = reader.GetElemVector();     // GetElemCout() rows of 9
 ///     const int* sections = reader.GetSectionVector();  // GetSectionCout() rows of 3
 ///
-/// Cards are told by a name anywhere on the line and read in fixed fields of eight columns; a comma
-/// or a plus sign counts as eight blanks. docs/nastran.md says what that does to which deck.
+/// Cards are told by a name anywhere in the line's fields and read in fixed fields of eight
+/// columns; a comma or a plus sign counts as eight blanks. docs/nastran.md says what that does to
+/// which deck.
 ///
 /// Ownership: the arrays belong to the reader and stay valid until it is destroyed, also when
 /// `SetFilePath` is called again. The caller frees nothing.
 ///
-/// Threads: a reader serves one thread at a time; different readers share nothing. Nothing throws,
-/// nothing is printed.
+/// Threads: a reader and its copies serve one thread at a time; others share nothing. Nothing but
+/// the constructor throws, and only where memory runs out; nothing is printed.
 class KVOCAEIO_API KVONASTRAN_Reader {
   public:
     /// Makes a reader without arrays: all counts 0, all vectors null.
@@ -34,20 +35,23 @@ class KVOCAEIO_API KVONASTRAN_Reader {
     KVONASTRAN_Reader(const KVONASTRAN_Reader& other);
     /// Shallow, like the copy. What `*this` had before is not released.
     KVONASTRAN_Reader& operator=(const KVONASTRAN_Reader& other);
-    /// Releases all arrays that this reader has ever handed out.
+    /// Releases all arrays that this reader and its copies have ever handed out.
     virtual ~KVONASTRAN_Reader();
 
     /// Reads the deck at `path` (in the system's narrow encoding). False when it cannot be opened,
     /// has no `GRID` card or no element card (`CROD`, `CTUBE`, `CBAR`, `CBEAM`, `CQUAD...`,
     /// `CTRIA...`, `CSHEAR`, `CTETRA`, `CPENTA`, `CHEXA`) with an OID above 0, or when the arrays
-    /// for its largest OIDs cannot be had. Node and element counts are 0 then.
+    /// for its largest OIDs cannot be had. Then the vectors and what belongs to the sections are
+    /// those of the deck before, and the node and element counts say nothing of them: they are the
+    /// largest OIDs of a deck that could be scanned, else 0.
     bool SetFilePath(const char* path);
 
     /// Rows of the node vector: the largest node OID of the deck.
     int GetNodeCout();
     /// Rows of the element vector: the largest element OID of the deck, shells and bars included.
     int GetElemCout();
-    /// Rows of the section vector: the property OID of the deck's last property card.
+    /// Rows of the section vector: the property OID of the deck's last property card, 0 without
+    /// one. Where that OID is below 0, so is the result, and there are no rows.
     int GetSectionCout();
     /// Number of different material OIDs in the section vector, of those from 1 to the section
     /// count.

@@ -39,10 +39,10 @@ void lookAt(const Number* vector, int rows, std::size_t width) {
 void lookAtAll(KVONASTRAN_Reader& reader) {
     lookAt(reader.GetNodeVector(), reader.GetNodeCout(), 4);
     lookAt(reader.GetElemVector(), reader.GetElemCout(), 9);
-    lookAt(reader.GetSectionVector(), reader.GetSectionCout(), 3);
+    const int sections = std::max(reader.GetSectionCout(), 0);
+    lookAt(reader.GetSectionVector(), sections, 3);
     const int materials = reader.GetPropertiesCout();
-    if (materials < 0 || materials > reader.GetSectionCout() ||
-        materials != reader.GetPropertiesCout())
+    if (materials < 0 || materials > sections || materials != reader.GetPropertiesCout())
         std::abort();
 }
 
@@ -58,10 +58,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool read = reader.SetFilePath(path.c_str());
     if (read != (reader.GetNodeCout() > 0 && reader.GetElemCout() > 0))
         std::abort();
+    if (!read)
+        return 0;
     lookAtAll(reader);
     const float* const nodes = reader.GetNodeVector();
     const int count = reader.GetNodeCout();
-    if (reader.SetFilePath(path.c_str()) != read)
+    if (!reader.SetFilePath(path.c_str()))
         std::abort();
     // Some file systems are slow to write over a file, and quick to make a new one.
     std::filesystem::remove(path);

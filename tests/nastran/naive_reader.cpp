@@ -82,8 +82,7 @@ void readSections(const std::string& bytes, NaiveDeck& deck) {
         if (isProperty(code))
             deck.sectionCount = numbers.ints[0];
     });
-    deck.sectionCount = std::max(deck.sectionCount, 0);
-    const std::size_t rows = static_cast<std::size_t>(deck.sectionCount);
+    const auto rows = static_cast<std::size_t>(std::max(deck.sectionCount, 0));
     forEachCard(bytes, [&](int code, const NaiveNumbers& numbers) {
         if (isProperty(code) && deck.sections.size() < rows)
             deck.sections.push_back(
@@ -303,11 +302,11 @@ bool NaiveLines::nextCard(std::string& card) {
 NaiveDeck naiveRead(const std::string& bytes) {
     NaiveDeck deck;
     const LargestIds largest = scanIdentifiers(bytes);
-    if (largest.node < 1 || largest.elem < 1 || largest.prop < 1)
-        return deck;
-    deck.result = true;
     deck.nodeCount = largest.node;
     deck.elemCount = largest.elem;
+    deck.result = largest.node >= 1 && largest.elem >= 1 && largest.prop >= 1;
+    if (!deck.result)
+        return deck;
     readSections(bytes, deck);
     readNodes(bytes, deck);
     readElements(bytes, deck);

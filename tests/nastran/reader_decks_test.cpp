@@ -1,4 +1,5 @@
 /// Counts, continuation lines, line bounds, and decks as other programs write them.
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -106,13 +107,15 @@ TEST(Sections, RowsWithoutACardAreZero) {
     EXPECT_EQ(deck.reader.GetPropertiesCout(), 1);
 }
 
-TEST(Sections, WithoutCardsAreNone) {
-    for (const std::string last :
-         {"", "PSOLID         0       1       1\n", "PSOLID        -3       1       1\n"}) {
-        ReadDeck deck(kGrid + kTetra + "PSOLID         5       1       1\n" + last);
+TEST(Sections, OfALastOidBelowOneAreNone) {
+    for (const int last : {5, 0, -3}) {
+        char card[40];
+        std::snprintf(card, sizeof card, "PSOLID  %8d       1       1\n", last);
+        ReadDeck deck(kGrid + kTetra + "PSOLID         5       1       1\n" + card);
         ASSERT_TRUE(deck.result);
-        EXPECT_EQ(deck.reader.GetSectionCout(), last.empty() ? 5 : 0) << last;
-        EXPECT_EQ(deck.reader.GetPropertiesCout(), last.empty() ? 1 : 0) << last;
+        EXPECT_EQ(deck.reader.GetSectionCout(), last);
+        EXPECT_EQ(deck.reader.GetPropertiesCout(), last == 5 ? 1 : 0) << last;
+        EXPECT_NE(deck.reader.GetSectionVector(), nullptr);
     }
 }
 

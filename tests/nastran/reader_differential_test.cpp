@@ -81,7 +81,7 @@ std::string difference(KVONASTRAN_Reader& reader, bool result, const NaiveDeck& 
     compare("nodes", reader.GetNodeCout(), naive.nodeCount);
     compare("elements", reader.GetElemCout(), naive.elemCount);
     compare("sections", reader.GetSectionCout(), naive.sectionCount);
-    if (!text.empty() || isHuge(naive))
+    if (!text.empty() || isHuge(naive) || !result)
         return text;
     compare("materials", reader.GetPropertiesCout(), naive.propertiesCount);
     compare("materials, again", reader.GetPropertiesCout(), naive.propertiesCount);
@@ -277,13 +277,15 @@ TEST(ReaderDigest, RandomDecksAreReadTheSameOnEveryPlatform) {
         KVONASTRAN_Reader reader;
         const bool result = read(folder, deck, reader);
         digest.add(result ? "read" : "failed");
+        if (!result)
+            continue;
         addRows(digest, reader.GetNodeVector(), static_cast<std::size_t>(reader.GetNodeCout()) * 4);
         addRows(digest, reader.GetElemVector(), static_cast<std::size_t>(reader.GetElemCout()) * 9);
         addRows(digest, reader.GetSectionVector(),
-                static_cast<std::size_t>(reader.GetSectionCout()) * 3);
+                static_cast<std::size_t>(std::max(reader.GetSectionCout(), 0)) * 3);
         digest.add(std::to_string(reader.GetPropertiesCout()));
     }
-    EXPECT_EQ(digest.value(), 3664940376288547991U);
+    EXPECT_EQ(digest.value(), 17311411944640919733U);
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ TEST(ReaderLifecycle, DecksThatDoNotOpenGiveFalse) {
 }
 
 TEST(ReaderLifecycle, ADeckThatFailsLeavesNothing) {
-    ReadDeck deck(kGrid + "PSOLID         1       1       3\n");
+    ReadDeck deck("PSOLID         1       1       3\n");
     EXPECT_FALSE(deck.result);
     expectNothing(deck.reader);
     EXPECT_TRUE(deck.reader.SetFilePath(deck.folder.write("deck.nas", kDeck).c_str()));
@@ -107,6 +107,7 @@ TEST(ReaderLifecycle, ASecondDeckThatFailsLeavesTheArrays) {
         ASSERT_TRUE(deck.result);
         const float* const nodes = deck.reader.GetNodeVector();
         EXPECT_FALSE(deck.reader.SetFilePath(deck.folder.write("bad.nas", second).c_str()));
+        EXPECT_EQ(deck.reader.GetNodeCout(), second.empty() ? 0 : 1);
         EXPECT_FALSE(deck.reader.SetFilePath(deck.folder.file("missing.nas").c_str()));
         EXPECT_EQ(deck.reader.GetNodeCout(), 0);
         EXPECT_EQ(deck.reader.GetElemCout(), 0);
@@ -139,6 +140,35 @@ TEST(ReaderLifecycle, CopiesShareTheArrays) {
     EXPECT_EQ(copy->GetNodeVector(), deck.reader.GetNodeVector());
     EXPECT_EQ(copy->GetElemVector(), deck.reader.GetElemVector());
     EXPECT_EQ(copy->GetSectionVector(), deck.reader.GetSectionVector());
+}
+
+TEST(ReaderLifecycle, ACopyCountsTheMaterialsOfItsOwnDeck) {
+    ReadDeck deck(kDeck + "PSOLID         2       2\n");
+    KVONASTRAN_Reader* const copy = copyOf(deck.reader);
+    for (const int sections : {1, 10, 200000}) {
+        std::string second = kGrid + kTetra;
+        for (int id = 1; id <= sections; ++id) {
+            char card[40];
+            std::snprintf(card, sizeof card, "PSOLID  %8d       1\n", id);
+            second += card;
+        }
+        ASSERT_TRUE(copy->SetFilePath(deck.folder.write("second.nas", second).c_str()));
+        EXPECT_EQ(copy->GetSectionCout(), sections);
+        EXPECT_EQ(deck.reader.GetSectionCout(), 2);
+        EXPECT_EQ(deck.reader.GetPropertiesCout(), 2);
+        EXPECT_EQ(copy->GetPropertiesCout(), 1);
+    }
+}
+
+TEST(ReaderLifecycle, CountsOfADeckThatFailsAreThoseOfItsScan) {
+    ReadDeck nodesOnly("GRID           1\nGRID          10\n");
+    EXPECT_FALSE(nodesOnly.result);
+    EXPECT_EQ(nodesOnly.reader.GetNodeCout(), 10);
+    EXPECT_EQ(nodesOnly.reader.GetNodeVector(), nullptr);
+    ReadDeck elementsOnly(kTetra);
+    EXPECT_FALSE(elementsOnly.result);
+    EXPECT_EQ(elementsOnly.reader.GetElemCout(), 1);
+    EXPECT_EQ(elementsOnly.reader.GetElemVector(), nullptr);
 }
 
 TEST(ReaderLifecycle, AssignmentSharesTheArrays) {

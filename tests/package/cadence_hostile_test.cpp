@@ -13,7 +13,11 @@
 namespace kvocaeio::test {
 namespace {
 
-constexpr std::size_t kFileSize = kMemoryCounts ? 24'000'000 : 4'000'000;
+#if defined(_WIN32)
+constexpr std::size_t kFileSize = 10'000'000;
+#else
+constexpr std::size_t kFileSize = kMemoryCounts ? 100'000'000 : 4'000'000;
+#endif
 
 class HostileReports : public testing::Test {
   protected:
