@@ -74,10 +74,9 @@ std::size_t sortedTableBytes(const AbaqusModel& model) {
 std::size_t packageBytes(const CKVOCadenceReaderImp& model) {
     std::size_t sum = bytes(model.wirePoints) + bytes(model.wireFirstPoint) +
                       bytes(model.wireProfile) + bytes(model.wireDiameter) +
-                      bytes(model.wireColorId) + bytes(model.wireProfileNames) +
-                      bytes(model.components);
+                      bytes(model.wireColorId) + bytes(model.wireProfileNames);
     for (std::size_t i = 0; i < model.components->size(); ++i)
-        sum += bytesOutside((*model.components)[i].name);
+        sum += sizeof(ComponentShape) + model.components->name(i).size() + 1;
     return sum;
 }
 

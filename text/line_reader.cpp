@@ -25,7 +25,6 @@ LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode)
       position_(line_),
       end_(line_) {
     assert(bound > 1);
-    std::setvbuf(file_, nullptr, _IONBF, 0);
 }
 
 void LineReader::rewind() {

@@ -46,15 +46,16 @@ class KVOCAEIO_API CKVO_PatranIO_Bridge {
     virtual ~CKVO_PatranIO_Bridge();
 
     /// Reads the file at `path` (in the system's narrow encoding). False when it cannot be opened,
-    /// or when memory for it cannot be had: there are no nodes and elements then. Otherwise true,
-    /// whatever the file holds.
+    /// nothing touched, or when memory for it cannot be had: there are no nodes and elements then.
+    /// Otherwise true, whatever the file holds.
     bool ImportFromPatFile(const char* path);
     /// The same by a wide path.
     bool _wImportFromPatFile(const wchar_t* path);
 
     /// Number of nodes.
     int GetNodeCount() const;
-    /// Number of elements. The file's summary may count more, and after a second import fewer.
+    /// Number of elements. The file's last summary may count more, and after a second import, or
+    /// where it is not the file's only one, fewer.
     int GetElementCount() const;
 
     /// Gives the coordinates of a node; zeros for an index that no node has.
@@ -71,6 +72,7 @@ class KVOCAEIO_API CKVO_PatranIO_Bridge {
     ///     other; 14 where the property's id is none of the file. (docs/patran.md has the rules.)
     /// `valueA`: second value of a property with three or four, else 0.
     /// `valueB`, `valueC`: second value of a property with two, else 0.
+    /// What a later property of the same id does not set stays as an earlier one has set it.
     ///
     /// An index below 0, not below the summary's number of elements, or not below
     /// `GetElementCount()` gives four zeros, type 13 and three zeros.
@@ -86,14 +88,15 @@ class KVOCAEIO_API CKVO_PatranIO_Bridge {
 ///
 ///     CPatranReader reader;
 ///     if (!reader.ImportFromPatFile("part.pat")) ...        // the file cannot be opened
-///     std::vector<float> xyz(3 * reader.GetNodeCout());
+///     std::vector<float> xyz(3 * std::max(reader.GetNodeCout(), 0));
 ///     reader.GetVertex(reinterpret_cast<float(*)[3]>(xyz.data()), reader.GetNodeCout());
 ///     for (int i = 0; i < reader.GetElemCount(); ++i)
 ///         reader.GetElement(i, type, property, nodes);      // int nodes[8]
 ///
 /// Nodes and elements are handed out by index, in file order, counted from 0. The counts are those
-/// of the summary, whatever the file really holds; what the file does not hold is zero. The summary
-/// must stand before the data: it discards what stands before it, and so does a second one.
+/// of the summary, whatever the file really holds, negative ones too; what the file does not hold
+/// is zero. The summary must stand before the data: it discards what stands before it, and so does
+/// a second one.
 ///
 /// An import replaces the mesh of the one before.
 ///
@@ -237,9 +240,10 @@ class KVOCAEIO_API CKVO_PATWriter_Bridge {
     void AddElement(int index, int count, int* nodes);
 
     /// Writes the file, replacing an older one. False, nothing written, when the path, a number or
-    /// an array has not been set, and when the file cannot be created. True otherwise, also where
-    /// the disk did not take all of it. The numbers of nodes and elements are those set last: what
-    /// they count beyond the arrays is written as if it had never been added. May be called again.
+    /// an array has not been set, and when the file cannot be created; false, too, when memory for
+    /// its lines cannot be had, the file being empty then. True otherwise, also where the disk did
+    /// not take all of it. The numbers of nodes and elements are those set last: what they count
+    /// beyond the arrays is written as if it had never been added. May be called again.
     bool WriteFile();
 
   private:
