@@ -40,3 +40,16 @@ function(kvocaeio_test name)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABEL}" TIMEOUT 600)
 endfunction()
+
+# kvocaeio_failing_memory(NAME)
+#
+# Puts the operator new of support/failing_memory.h in the place of the program's, and on Linux its
+# malloc, calloc, realloc and free in the place of those that the program's objects call. Elsewhere a
+# linked-in runtime would be made to fail as well. Such a test stands alone.
+function(kvocaeio_failing_memory name)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/failing_memory.cpp)
+    if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+        target_link_options(${name} PRIVATE
+            LINKER:--wrap=malloc,--wrap=calloc,--wrap=realloc,--wrap=free)
+    endif()
+endfunction()

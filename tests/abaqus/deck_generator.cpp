@@ -3,18 +3,9 @@
 
 #include <iterator>
 
+#include "text/naive_input.h"
+
 namespace kvocaeio::test {
-namespace {
-
-// The sscanf that the plain import leans on is exact with the GNU runtime only: others may miss the
-// last bit, and have their own mind about hexadecimal reals and exponents without digits.
-#if defined(__GLIBC__)
-constexpr bool kHardReals = true;
-#else
-constexpr bool kHardReals = false;
-#endif
-
-}  // namespace
 
 std::string DeckGenerator::deck() {
     deck_.clear();

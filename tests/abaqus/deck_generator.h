@@ -2,27 +2,21 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
-#include <random>
 #include <string>
+
+#include "text/random.h"
 
 namespace kvocaeio::test {
 
 /// Makes one deck per seed, the same each time in one build.
-class DeckGenerator {
+class DeckGenerator : Random {
   public:
-    explicit DeckGenerator(std::uint64_t seed) : random_(seed) {}
+    explicit DeckGenerator(std::uint64_t seed) : Random(seed) {}
 
     /// Blocks of all kinds, mostly sound, with noise between and in them; then damaged at times.
     std::string deck();
 
   private:
-    std::size_t below(std::size_t count) { return static_cast<std::size_t>(random_() % count); }
-    bool chance(unsigned percent) { return below(100) < percent; }
-    const char* pick(std::initializer_list<const char*> list) {
-        return list.begin()[below(list.size())];
-    }
-
     std::string mixedCase(std::string text);
     std::string integer();
     std::string real();
@@ -45,7 +39,6 @@ class DeckGenerator {
     void unknown();
     void damage();
 
-    std::mt19937_64 random_;
     std::string deck_;
     unsigned lineEnds_ = 0;  ///< 0 LF, 1 CR LF, 2 any
 };

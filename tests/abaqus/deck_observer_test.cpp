@@ -9,32 +9,14 @@
 #include "support/captured_output.h"
 #include "support/files.h"
 #include "text/file.h"
+#include "text/recorder.h"
 
 namespace kvocaeio {
 namespace {
 
+using test::Note;
+using test::Recorder;
 using text::Finding;
-
-struct Note {
-    Finding finding;
-    std::size_t line;
-    std::string what;
-    std::string why;
-    bool operator==(const Note&) const = default;
-};
-
-void PrintTo(const Note& note, std::ostream* out) {
-    *out << static_cast<int>(note.finding) << " line " << note.line << " '" << note.what << "' "
-         << note.why;
-}
-
-struct Recorder {
-    static constexpr bool kListens = true;
-    std::vector<Note> notes;
-    void note(Finding finding, std::size_t line, std::string_view what, std::string_view why) {
-        notes.push_back({finding, line, std::string(what), std::string(why)});
-    }
-};
 
 // What the storing pass tells; the tables are left empty, which the observer does not see.
 std::vector<Note> notesOf(std::string_view deck) {

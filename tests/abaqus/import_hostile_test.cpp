@@ -1,6 +1,5 @@
 /// Decks and folders that nobody would wish for: true or false, and nothing worse.
 #include <atomic>
-#include <chrono>
 #include <climits>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +9,7 @@
 #include <thread>
 
 #include "abaqus/imported_deck.h"
+#include "support/hostile.h"
 
 namespace kvocaeio::test {
 namespace {
@@ -18,55 +18,37 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-/// Generous: a quadratic reader of these decks takes minutes.
-constexpr double kSecondsAllowed = 20.0;
-
-std::string repeated(const std::string& text, int count) {
-    std::string out;
-    out.reserve(text.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        out += text;
-    return out;
-}
-
 /// A deck imported against the clock, without a dump.
 struct TimedImport {
     explicit TimedImport(std::string_view deck) {
         const std::string path = folder.write("deck.inp", deck);
+        const TimeLimit limit;
         CapturedOutput output;
-        const auto start = std::chrono::steady_clock::now();
         result = reader.ImportInpFile(path.c_str());
-        seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     }
 
     TempFolder folder;
     CKVOAbaqusReader reader;
     bool result = false;
-    double seconds = 0.0;
 };
-
-void expectQuick(const TimedImport& deck) {
-    EXPECT_TRUE(deck.result);
-    EXPECT_LT(deck.seconds, kSecondsAllowed);
-}
 
 TEST(HostileDeck, CommentsInARowStayLinear) {
     TimedImport deck("*NODE\n1, 1, 2, 3\n" + repeated("** comment\n", 200000) +
                      "*NODE\n2, 4, 5, 6\n" + repeated("**\n", 200000));
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     EXPECT_THAT(walkNodes(deck.reader), ElementsAre(Node{1, 1, 2, 3}, Node{2, 4, 5, 6}));
 }
 
 TEST(HostileDeck, CommentsBehindAnUnknownKeywordStayLinear) {
     TimedImport deck("*STEP\n" + repeated("** comment\n", 200000) + "*NODE\n2, 4, 5, 6\n");
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     EXPECT_THAT(walkNodes(deck.reader), ElementsAre(Node{2, 4, 5, 6}));
 }
 
 TEST(HostileDeck, BlankLinesStayLinear) {
     TimedImport deck("*ELEMENT, TYPE=S3\n" + repeated("\n", 300000) + "7, 1, 2, 3\n" +
                      repeated("** c\n \n", 100000) + "8, 1,\n" + repeated("\n", 300000) + "2, 3\n");
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     EXPECT_THAT(walkSections(deck.reader),
                 ElementsAre(Section{"", 1, 3, {7, 8}, {1, 2, 3, 1, 2, 3}}));
 }
@@ -78,7 +60,7 @@ TEST(HostileDeck, ManyTinySections) {
                  "*ELSET, ELSET=B\n8\n*SURFACE, TYPE=ELEMENT\nB, S1\n*DLOAD\n8, P, 1\n"
                  "*SHELL SECTION, MATERIAL=M, ELSET=A\n0.5\n",
                  kCount));
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     EXPECT_EQ(deck.reader.GetNodeNum(), kCount);
     EXPECT_EQ(deck.reader.GetElemSecNum(), kCount);
     EXPECT_EQ(deck.reader.GetShellSecNum(), kCount);
@@ -86,7 +68,7 @@ TEST(HostileDeck, ManyTinySections) {
 
 TEST(HostileDeck, EmptySectionsOnly) {
     TimedImport deck(repeated("*ELEMENT, TYPE=C3D8\n", 200000));
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     EXPECT_EQ(deck.reader.GetElemSecNum(), 200000);
 }
 
@@ -94,7 +76,7 @@ TEST(HostileDeck, WideElementsWithoutTheirNodes) {
     // The first element takes the whole rest of the deck, and then its last line "1, 2" again and
     // again: 1197 nodes before that, so that the odd places hold the 1.
     TimedImport deck(repeated("*ELEMENT, TYPE=C3D10000\n1, 2\n", 300));
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     ASSERT_EQ(deck.reader.GetElemSecNum(), 1);
     CKVOAbaqusReader::ElemSecData section;
     ASSERT_TRUE(deck.reader.GetElemSecNext(&section));
@@ -114,11 +96,11 @@ TEST(HostileDeck, AWidthOf99999ReadsNoNodes) {
 
 TEST(HostileDeck, NulBytesOnly) {
     TimedImport deck(std::string(1000000, '\0'));
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     EXPECT_EQ(deck.reader.GetNodeNum(), 0);
     // 511 bytes to a piece: 1957 pieces behind the line end of the keyword.
     TimedImport inNodes("*NODE\n" + std::string(1000000, '\0'));
-    expectQuick(inNodes);
+    EXPECT_TRUE(inNodes.result);
     EXPECT_EQ(inNodes.reader.GetNodeNum(), 1957);
 }
 
@@ -128,7 +110,7 @@ TEST(HostileDeck, IdsAtTheEndsOfInt) {
         "*ELEMENT, TYPE=S3\n2147483647, -2147483648, 2147483648, -99999999999\n"
         "-2147483648, 1, 2, 3\n"
         "*ELSET, ELSET=A, GENERATE\n-99999999999, 99999999999, 99999999999\n");
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     EXPECT_THAT(
         walkSections(deck.reader),
         ElementsAre(Section{"", 1, 3, {INT_MAX, INT_MIN}, {INT_MIN, INT_MAX, INT_MIN, 1, 2, 3}}));
@@ -141,7 +123,7 @@ TEST(HostileDeck, IdsAtTheEndsOfInt) {
 
 TEST(HostileDeck, AMegabyteOfOneToken) {
     TimedImport deck("*ELEMENT, TYPE=S3\n" + std::string(1000000, '7') + "\n");
-    expectQuick(deck);
+    EXPECT_TRUE(deck.result);
     ASSERT_EQ(deck.reader.GetElemSecNum(), 1);
     // 1957 pieces of 511 bytes, four to an element; the last element takes the last piece again.
     EXPECT_EQ(walkSections(deck.reader)[0].ids.size(), 490U);

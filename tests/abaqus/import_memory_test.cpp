@@ -1,60 +1,19 @@
 /// Memory and time of imports that could ask for far too much; a program of its own, as the peak of
 /// a process never falls again.
-#include <chrono>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 
 #include "abaqus/imported_deck.h"
-
-#if !defined(_WIN32)
-#include <sys/resource.h>
-#endif
+#include "support/hostile.h"
+#include "support/peak_memory.h"
 
 namespace kvocaeio::test {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMemoryCounts = false;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool kMemoryCounts = false;
-#else
-constexpr bool kMemoryCounts = true;
-#endif
-#else
-constexpr bool kMemoryCounts = true;
-#endif
-
-/// Peak memory of this process in MiB; 0 where it cannot be told.
-double peakMemory() {
-#if defined(_WIN32)
-    return 0.0;
-#else
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return kMemoryCounts ? static_cast<double>(usage.ru_maxrss) / 1024.0 : 0.0;
-#endif
-}
-
 bool importQuietly(CKVOAbaqusReader& reader, const std::string& path) {
+    const TimeLimit limit(60.0);
     CapturedOutput output;
-    const auto start = std::chrono::steady_clock::now();
-    const bool result = reader.ImportInpFile(path.c_str());
-    const auto time = std::chrono::steady_clock::now() - start;
-    EXPECT_LT(std::chrono::duration<double>(time).count(), 60.0);
-    return result;
-}
-
-/// A file of `begin` and then 100 MB of `filler`, without a single line end behind `begin`.
-std::string writeLongLine(const TempFolder& folder, const std::string& begin, char filler) {
-    const std::string path = folder.file("deck.inp");
-    std::ofstream out(path, std::ios::binary);
-    out << begin;
-    const std::string chunk(1000000, filler);
-    for (int megabyte = 0; megabyte < 100; ++megabyte)
-        out << chunk;
-    return path;
+    return reader.ImportInpFile(path.c_str());
 }
 
 TEST(ImportMemory, OidsNearTheEndOfInt) {

@@ -1,59 +1,14 @@
 /// Memory that cannot be had, at every single allocation of an import.
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <new>
 #include <string>
+#include <utility>
 
 #include "support/captured_output.h"
+#include "support/failing_memory.h"
 #include "support/files.h"
 #include <kvocaeio/abaqus.h>
 
-namespace {
-
-// Allocations still granted; negative: all. Counted only inside the import.
-long granted = -1;
-long outstanding = 0;
-
-void* allocate(std::size_t size) {
-    if (granted == 0)
-        throw std::bad_alloc();
-    if (granted > 0)
-        --granted;
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    ++outstanding;
-    return memory;
-}
-
-void release(void* memory) {
-    if (memory != nullptr)
-        --outstanding;
-    std::free(memory);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    release(memory);
-}
-
-namespace kvocaeio {
+namespace kvocaeio::test {
 namespace {
 
 constexpr const char* kSmallDeck =
@@ -90,21 +45,18 @@ long walk(CKVOAbaqusReader& reader) {
 }
 
 bool importWith(CKVOAbaqusReader& reader, const std::string& deck, long allocations) {
-    granted = allocations;
-    const bool imported = reader.ImportInpFile(deck.c_str());
-    granted = -1;
-    return imported;
+    return withAllocations(allocations, [&] { return reader.ImportInpFile(deck.c_str()); });
 }
 
 class MemoryFailure : public testing::Test {
   protected:
-    test::TempFolder folder;
+    TempFolder folder;
     std::string small = folder.write("small.inp", kSmallDeck);
     std::string larger = folder.write("larger.inp", kLargerDeck);
 };
 
 TEST_F(MemoryFailure, OfAnImportGivesFalseAndLeaksNothing) {
-    test::CapturedOutput quiet;
+    CapturedOutput quiet;
     {
         CKVOAbaqusReader first;
         importWith(first, small, -1);
@@ -124,7 +76,7 @@ TEST_F(MemoryFailure, OfAnImportGivesFalseAndLeaksNothing) {
 }
 
 TEST_F(MemoryFailure, OfASecondImportLeavesTablesThatCanBeWalked) {
-    test::CapturedOutput quiet;
+    CapturedOutput quiet;
     for (const auto& [first, second] : {std::pair{small, larger}, std::pair{larger, small}}) {
         bool imported = false;
         for (int allocations = 0; !imported; ++allocations) {
@@ -137,4 +89,4 @@ TEST_F(MemoryFailure, OfASecondImportLeavesTablesThatCanBeWalked) {
 }
 
 }  // namespace
-}  // namespace kvocaeio
+}  // namespace kvocaeio::test

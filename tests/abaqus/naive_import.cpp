@@ -1,11 +1,12 @@
 /// The plain import: one class that goes through the deck twice.
 #include "abaqus/naive_import.h"
 
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+
+#include "text/naive_input.h"
 
 namespace kvocaeio::test {
 namespace {
@@ -28,25 +29,6 @@ std::string trimmed(const char* text) {
     out.erase(0, out.find_first_not_of(' '));
     out.erase(out.find_last_not_of(' ') + 1);
     return out;
-}
-
-/// "%d", but a number out of range saturates. Gives the place behind it, or null without a number.
-const char* scanInt(const char* text, int& value) {
-    while (*text == ' ' || (*text >= '\t' && *text <= '\r'))
-        ++text;
-    const bool negative = *text == '-';
-    if (*text == '-' || *text == '+')
-        ++text;
-    if (*text < '0' || *text > '9')
-        return nullptr;
-    long long number = 0;
-    for (; *text >= '0' && *text <= '9'; ++text)
-        if (number <= INT_MAX)
-            number = number * 10 + (*text - '0');
-    if (negative)
-        number = -number;
-    value = number > INT_MAX ? INT_MAX : number < INT_MIN ? INT_MIN : static_cast<int>(number);
-    return text;
 }
 
 int nodeCountOf(const char* type) {

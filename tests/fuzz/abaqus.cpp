@@ -5,11 +5,14 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "fuzz/long_numbers.h"
 #include "fuzz/silence.h"
 #include "support/files.h"
 #include <kvocaeio/abaqus.h>
 
 namespace {
+
+using kvocaeio::test::hasLongNumber;
 
 // Every value handed out goes in here, so that none is left unread.
 volatile double seen = 0.0;
@@ -61,18 +64,9 @@ void walkSortedTables(CKVOAbaqusReader& reader) {
         walkElements(reader, section);
 }
 
-// Whether a generated set could name more elements than a fuzzer should be made to hold: its rows
-// are real memory, by design.
-bool mayReachFar(std::string_view deck) {
-    constexpr std::size_t kDigitsOfSmallNumbers = 5;
-    std::size_t digits = 0;
-    for (const char c : deck) {
-        digits = c >= '0' && c <= '9' ? digits + 1 : 0;
-        if (digits > kDigitsOfSmallNumbers)
-            return true;
-    }
-    return false;
-}
+// A generated set may name more elements than a fuzzer should be made to hold: its rows are real
+// memory, by design.
+constexpr std::size_t kDigitsOfSmallNumbers = 5;
 
 }  // namespace
 
@@ -86,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::abort();
     walkRawTables(reader);
     // Twice, since the second call builds on what the first has left.
-    for (int call = 0; call < 2 && !mayReachFar(bytes); ++call) {
+    for (int call = 0; call < 2 && !hasLongNumber(bytes, kDigitsOfSmallNumbers); ++call) {
         try {
             reader.SortData();
         } catch (const std::length_error&) {  // a generated set that ends before it starts

@@ -6,24 +6,19 @@
 #include <filesystem>
 #include <string_view>
 
+#include "fuzz/long_numbers.h"
 #include "support/files.h"
 #include <kvocaeio/nastran.h>
 
 namespace {
 
+using kvocaeio::test::hasLongNumber;
+
 // Every value handed out goes in here, so that none is left unread.
 volatile double seen = 0.0;
 
 // Arrays have a row for each number up to the largest one: six digits make them large enough.
-bool asksForGiantArrays(std::string_view bytes) {
-    int digits = 0;
-    for (const char c : bytes) {
-        digits = c >= '0' && c <= '9' ? digits + 1 : 0;
-        if (digits > 6)
-            return true;
-    }
-    return false;
-}
+constexpr std::size_t kDigitsOfSmallNumbers = 6;
 
 // The rows that most decks use, and the last one.
 template <class Number>
@@ -51,7 +46,7 @@ void lookAtAll(KVONASTRAN_Reader& reader) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const kvocaeio::test::TempFolder folder;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    if (asksForGiantArrays(bytes))
+    if (hasLongNumber(bytes, kDigitsOfSmallNumbers))
         return -1;
     const std::string path = folder.write("deck.nas", bytes);
     KVONASTRAN_Reader reader;

@@ -8,11 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "fuzz/long_numbers.h"
 #include "fuzz/silence.h"
 #include "support/files.h"
 #include <kvocaeio/patran.h>
 
 namespace {
+
+using kvocaeio::test::hasLongNumber;
 
 // Every value handed out goes in here, so that none is left unread.
 volatile double seen = 0.0;
@@ -77,17 +80,8 @@ void copyArrays(CPatranReader& reader) {
     }
 }
 
-// Whether the arrays for an id or a count could be larger than a fuzzer lets them be.
-bool mayReachFar(std::string_view file) {
-    constexpr std::size_t kDigitsOfSmallNumbers = 5;
-    std::size_t digits = 0;
-    for (const char c : file) {
-        digits = c >= '0' && c <= '9' ? digits + 1 : 0;
-        if (digits > kDigitsOfSmallNumbers)
-            return true;
-    }
-    return false;
-}
+// Of ids and counts whose arrays may be as large as a fuzzer lets them be.
+constexpr std::size_t kDigitsOfSmallNumbers = 5;
 
 }  // namespace
 
@@ -97,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     if (!silent)
         std::abort();
-    if (mayReachFar(bytes))
+    if (hasLongNumber(bytes, kDigitsOfSmallNumbers))
         return 0;
     const std::string path = folder.write("part.pat", bytes);
     CKVO_PatranIO_Bridge lists;

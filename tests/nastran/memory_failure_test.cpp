@@ -1,73 +1,12 @@
 /// Memory that cannot be had, at every single allocation of a reader and a writer.
 #include <array>
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <new>
 #include <string>
 
 #include "nastran/written_deck.h"
+#include "support/failing_memory.h"
 
-namespace {
-
-// Allocations still granted; negative: all. Counted only inside the calls that are tested.
-long granted = -1;
-long outstanding = 0;
-
-bool grant() {
-    if (granted == 0)
-        return false;
-    if (granted > 0)
-        --granted;
-    return true;
-}
-
-void* allocate(std::size_t size) {
-    void* const memory = grant() ? std::malloc(size == 0 ? 1 : size) : nullptr;
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    ++outstanding;
-    return memory;
-}
-
-void release(void* memory) {
-    if (memory != nullptr)
-        --outstanding;
-    std::free(memory);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    release(memory);
-}
-
-#if defined(__linux__)
-// The linker puts the second in the place of the C library's, which is the first. Elsewhere a
-// linked-in runtime would be made to fail as well.
-extern "C" {
-void* __real_calloc(std::size_t count, std::size_t size);
-void* __wrap_calloc(std::size_t count, std::size_t size) {
-    return grant() ? __real_calloc(count, size) : nullptr;
-}
-}
-#endif
-
-namespace kvocaeio {
+namespace kvocaeio::test {
 namespace {
 
 const std::string kSmallDeck =
@@ -80,13 +19,10 @@ const std::string kSmallDeck =
 class MemoryFailure : public testing::Test {
   protected:
     bool readWith(KVONASTRAN_Reader& reader, long allocations) const {
-        granted = allocations;
-        const bool result = reader.SetFilePath(path.c_str());
-        granted = -1;
-        return result;
+        return withAllocations(allocations, [&] { return reader.SetFilePath(path.c_str()); });
     }
 
-    test::TempFolder folder;
+    TempFolder folder;
     std::string path = folder.write("deck.nas", kSmallDeck);
 };
 
@@ -164,17 +100,15 @@ TEST_F(MemoryFailure, OfAWriterGivesFalseAndLeaksNothing) {
         const long before = outstanding;
         {
             KVONASTRAN_Writer writer;
-            granted = failures;
-            written = write(writer);
-            granted = -1;
+            written = withAllocations(failures, [&] { return write(writer); });
         }
         ASSERT_EQ(outstanding, before) << "after " << failures << " allocations";
         ASSERT_LT(failures, 1000);
     }
-    const std::string text = test::readText(deckPath);
+    const std::string text = readText(deckPath);
     EXPECT_NE(text.find("CHEXA  ,      1,      1,      1"), std::string::npos);
-    EXPECT_TRUE(text.ends_with(test::kFooter));
+    EXPECT_TRUE(text.ends_with(kFooter));
 }
 
 }  // namespace
-}  // namespace kvocaeio
+}  // namespace kvocaeio::test

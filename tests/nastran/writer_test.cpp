@@ -1,6 +1,5 @@
 /// Decks written card by card, byte for byte.
 #include <array>
-#include <clocale>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <limits>
@@ -8,6 +7,7 @@
 
 #include "nastran/written_deck.h"
 #include "support/captured_output.h"
+#include "support/comma_locale.h"
 
 namespace kvocaeio::test {
 namespace {
@@ -144,17 +144,10 @@ TEST(Nodes, ThatAreNoNumbersHaveTheirWidth) {
 }
 
 TEST(Nodes, AreWrittenTheSameInAnyLocale) {
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "German_Germany.1252", "German"})
-        if (std::setlocale(LC_ALL, name) != nullptr)
-            break;
-    char text[8];
-    std::snprintf(text, sizeof text, "%.1f", 1.5);
-    const bool comma = std::string_view(text) == "1,5";
-    const std::string grid = gridOf(1000000, 1234567.5, 1.5, 1e22);
-    std::setlocale(LC_ALL, "C");
-    if (!comma)
-        GTEST_SKIP() << "no locale with a decimal comma is installed";
-    EXPECT_EQ(grid,
+    const CommaLocale locale;
+    if (!locale.found())
+        GTEST_SKIP() << kNoCommaLocale;
+    EXPECT_EQ(gridOf(1000000, 1234567.5, 1.5, 1e22),
               "GRID   , 1000000,       0,1234567.500,   1.500,10000000000000000000000.000,"
               "       0\n");
 }

@@ -8,6 +8,7 @@
 
 #include "package/cadence_design.h"
 #include "support/files.h"
+#include "support/hostile.h"
 #include "support/peak_memory.h"
 
 namespace kvocaeio::test {
@@ -31,9 +32,7 @@ class HostileReports : public testing::Test {
     int write(const std::string& name, std::string_view begin, std::string_view row,
               std::string_view end = "", std::size_t fileSize = kFileSize) {
         const std::size_t rowsPerChunk = 1 + 100'000 / row.size();
-        std::string chunk;
-        for (std::size_t i = 0; i < rowsPerChunk; ++i)
-            chunk += row;
+        const std::string chunk = repeated(row, static_cast<int>(rowsPerChunk));
         std::ofstream out(folder.path() / name, std::ios::binary);
         out << begin;
         const std::size_t count = fileSize / row.size();
@@ -57,13 +56,6 @@ class HostileReports : public testing::Test {
 /// A report up to its first row.
 std::string headOf(const std::string& report) {
     return report.substr(0, report.find("\nS!") + 1);
-}
-
-std::string repeated(std::string_view text, int count) {
-    std::string all;
-    for (int i = 0; i < count; ++i)
-        all += text;
-    return all;
 }
 
 TEST_F(HostileReports, MillionsOfEmptyCells) {

@@ -1,56 +1,10 @@
 /// Memory that cannot be had, at every single allocation of a Cadence import.
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <new>
 #include <string>
 
 #include "package/cadence_design.h"
+#include "support/failing_memory.h"
 #include "support/files.h"
-
-namespace {
-
-// Allocations still granted; negative: all. Counted only inside the import.
-long granted = -1;
-long outstanding = 0;
-
-void* allocate(std::size_t size) {
-    if (granted == 0)
-        throw std::bad_alloc();
-    if (granted > 0)
-        --granted;
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    ++outstanding;
-    return memory;
-}
-
-void release(void* memory) {
-    if (memory != nullptr)
-        --outstanding;
-    std::free(memory);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    release(memory);
-}
 
 namespace kvocaeio::test {
 namespace {
@@ -67,11 +21,11 @@ class CadenceMemoryFailure : public testing::Test {
     // Imports with so many allocations; `short_` tells whether all of them were used.
     template <class Char>
     bool importWith(CKVOCadenceReader& reader, const Char* design, long allocations) {
-        granted = allocations;
-        const bool imported = reader.ImportCadenceFile(design);
-        short_ = granted == 0;
-        granted = -1;
-        return imported;
+        return withAllocations(allocations, [&] {
+            const bool imported = reader.ImportCadenceFile(design);
+            short_ = granted == 0;
+            return imported;
+        });
     }
 
     TempFolder folder;

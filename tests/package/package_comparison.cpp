@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "package/imported_package.h"
+#include "text/naive_input.h"
 
 namespace kvocaeio::test {
 namespace {
@@ -105,14 +106,6 @@ std::string difference(const std::string& plain, const std::string& library) {
 }
 
 }  // namespace
-
-std::string asText(const std::string& bytes) {
-    std::string text;
-    for (std::size_t i = 0; i < bytes.size() && bytes[i] != '\x1A'; ++i)
-        if (bytes[i] != '\r' || i + 1 == bytes.size() || bytes[i + 1] != '\n')
-            text += bytes[i];
-    return text;
-}
 
 std::string PackageComparison::firstDifference(const std::vector<ImportStep>& steps) {
     NaivePackage plain;

@@ -28,7 +28,4 @@ class PackageComparison {
     TempFolder folder_;
 };
 
-/// The file as text mode delivers it: CR LF as LF, and nothing from a byte 0x1A on.
-std::string asText(const std::string& bytes);
-
 }  // namespace kvocaeio::test

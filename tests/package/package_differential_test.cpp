@@ -10,6 +10,7 @@
 #include "package/package_comparison.h"
 #include "package/package_generator.h"
 #include "support/files.h"
+#include "text/naive_input.h"
 
 namespace kvocaeio::test {
 namespace {

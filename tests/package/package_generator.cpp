@@ -4,18 +4,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/naive_input.h"
+
 namespace kvocaeio::test {
-namespace {
-
-// The sscanf that the plain import leans on is exact with the GNU runtime only: others may miss the
-// last bit, and have their own mind about hexadecimal reals and exponents without digits.
-#if defined(__GLIBC__)
-constexpr bool kHardReals = true;
-#else
-constexpr bool kHardReals = false;
-#endif
-
-}  // namespace
 
 std::string PackageGenerator::file() {
     lines();
@@ -53,7 +44,7 @@ void PackageGenerator::lines() {
     if (chance(15))
         shuffle(sections);
     if (chance(10))
-        sections.push_back(sections[random_.below(sections.size())]);
+        sections.push_back(sections[below(sections.size())]);
     for (const Section section : sections)
         (this->*section)();
     damageLines();
@@ -95,7 +86,7 @@ void PackageGenerator::line(const std::string& text) {
         const std::size_t length =
             static_cast<std::size_t>(between(1018, 1028)) + (chance(25) ? 1023U : 0U);
         std::string& longer = lines_.back();
-        const std::size_t at = chance(50) ? longer.size() : random_.below(longer.size() + 1);
+        const std::size_t at = chance(50) ? longer.size() : below(longer.size() + 1);
         longer.insert(at, length - std::min(length, longer.size()),
                       chance(70)   ? ' '
                       : chance(50) ? '\t'
@@ -309,8 +300,8 @@ void PackageGenerator::damageLines() {
     if (!chance(12))
         return;
     for (int count = between(1, 3); count > 0 && !lines_.empty(); --count) {
-        const auto at = static_cast<std::ptrdiff_t>(random_.below(lines_.size()));
-        const auto to = random_.below(lines_.size());
+        const auto at = static_cast<std::ptrdiff_t>(below(lines_.size()));
+        const auto to = below(lines_.size());
         switch (between(0, 3)) {
             case 0:
                 lines_.erase(lines_.begin() + at);
@@ -330,14 +321,14 @@ void PackageGenerator::damageLines() {
 
 std::string PackageGenerator::filler() {
     const char* const part = pick({"GEO ", "TABL ", "3D ", "WIR ", "COLO ", "x", "0 ", "#"});
-    const std::size_t length = chance(30) ? random_.below(3000) : random_.below(80);
+    const std::size_t length = chance(30) ? below(3000) : below(80);
     std::string out;
     while (out.size() < length)
         out += part;
     if (chance(3))
-        out.insert(random_.below(out.size() + 1), pick({"GEOM", "WIRE", "COLOR", "####", "TABLE"}));
+        out.insert(below(out.size() + 1), pick({"GEOM", "WIRE", "COLOR", "####", "TABLE"}));
     if (chance(2))
-        out.insert(random_.below(out.size() + 1), 1, chance(50) ? '\0' : '\r');
+        out.insert(below(out.size() + 1), 1, chance(50) ? '\0' : '\r');
     return out;
 }
 
@@ -358,7 +349,7 @@ std::string PackageGenerator::joined() {
 
 void PackageGenerator::damageBytes(std::string& text) {
     if (chance(6))
-        text.resize(random_.below(text.size() + 1));
+        text.resize(below(text.size() + 1));
     if (chance(10))
         while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
             text.pop_back();
@@ -366,11 +357,11 @@ void PackageGenerator::damageBytes(std::string& text) {
         return;
     static constexpr char kBytes[] = {'\0', '\r', '\n', '#', ' ', '\t', '\x1a', '\xff', '9', 'A'};
     for (int count = between(1, 4); count > 0 && !text.empty(); --count) {
-        const std::size_t at = random_.below(text.size());
+        const std::size_t at = below(text.size());
         if (chance(20))
-            text.erase(at, 1 + random_.below(5));
+            text.erase(at, 1 + below(5));
         else
-            text[at] = kBytes[random_.below(sizeof kBytes)];
+            text[at] = kBytes[below(sizeof kBytes)];
     }
 }
 

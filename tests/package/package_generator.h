@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -11,9 +10,9 @@
 namespace kvocaeio::test {
 
 /// Makes one file per seed, the same each time in one build.
-class PackageGenerator {
+class PackageGenerator : Random {
   public:
-    explicit PackageGenerator(std::uint64_t seed) : random_(seed) {}
+    explicit PackageGenerator(std::uint64_t seed) : Random(seed) {}
 
     /// All sections, mostly in their common order, with noise and damage at times.
     std::string file();
@@ -21,18 +20,14 @@ class PackageGenerator {
     std::string largeFile();
 
   private:
-    bool chance(unsigned percent) { return random_.below(100) < percent; }
-    bool perMille(unsigned count) { return random_.below(1000) < count; }
+    bool perMille(unsigned count) { return below(1000) < count; }
     int between(int least, int most) {
-        return least + static_cast<int>(random_.below(static_cast<std::size_t>(most - least + 1)));
-    }
-    const char* pick(std::initializer_list<const char*> list) {
-        return list.begin()[random_.below(list.size())];
+        return least + static_cast<int>(below(static_cast<std::size_t>(most - least + 1)));
     }
     template <class T>
     void shuffle(std::vector<T>& list) {
         for (std::size_t i = list.size(); i > 1; --i)
-            std::swap(list[i - 1], list[random_.below(i)]);
+            std::swap(list[i - 1], list[below(i)]);
     }
 
     std::string real();
@@ -65,7 +60,6 @@ class PackageGenerator {
     std::string filler();
     void damageBytes(std::string& text);
 
-    Random random_;
     std::vector<std::string> lines_;
     int colors_ = 0;  ///< highest colour id
     int firstId_ = 1;

@@ -1,6 +1,5 @@
 /// Memory of 3DI imports: none to be had at every single allocation, and how much is taken at most.
 #include <cstddef>
-#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <new>
@@ -11,63 +10,8 @@
 #include <vector>
 
 #include "package/imported_package.h"
+#include "support/failing_memory.h"
 #include "support/files.h"
-
-namespace {
-
-// Every block is led by its size, so that the bytes in use are known.
-constexpr std::size_t kLead = alignof(std::max_align_t);
-
-// Allocations still granted; negative: all. Counted only inside a call of the library.
-long granted = -1;
-long outstanding = 0;
-std::size_t bytesInUse = 0;
-std::size_t mostBytesInUse = 0;
-
-void* allocate(std::size_t size) {
-    if (granted == 0)
-        throw std::bad_alloc();
-    if (granted > 0)
-        --granted;
-    void* const memory = std::malloc(size + kLead);
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    *static_cast<std::size_t*>(memory) = size;
-    ++outstanding;
-    bytesInUse += size;
-    mostBytesInUse = bytesInUse > mostBytesInUse ? bytesInUse : mostBytesInUse;
-    return static_cast<std::byte*>(memory) + kLead;
-}
-
-void release(void* memory) {
-    if (memory == nullptr)
-        return;
-    void* const start = static_cast<std::byte*>(memory) - kLead;
-    --outstanding;
-    bytesInUse -= *static_cast<std::size_t*>(start);
-    std::free(start);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    release(memory);
-}
 
 namespace kvocaeio::test {
 namespace {
@@ -81,25 +25,12 @@ constexpr std::size_t kBodyBytes = 112;
 constexpr std::size_t kWireBytes = 20;
 constexpr std::size_t kPointBytes = 24;
 
-/// Runs a call with so many allocations granted; negative: all.
-template <class Call>
-void with(long allocations, const Call& call) {
-    granted = allocations;
-    try {
-        call();
-    } catch (...) {
-        granted = -1;
-        throw;
-    }
-    granted = -1;
-}
-
 /// Imports with so many allocations granted: "true", "false" or the text of the error.
 std::string_view importWith(CKVOCadenceReader& reader, const std::string& path, long allocations) {
-    bool imported = false;
     try {
-        with(allocations, [&] { imported = reader.Import3DIFile(path.c_str()); });
-        return imported ? "true" : "false";
+        return withAllocations(allocations, [&] { return reader.Import3DIFile(path.c_str()); })
+                   ? "true"
+                   : "false";
     } catch (const std::out_of_range& error) {
         return std::string_view(error.what()) == kOutOfRange ? kOutOfRange : "another text";
     }
@@ -185,7 +116,7 @@ TEST_F(PackageMemoryFailure, OfASecondImportLeavesListsThatCanBeAskedFor) {
 
 TEST_F(PackageMemoryFailure, OfAFirstQueryIsFalseOrZero) {
     CKVOCadenceReader reader;
-    with(0, [&] {
+    withAllocations(0, [&] {
         EXPECT_EQ(reader.GetComponentCount(), 0);
         EXPECT_EQ(reader.GetWireLineCount(), 0);
         EXPECT_EQ(reader.GetWireProfileCount(), 0);
@@ -211,11 +142,11 @@ TEST_F(PackageMemoryFailure, OfAQueryIsBadAlloc) {
     double diameter = 0.0;
     const char* name = nullptr;
     unsigned color = 0;
-    EXPECT_THROW(with(0, [&] { reader.GetWireLine(0, points, profile, diameter); }),
+    EXPECT_THROW(withAllocations(0, [&] { reader.GetWireLine(0, points, profile, diameter); }),
                  std::bad_alloc);
-    EXPECT_THROW(with(0, [&] { reader.GetWirePolyLine(0, points, profile, diameter); }),
+    EXPECT_THROW(withAllocations(0, [&] { reader.GetWirePolyLine(0, points, profile, diameter); }),
                  std::bad_alloc);
-    EXPECT_THROW(with(0, [&] { reader.GetWireProfileData(1, name, diameter, color); }),
+    EXPECT_THROW(withAllocations(0, [&] { reader.GetWireProfileData(1, name, diameter, color); }),
                  std::bad_alloc);
     ask(reader);
 }

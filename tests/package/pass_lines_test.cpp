@@ -12,32 +12,14 @@
 #include "package/wire_passes.h"
 #include "support/files.h"
 #include "text/file.h"
+#include "text/recorder.h"
 
 namespace kvocaeio {
 namespace {
 
+using test::Note;
+using test::Recorder;
 using text::Finding;
-
-struct Note {
-    Finding finding;
-    std::size_t line;
-    std::string what;
-    std::string why;
-    bool operator==(const Note&) const = default;
-};
-
-void PrintTo(const Note& note, std::ostream* out) {
-    *out << static_cast<int>(note.finding) << " line " << note.line << " '" << note.what << "' "
-         << note.why;
-}
-
-struct Recorder {
-    static constexpr bool kListens = true;
-    std::vector<Note> notes;
-    void note(Finding finding, std::size_t line, std::string_view what, std::string_view why) {
-        notes.push_back({finding, line, std::string(what), std::string(why)});
-    }
-};
 
 // Notes of one pass over a file of these bytes.
 template <class Pass>

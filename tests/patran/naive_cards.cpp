@@ -1,40 +1,10 @@
 /// Lines and cards of neutral files as the C library reads them.
 #include "patran/naive_cards.h"
 
-#include <algorithm>
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 
 namespace kvocaeio::test {
-namespace {
-
-/// "%d", but a number out of range saturates. Gives the place behind it, or null without a number.
-const char* scanInt(const char* text, int& value) {
-    while (*text == ' ' || (*text >= '\t' && *text <= '\r'))
-        ++text;
-    const bool negative = *text == '-';
-    if (*text == '-' || *text == '+')
-        ++text;
-    if (*text < '0' || *text > '9')
-        return nullptr;
-    long long number = 0;
-    for (; *text >= '0' && *text <= '9'; ++text)
-        if (number <= INT_MAX)
-            number = number * 10 + (*text - '0');
-    if (negative)
-        number = -number;
-    value = static_cast<int>(std::clamp<long long>(number, INT_MIN, INT_MAX));
-    return text;
-}
-
-}  // namespace
-
-NaiveFile::NaiveFile(std::string_view bytes) {
-    for (std::size_t i = 0; i < bytes.size() && bytes[i] != '\x1a'; ++i)
-        if (bytes[i] != '\r' || i + 1 == bytes.size() || bytes[i + 1] != '\n')
-            text_ += bytes[i];
-}
 
 void NaiveFile::gets(char* line, int limit) {
     int length = 0;

@@ -6,12 +6,14 @@
 #include <string>
 #include <string_view>
 
+#include "text/naive_input.h"
+
 namespace kvocaeio::test {
 
 /// A file's bytes behind the C library's text mode, as the home system has it, read like a stream.
 class NaiveFile {
   public:
-    explicit NaiveFile(std::string_view bytes);
+    explicit NaiveFile(std::string_view bytes) : text_(asText(bytes)) {}
 
     /// `fgets`: takes at most `limit` - 1 bytes; leaves `line` as it is where nothing is left.
     void gets(char* line, int limit);

@@ -4,17 +4,10 @@
 #include <cstdio>
 
 #include "patran/neutral_file.h"
+#include "text/naive_input.h"
 
 namespace kvocaeio::test {
 namespace {
-
-// The C library that the plain readers lean on is exact with the GNU runtime only: others may miss
-// the last bit, and have their own mind about hexadecimal reals and "inf".
-#if defined(__GLIBC__)
-constexpr bool kHardReals = true;
-#else
-constexpr bool kHardReals = false;
-#endif
 
 std::string padded(const std::string& text, std::size_t width) {
     return text.size() >= width ? text : std::string(width - text.size(), ' ') + text;

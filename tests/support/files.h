@@ -35,6 +35,16 @@ class TempFolder {
     void makeFolder(std::string_view name) const {
         std::filesystem::create_directory(path_ / name);
     }
+    /// Path of `name` below folders in this one, longer than 600 characters. The folders are made,
+    /// where the system can.
+    std::string longPath(std::string_view name) const {
+        std::filesystem::path path = path_;
+        while (path.string().size() < 600)
+            path /= std::string(120, 'd');
+        std::error_code ignored;
+        std::filesystem::create_directories(path, ignored);
+        return (path / name).string();
+    }
     /// Writes a file byte for byte and gives its path.
     std::string write(std::string_view name, std::string_view bytes) const {
         std::ofstream out(path_ / name, std::ios::binary);

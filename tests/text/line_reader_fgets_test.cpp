@@ -7,6 +7,7 @@
 #include "support/files.h"
 #include "text/file.h"
 #include "text/line_reader.h"
+#include "text/naive_input.h"
 #include "text/random.h"
 
 namespace kvocaeio::text {
@@ -34,15 +35,6 @@ std::string randomBytes(test::Random& random) {
     if (random.oneIn(4) && !bytes.empty())
         bytes[bytes.size() - 1 - random.below(std::min<std::size_t>(bytes.size(), 1000))] = '\x1A';
     return bytes;
-}
-
-// What the C library's text mode would make of the bytes, written the plain way.
-std::string asText(const std::string& bytes) {
-    std::string text;
-    for (std::size_t i = 0; i < bytes.size() && bytes[i] != '\x1A'; ++i)
-        if (bytes[i] != '\r' || i + 1 == bytes.size() || bytes[i + 1] != '\n')
-            text += bytes[i];
-    return text;
 }
 
 void expectSameLines(std::FILE* plain, LineReader& reader, std::size_t bound,
@@ -79,7 +71,8 @@ TEST(LineReaderAgainstFgets, RandomFiles) {
         const LineMode mode = round % 2 == 0 ? LineMode::kBinary : LineMode::kText;
         const std::size_t bound = kBounds[random.below(std::size(kBounds))];
         const File plain = openFile(
-            folder.write("plain", mode == LineMode::kText ? asText(bytes) : bytes).c_str(), "rb");
+            folder.write("plain", mode == LineMode::kText ? test::asText(bytes) : bytes).c_str(),
+            "rb");
         const File file = openFile(folder.write("file", bytes).c_str(), "rb");
         LineReader reader(file.get(), bound, mode);
         expectSameLines(plain.get(), reader, bound, random);

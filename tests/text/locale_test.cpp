@@ -1,9 +1,8 @@
 /// Scanning and formatting where the host has set a locale with a decimal comma.
-#include <clocale>
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <string>
 
+#include "support/comma_locale.h"
 #include "support/files.h"
 #include "text/file.h"
 #include "text/format.h"
@@ -12,21 +11,18 @@
 namespace kvocaeio::text {
 namespace {
 
-class CommaLocale : public testing::Test {
+class InACommaLocale : public testing::Test {
   protected:
     void SetUp() override {
-        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "German_Germany.1252", "German"})
-            if (std::setlocale(LC_ALL, name) != nullptr)
-                break;
-        char text[8];
-        std::snprintf(text, sizeof text, "%.1f", 1.5);
-        if (std::string_view(text) != "1,5")
-            GTEST_SKIP() << "no locale with a decimal comma is installed";
+        if (!locale_.found())
+            GTEST_SKIP() << test::kNoCommaLocale;
     }
-    void TearDown() override { std::setlocale(LC_ALL, "C"); }
+
+  private:
+    const test::CommaLocale locale_;
 };
 
-TEST_F(CommaLocale, RealsAreScannedWithAPoint) {
+TEST_F(InACommaLocale, RealsAreScannedWithAPoint) {
     double first = 0;
     double second = 0;
     Scan scan("1.5,2.5");
@@ -42,13 +38,13 @@ TEST_F(CommaLocale, RealsAreScannedWithAPoint) {
     EXPECT_EQ(toReal("2.25"), 2.25);
 }
 
-TEST_F(CommaLocale, BytesThatTheLocaleHasAsSpaceAreNone) {
+TEST_F(InACommaLocale, BytesThatTheLocaleHasAsSpaceAreNone) {
     std::string_view word;
     EXPECT_TRUE(Scan("a\xA0\x85 b").word(word));
     EXPECT_EQ(word, "a\xA0\x85");
 }
 
-TEST_F(CommaLocale, RealsAreWrittenWithAPoint) {
+TEST_F(InACommaLocale, RealsAreWrittenWithAPoint) {
     const test::TempFolder folder;
     const File file = openFile(folder.file("file").c_str(), "wb");
     EXPECT_TRUE(Writer(file.get()).fixed(1234.5).scientific(1.5, 16).integer(1234567).flush());

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 
 namespace kvocaeio::test {
 
@@ -23,6 +24,10 @@ class Random {
     }
     /// True once in `count` times.
     bool oneIn(std::size_t count) { return below(count) == 0; }
+    bool chance(unsigned percent) { return below(100) < percent; }
+    const char* pick(std::initializer_list<const char*> list) {
+        return list.begin()[below(list.size())];
+    }
 
   private:
     std::uint64_t state_;

@@ -14,12 +14,15 @@
 #include <utility>
 #include <vector>
 
+#include "support/hostile.h"
 #include "text/digest.h"
 #include "text/scan.h"
 #include "text/scan_texts.h"
 
 namespace kvocaeio::text {
 namespace {
+
+using test::repeated;
 
 #if defined(NDEBUG)
 constexpr int kTexts = 1'000'000;
@@ -32,13 +35,6 @@ struct FormatGroup {
     std::size_t maxFields;
     std::vector<std::string> formats;
 };
-
-std::string repeated(std::string_view part, int times) {
-    std::string text;
-    for (; times > 0; --times)
-        text += part;
-    return text;
-}
 
 // All scan formats of the readers, with those that are scanned over the same lines together.
 std::vector<FormatGroup> formatGroups() {
