@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <vector>
 
 #include "patran/neutral_file.h"
 #include "support/captured_output.h"
