@@ -1,15 +1,13 @@
 /// Decks and folders that nobody would wish for: true or false, and nothing worse.
-#include <atomic>
 #include <climits>
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
 
 #include "abaqus/imported_deck.h"
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 
 namespace kvocaeio::test {
 namespace {
@@ -172,33 +170,18 @@ TEST(HostileFolder, TheDebugFolderCannotBeWritten) {
 #if defined(__linux__)
 TEST(HostileDeck, AnotherProcessWritesItMeanwhile) {
     // The counts of one state never fit the other: neither blocks, nor widths, nor rows.
-    const std::string states[] = {
-        "*NODE\n" + repeated("1, 1, 2, 3\n", 60000),
-        repeated("*ELEMENT, TYPE=C3D8\n1, 2, 3, 4, 5, 6, 7, 8, 9\n*NODE\n7, 1, 2, 3\n", 8000),
-        "*ELEMENT, TYPE=S3\n" + repeated("1, 2, 3, 4\n", 50000),
-        repeated("*ELSET, ELSET=A\n1, 2\n*DLOAD\n1, P, 2\n", 10000)};
-    TempFolder folder;
-    const std::string path = folder.write("deck.inp", states[0]);
-    std::atomic<bool> done{false};
-    std::thread writer([&] {
-        for (std::size_t round = 0; !done; ++round) {
-            std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
-            const std::string& state = states[round % 4];
-            file.write(state.data(), static_cast<std::streamsize>(state.size()));
-            file.close();
-            if (round % 2 == 0)
-                std::filesystem::resize_file(path, state.size());
-        }
-    });
+    const RestlessFile file(
+        {"*NODE\n" + repeated("1, 1, 2, 3\n", 60000),
+         repeated("*ELEMENT, TYPE=C3D8\n1, 2, 3, 4, 5, 6, 7, 8, 9\n*NODE\n7, 1, 2, 3\n", 8000),
+         "*ELEMENT, TYPE=S3\n" + repeated("1, 2, 3, 4\n", 50000),
+         repeated("*ELSET, ELSET=A\n1, 2\n*DLOAD\n1, P, 2\n", 10000)});
     CapturedOutput output;
     for (int round = 0; round < 30; ++round) {
         CKVOAbaqusReader reader;
-        EXPECT_TRUE(reader.ImportInpFile(path.c_str()));
+        EXPECT_TRUE(reader.ImportInpFile(file.path().c_str()));
         EXPECT_EQ(walkNodes(reader).size(), static_cast<std::size_t>(reader.GetNodeNum()));
         EXPECT_EQ(walkSections(reader).size(), static_cast<std::size_t>(reader.GetElemSecNum()));
     }
-    done = true;
-    writer.join();
 }
 
 TEST(HostileFolder, TheDiskUnderTheLogIsFull) {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "abaqus/imported_deck.h"
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 #include "support/peak_memory.h"
 
 namespace kvocaeio::test {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "nastran/deck.h"
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 
 namespace kvocaeio::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "nastran/deck.h"
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 #include "support/peak_memory.h"
 
 namespace kvocaeio::test {

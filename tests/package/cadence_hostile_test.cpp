@@ -8,7 +8,7 @@
 
 #include "package/cadence_design.h"
 #include "support/files.h"
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 #include "support/peak_memory.h"
 
 namespace kvocaeio::test {

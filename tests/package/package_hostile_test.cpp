@@ -1,15 +1,11 @@
 /// 3DI files that nobody would wish for: true, false or the one error, and nothing worse.
-#include <atomic>
-#include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "package/imported_package.h"
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 
 namespace kvocaeio::test {
 namespace {
@@ -229,34 +225,18 @@ TEST(HostilePackage, ADeviceIsAnEmptyFile) {
 
 TEST(HostilePackage, AnotherProcessWritesItMeanwhile) {
     // What one pass has seen, the next one may not.
-    const std::string states[] = {
-        kTables + repeated(kHead + "2DPG 2\n0 0 1 1\n", 5000),
-        "3DI MM\nTABLE COLOR\n9 1 1 1 1\n" + kNames +
-            repeated(kWireHead + "3DPL 1\n1 1 1\n-\n-\n", 5000),
-        repeated("TABLE LAYER\n5 OUTLINE\nTABLE OBJECT\n7 SYMBOL\n", 5000),
-        "WIRE_MODELS\n" + repeated("WIRE_MODEL 1\nA 1 1 X\n", 9000)};
-    const TempFolder folder;
-    const std::string path = folder.write("package.3di", states[0]);
-    std::atomic<bool> done{false};
-    std::thread writer([&] {
-        for (std::size_t round = 0; !done; ++round) {
-            std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
-            const std::string& state = states[round % 4];
-            file.write(state.data(), static_cast<std::streamsize>(state.size()));
-            file.close();
-            if (round % 2 == 0)
-                std::filesystem::resize_file(path, state.size());
-        }
-    });
+    const RestlessFile file({kTables + repeated(kHead + "2DPG 2\n0 0 1 1\n", 5000),
+                             "3DI MM\nTABLE COLOR\n9 1 1 1 1\n" + kNames +
+                                 repeated(kWireHead + "3DPL 1\n1 1 1\n-\n-\n", 5000),
+                             repeated("TABLE LAYER\n5 OUTLINE\nTABLE OBJECT\n7 SYMBOL\n", 5000),
+                             "WIRE_MODELS\n" + repeated("WIRE_MODEL 1\nA 1 1 X\n", 9000)});
     for (int round = 0; round < 50; ++round) {
         CKVOCadenceReader reader;
-        outcomeOf([&] { return reader.Import3DIFile(path.c_str()); });
+        outcomeOf([&] { return reader.Import3DIFile(file.path().c_str()); });
         bodies(reader);
         wires(reader);
         profileData(reader, 1);
     }
-    done = true;
-    writer.join();
 }
 #endif
 

@@ -1,19 +1,13 @@
 /// Neutral files and disks that nobody would wish for: an answer in time, and nothing worse.
-#include "support/hostile.h"
-
-#include <atomic>
 #include <climits>
-#include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
-#include <vector>
 
 #include "patran/neutral_file.h"
 #include "support/captured_output.h"
 #include "support/files.h"
+#include "support/hostile_texts.h"
 #include "support/peak_memory.h"
 
 namespace kvocaeio::test {
@@ -187,38 +181,23 @@ TEST(PatranHostile, AnotherProcessWritesItMeanwhile) {
     std::string backwards = summary(9000, 9000);
     for (int i = 9000; i > 0; --i)
         backwards += node(50000 - i, i, 0, 0);
-    const std::vector<std::string> states = {
-        summary(20000, 3) + repeated(node(1, 1, 2, 3), 20000),
-        summary(1, 20000) + node(99999999, 1, 2, 3) +
-            repeated(element(1, 8, 1, {1, 99999999, 3, 4, 5, 6, 7, 8}), 20000),
-        backwards, repeated(summary(7, 7, 7) + property(1000, 2, {2, 1}), 4000)};
-    TempFolder folder;
-    const std::string path = folder.write("mesh.pat", states[0]);
-    std::atomic<bool> done{false};
-    std::thread writer([&] {
-        for (std::size_t round = 0; !done; ++round) {
-            std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
-            const std::string& state = states[round % 4];
-            file.write(state.data(), static_cast<std::streamsize>(state.size()));
-            file.close();
-            if (round % 2 == 0)
-                std::filesystem::resize_file(path, state.size());
-        }
-    });
+    const RestlessFile file({summary(20000, 3) + repeated(node(1, 1, 2, 3), 20000),
+                             summary(1, 20000) + node(99999999, 1, 2, 3) +
+                                 repeated(element(1, 8, 1, {1, 99999999, 3, 4, 5, 6, 7, 8}), 20000),
+                             backwards,
+                             repeated(summary(7, 7, 7) + property(1000, 2, {2, 1}), 4000)});
     CapturedOutput output;
     for (int round = 0; round < 30; ++round) {
         CKVO_PatranIO_Bridge bridge;
-        EXPECT_TRUE(bridge.ImportFromPatFile(path.c_str()));
+        EXPECT_TRUE(bridge.ImportFromPatFile(file.path().c_str()));
         EXPECT_EQ(nodesOf(bridge).size(), static_cast<std::size_t>(bridge.GetNodeCount()));
         for (const ElementData& element : elementsOf(bridge))
             ASSERT_THAT(element.nodes, Each(testing::Lt(bridge.GetNodeCount() + 1)));
         CPatranReader flat;
-        EXPECT_TRUE(flat.ImportFromPatFile(path.c_str()));
+        EXPECT_TRUE(flat.ImportFromPatFile(file.path().c_str()));
         EXPECT_EQ(flatNodesOf(flat).size(), static_cast<std::size_t>(flat.GetNodeCout()));
         EXPECT_EQ(flatElementsOf(flat).size(), static_cast<std::size_t>(flat.GetElemCount()));
     }
-    done = true;
-    writer.join();
 }
 
 TEST(PatranHostile, TheFileIsADevice) {

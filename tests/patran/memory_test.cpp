@@ -7,7 +7,7 @@
 #include "patran/neutral_file.h"
 #include "support/captured_output.h"
 #include "support/files.h"
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 #include "support/peak_memory.h"
 
 namespace kvocaeio::test {

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/hostile.h"
+#include "support/hostile_texts.h"
 #include "text/digest.h"
 #include "text/scan.h"
 #include "text/scan_texts.h"

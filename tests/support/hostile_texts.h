@@ -1,12 +1,17 @@
-/// Texts that nobody would wish for, and the time that a reader may take for them.
+/// Texts and files that nobody would wish for, and the time that a reader may take for them.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
+#include <thread>
+#include <utility>
+#include <vector>
 
 #include "support/files.h"
 
@@ -48,5 +53,40 @@ inline std::string writeLongLine(const TempFolder& folder, std::string_view begi
         out << chunk;
     return path;
 }
+
+/// A file that is written all the time, from state to state; every other one is cut to its length.
+class RestlessFile {
+  public:
+    explicit RestlessFile(std::vector<std::string> states) : states_(std::move(states)) {
+        folder_.write("restless", states_[0]);
+        writer_ = std::thread([this] { write(); });
+    }
+    ~RestlessFile() {
+        done_ = true;
+        writer_.join();
+    }
+    RestlessFile(const RestlessFile&) = delete;
+    RestlessFile& operator=(const RestlessFile&) = delete;
+
+    const std::string& path() const { return path_; }
+
+  private:
+    void write() const {
+        for (std::size_t round = 0; !done_; ++round) {
+            std::fstream file(path_, std::ios::binary | std::ios::in | std::ios::out);
+            const std::string& state = states_[round % states_.size()];
+            file.write(state.data(), static_cast<std::streamsize>(state.size()));
+            file.close();
+            if (round % 2 == 0)
+                std::filesystem::resize_file(path_, state.size());
+        }
+    }
+
+    const std::vector<std::string> states_;
+    const TempFolder folder_;
+    const std::string path_ = folder_.file("restless");
+    std::atomic<bool> done_{false};
+    std::thread writer_;
+};
 
 }  // namespace kvocaeio::test
