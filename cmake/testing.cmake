@@ -30,7 +30,9 @@ function(kvocaeio_test name)
     target_link_libraries(${name} PRIVATE GTest::gmock_main)
     kvocaeio_warnings(${name})
     # What is tested is optimised; the tests themselves had better compile fast.
-    target_compile_options(${name} PRIVATE $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<CONFIG:Release>>:-Og>)
+    target_compile_options(${name} PRIVATE
+        $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<CONFIG:Release>>:-Og>
+        $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<CONFIG:RelWithDebInfo>>:-O0>)
     if(arg_INNER)
         target_link_libraries(${name} PRIVATE kvocaeio_objects)
         target_compile_definitions(${name} PRIVATE KVOCAEIO_STATIC)

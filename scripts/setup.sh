@@ -17,7 +17,7 @@ for part in "$@"; do
     case $part in
         build) ;;
         test)
-            packages+=(clang clang-format clang-tidy googletest locales
+            packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev locales
                 g++-mingw-w64-x86-64-posix wine64)
             locales+=(de_DE)
             ;;

@@ -84,7 +84,8 @@ void DeckGenerator::mutate(std::string& line) {
                 line.insert(at, 1, '\0');
                 break;
             case 3: {  // about the bound of a line, or twice that
-                const std::size_t wanted = (random_.oneIn(3) ? 506 : 252) + random_.below(7);
+                std::size_t wanted = random_.oneIn(3) ? 506 : 252;
+                wanted += random_.below(7);
                 if (wanted > line.size())
                     line.insert(at, wanted - line.size(), " ,0x"[random_.below(4)]);
                 break;
@@ -134,9 +135,10 @@ std::string DeckGenerator::real() {
         "-1.234-5", "12345.67", "0.333333", "4.E1",    "1.E-10", "25.4",   "1000.",   "1.5D3",
         "",         "abc",      "nan",      "inf",     "0x1p3",  "1e400",  "1.5e",    "1e-5",
         "9.999999", "16777217", "8.5-2",    "3.14159", "1.-30",  "2.E+08", "0.001",   "1-"};
-    return random_.oneIn(3)
-               ? oneOf(kReals)
-               : std::to_string(random_.below(1000)) + "." + std::to_string(random_.below(10000));
+    if (random_.oneIn(3))
+        return oneOf(kReals);
+    const std::string whole = std::to_string(random_.below(1000));
+    return whole + "." + std::to_string(random_.below(10000));
 }
 
 std::vector<std::string> DeckGenerator::gridFields() {

@@ -123,11 +123,11 @@ TEST_F(ReaderDifferential, RandomDecksAreReadAlike) {
     }
     // Mostly sound decks, and enough of everything else.
     EXPECT_GT(failed, kDecks / 50);
-    EXPECT_LT(failed, kDecks / 5);
+    EXPECT_LT(failed, kDecks / 6);
     EXPECT_LT(huge, kDecks / 20);
     EXPECT_GT(withSections, kDecks / 4);
     for (const int code : {1, 101, 1001, 1301, 1321, 1331, 2001, 2005, 2301})
-        EXPECT_GT(decksWithCode[code], kDecks / 5) << code;
+        EXPECT_GT(decksWithCode[code], kDecks / 6) << code;
 }
 
 TEST_F(ReaderDifferential, SingleCardsWithAFewCharactersChangedAreReadAlike) {
@@ -285,7 +285,7 @@ TEST(ReaderDigest, RandomDecksAreReadTheSameOnEveryPlatform) {
                 static_cast<std::size_t>(std::max(reader.GetSectionCout(), 0)) * 3);
         digest.add(std::to_string(reader.GetPropertiesCout()));
     }
-    EXPECT_EQ(digest.value(), 17311411944640919733U);
+    EXPECT_EQ(digest.value(), 1542169601723726145U);
 }
 
 }  // namespace

@@ -7,7 +7,8 @@
 
 namespace kvocaeio::test {
 
-/// The SplitMix64 sequence of a seed.
+/// The SplitMix64 sequence of a seed. Two draws in one expression may come in either order,
+/// depending on the compiler.
 class Random {
   public:
     explicit Random(std::uint64_t seed) : state_(seed) {}
