@@ -42,11 +42,6 @@ bool startDeck(NastranWriterState& state) {
     return true;
 }
 
-void leave(NastranWriterState* state) {
-    if (--state->writers == 0)
-        delete state;
-}
-
 }  // namespace
 
 }  // namespace kvocaeio
@@ -58,13 +53,14 @@ KVONASTRAN_Writer::KVONASTRAN_Writer(const KVONASTRAN_Writer& other) : state(oth
 }
 
 KVONASTRAN_Writer& KVONASTRAN_Writer::operator=(const KVONASTRAN_Writer& other) {
-    ++other.state->writers;
-    kvocaeio::leave(std::exchange(state, other.state));
+    KVONASTRAN_Writer copy(other);
+    std::swap(state, copy.state);
     return *this;
 }
 
 KVONASTRAN_Writer::~KVONASTRAN_Writer() {
-    kvocaeio::leave(state);
+    if (--state->writers == 0)
+        delete state;
 }
 
 bool KVONASTRAN_Writer::SetFilePath(const char* path) {
