@@ -4,9 +4,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <optional>
 
 #include "text/eight_columns.h"
+#include "text/powers_of_ten.h"
 
 namespace kvocaeio::text {
 
@@ -22,6 +25,36 @@ using RealField = char[kLongestReal];
 std::string_view nameOf(double value, std::string_view infinity, std::string_view nan) {
     const std::string_view name = std::isnan(value) ? nan : infinity;
     return name.substr(std::signbit(value) ? 0 : 1);
+}
+
+/// Seven digits and the power of ten of the first one.
+struct SevenDigits {
+    int digits;
+    int exponent;
+};
+
+// One product or quotient gives the digits and what is behind them, with an error below 1e-8. None
+// where that does not tell whether they are rounded up, nor for extreme values.
+std::optional<SevenDigits> sevenDigits(double magnitude) {
+    if (!(magnitude >= 1e-15 && magnitude < 1e22))
+        return std::nullopt;
+    constexpr double kLog10Of2 = 0.30103;
+    const auto scaledTo = [magnitude](int exponent) {
+        const int power = 6 - exponent;
+        return power >= 0 ? magnitude * kPowersOfTen[power] : magnitude / kPowersOfTen[-power];
+    };
+    auto exponent = static_cast<int>(std::floor(std::ilogb(magnitude) * kLog10Of2));
+    double scaled = scaledTo(exponent);
+    if (scaled >= 1e7)  // the exponent of two had it one too low
+        scaled = scaledTo(++exponent);
+    auto digits = static_cast<int>(scaled);
+    const double rest = scaled - digits;
+    if (std::abs(rest - 0.5) < 1e-8)
+        return std::nullopt;
+    digits += rest > 0.5 ? 1 : 0;
+    if (digits == 10'000'000)
+        return SevenDigits{1'000'000, exponent + 1};
+    return SevenDigits{digits, exponent};
 }
 
 }  // namespace
@@ -53,6 +86,18 @@ Writer& Writer::fixed(double value, int decimals, int width) {
 Writer& Writer::scientific(double value, int width) {
     if (!std::isfinite(value))
         return field(nameOf(value, "-INF", "-NAN"), width);
+    if (const std::optional<SevenDigits> seven = sevenDigits(std::abs(value))) {
+        char text[] = "-d.ddddddE+dd";
+        char columns[8];
+        if (writeEightColumns(columns, seven->digits, 8) != nullptr) {
+            text[1] = columns[1];
+            std::copy_n(columns + 2, 6, text + 3);
+            text[10] = seven->exponent < 0 ? '-' : '+';
+            text[11] = static_cast<char>('0' + std::abs(seven->exponent) / 10);
+            text[12] = static_cast<char>('0' + std::abs(seven->exponent) % 10);
+            return field(std::string_view(text, 13).substr(std::signbit(value) ? 0 : 1), width);
+        }
+    }
     RealField digits;
     const auto written =
         std::to_chars(digits, std::end(digits), value, std::chars_format::scientific, 6);

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstdlib>
 
+#include "text/powers_of_ten.h"
+
 namespace kvocaeio::text {
 
 namespace {
@@ -16,10 +18,6 @@ struct Exact {
     static constexpr std::uint64_t kWhole = std::uint64_t{1} << std::numeric_limits<Real>::digits;
     static constexpr std::int64_t kPower = std::numeric_limits<Real>::digits == 53 ? 22 : 10;
 };
-
-constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 // As many decimal digits as 64 bits hold, whichever they are.
 constexpr std::ptrdiff_t kMaxDigits = 19;

@@ -98,6 +98,34 @@ TEST(WriterAgainstSnprintf, RandomValues) {
     });
     EXPECT_FALSE(reader.next());
 }
+
+// Powers of ten, and seven digits and a half, with the nearest reals about them.
+TEST(WriterAgainstSnprintf, RealsThatAreNearlyRoundedOtherwise) {
+    test::TempFolder folder;
+    const File file = openFile(folder.file("fields").c_str(), "w+b");
+    std::string expected;
+    {
+        Writer writer(file.get());
+        test::Random random(5);
+        for (int exponent = -20; exponent <= 24; ++exponent)
+            for (int round = 0; round < 500; ++round) {
+                const auto digits = static_cast<double>(1'000'000 + random.below(9'000'000));
+                const double scale = std::pow(10.0, exponent - 6);
+                double real = round == 0 ? std::pow(10.0, exponent) : (digits + 0.5) * scale;
+                for (int step = 0; step < 4; ++step)
+                    real = std::nextafter(real, 0.0);
+                for (int step = 0; step < 8; ++step) {
+                    real = std::nextafter(real, 1e300);
+                    writer.scientific(real).character('\n');
+                    char line[64];
+                    std::snprintf(line, sizeof line, "%E\n", real);
+                    expected += line;
+                }
+            }
+        EXPECT_TRUE(writer.flush());
+    }
+    EXPECT_TRUE(test::readBytes(folder.path() / "fields") == expected);
+}
 #endif
 
 // The same value where `snprintf` was compared and elsewhere: both write the same.

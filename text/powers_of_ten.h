@@ -1,0 +1,12 @@
+/// The powers of ten that a double holds exactly.
+#pragma once
+
+namespace kvocaeio::text {
+
+/// 10^0 to 10^22. A product or quotient of one of them and an exact number is rounded once and thus
+/// right.
+inline constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                          1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                          1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+}  // namespace kvocaeio::text
