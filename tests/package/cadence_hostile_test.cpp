@@ -1,5 +1,5 @@
-/// Extraction reports that ask for far too much: their results, and memory within eight times the
-/// file. A program of its own, as the peak of a process never falls again.
+/// Extraction reports that ask for far too much: their results, in time, and memory within eight
+/// times the file. A program of its own, as the peak of a process never falls again.
 #include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -50,6 +50,7 @@ class HostileReports : public testing::Test {
     bool import() { return reader.ImportCadenceFile(""); }
 
     TempFolder folder;
+    TimeLimit limit;
     CKVOCadenceReader reader;
 };
 

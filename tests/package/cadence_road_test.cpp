@@ -209,6 +209,14 @@ TEST_F(CadenceRoad, AMissingToolShowsInTheReports) {
     EXPECT_FALSE(reader.ImportCadenceFile(" "));
 }
 
+TEST_F(CadenceRoad, AToolThatDoesNothing) {
+    setPaths();
+    EXPECT_FALSE(reader.ImportCadenceFile("stack.sip"));
+    EXPECT_EQ(record(), run1("stack.sip") + run2("stack.sip"));
+    EXPECT_EQ(readText(inFolder("CmdFile1.txt")), kCommandsOfRun1);
+    EXPECT_EQ(bodiesOf(reader), "");
+}
+
 TEST_F(CadenceRoad, AToolThatFailsHalfWay) {
     setPaths();
     prepare("CmdFile1.run", "CmdFile1.txt", symbolReport("stack.sip"));
