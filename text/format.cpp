@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "text/eight_columns.h"
 #include "text/powers_of_ten.h"
@@ -88,15 +89,12 @@ Writer& Writer::scientific(double value, int width) {
         return field(nameOf(value, "-INF", "-NAN"), width);
     if (const std::optional<SevenDigits> seven = sevenDigits(std::abs(value))) {
         char text[] = "-d.ddddddE+dd";
-        char columns[8];
-        if (writeEightColumns(columns, seven->digits, 8) != nullptr) {
-            text[1] = columns[1];
-            std::copy_n(columns + 2, 6, text + 3);
-            text[10] = seven->exponent < 0 ? '-' : '+';
-            text[11] = static_cast<char>('0' + std::abs(seven->exponent) / 10);
-            text[12] = static_cast<char>('0' + std::abs(seven->exponent) % 10);
-            return field(std::string_view(text, 13).substr(std::signbit(value) ? 0 : 1), width);
-        }
+        std::to_chars(text + 2, text + 9, seven->digits);
+        text[1] = std::exchange(text[2], '.');
+        text[10] = seven->exponent < 0 ? '-' : '+';
+        text[11] = static_cast<char>('0' + std::abs(seven->exponent) / 10);
+        text[12] = static_cast<char>('0' + std::abs(seven->exponent) % 10);
+        return field(std::string_view(text).substr(std::signbit(value) ? 0 : 1), width);
     }
     RealField digits;
     const auto written =
