@@ -94,8 +94,10 @@ measure() {
     floors=()
     for ((round = 0; round < rounds; ++round)); do
         for floor in "$@"; do
+            rm -f "$data/written" # to write over a file costs as much again, now and then
             floors[$floor]+=$("$bin/kvocaeio_bench_floor" "$floor" "$file" "$size")$'\n'
         done
+        rm -f "$data/written"
         library+=$("$bin/kvocaeio_bench_library" "$job" "$file" "$size")$'\n'
     done
 }
