@@ -27,7 +27,7 @@ void showRawTables(CKVOAbaqusReader& deck, Lines& lines) {
             print("node %d: %g %g %g", node.id, node.coord[0], node.coord[1], node.coord[2]));
     CKVOAbaqusReader::ElemSecData section;
     for (bool more = deck.GetElemSecBegin(); more && (more = deck.GetElemSecNext(&section));) {
-        lines.push_back(print("block \"%s\": %s, %d elements of %d nodes", section.elset,
+        lines.push_back(print("block \"%s\": %s, %d x %d nodes", section.elset,
                               kGeometries[section.geometryType], section.elemNum,
                               section.nodesPerElem));
         int id = 0;
@@ -42,8 +42,8 @@ void showRawTables(CKVOAbaqusReader& deck, Lines& lines) {
 
 void showSection(CKVOAbaqusReader& deck, CKVOAbaqusReader::ElemSecData& section, const char* kind,
                  Lines& lines) {
-    lines.push_back(print("%s section \"%s\": %d elements of %d nodes", kind, section.elset,
-                          section.elemNum, section.nodesPerElem));
+    lines.push_back(print("%s section \"%s\": %d x %d nodes", kind, section.elset, section.elemNum,
+                          section.nodesPerElem));
     CKVOAbaqusReader::ElemData element;
     if (deck.GetElemSecElemBeginR(&section, &element))
         while (deck.GetElemSecElemNextR(&section, &element))

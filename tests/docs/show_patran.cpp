@@ -52,7 +52,7 @@ void showFlatReader(const TempFolder& folder, const Rule& rule, Lines& lines) {
                                                        folder.write("mesh.pat", file).c_str()))));
     for (const std::string& line : splitLines(output.text()))
         lines.push_back("reader prints: " + line);
-    lines.push_back(print("reader counts: %d nodes, %d elements, %d properties",
+    lines.push_back(print("reader counts: nodes %d, elements %d, properties %d",
                           reader.GetNodeCout(), reader.GetElemCount(), reader.GetPropertyCount()));
     float x = 0;
     float y = 0;
