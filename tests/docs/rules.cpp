@@ -69,19 +69,18 @@ std::string joined(const Lines& lines) {
     return text;
 }
 
-// A block between fences: its info words, its input and its outcome.
+// A block between fences: the name that later inputs know it by, its input and its outcome.
 struct Block {
-    std::string format, role, head, input;
+    std::string format, name, input;
     Lines outcome;
 };
 
 Block readBlock(const Lines& lines, std::size_t& at) {
     Block block;
     std::smatch info;
-    std::regex_match(lines[at], info, std::regex("```(\\S+)(?: (\\S+) (.+))?"));
+    std::regex_match(lines[at], info, std::regex("```(\\S+)(?: head (.+))?.*"));
     block.format = info[1];
-    block.role = info[2];
-    block.head = info[3];
+    block.name = info[2];
     for (++at; at < lines.size() && lines[at] != "```"; ++at)
         if (lines[at].starts_with(kArrow))
             block.outcome.push_back(lines[at].substr(kArrow.size()));
@@ -90,11 +89,15 @@ Block readBlock(const Lines& lines, std::size_t& at) {
     return block;
 }
 
-std::vector<std::string> filesOf(const std::string& input) {
+// The files of an input; a line "<NAME>" stands for the block of that name.
+std::vector<std::string> filesOf(const std::string& input,
+                                 const std::map<std::string, std::string>& heads) {
     std::vector<std::string> files(1);
     for (const std::string& line : splitLines(input))
         if (line == kNextFile)
             files.emplace_back();
+        else if (const auto head = heads.find(line); head != heads.end())
+            files.back() += head->second;
         else
             files.back() += line + "\n";
     for (std::string& file : files)
@@ -137,13 +140,10 @@ std::vector<Rule> rulesOf(std::string_view page) {
             number = std::stoi(match[1]);
         } else if (lines[at].starts_with("```")) {
             const Block block = readBlock(lines, at);
-            if (block.role == "head")
-                heads[block.head] = block.input;
-            if (block.outcome.empty())
-                continue;
-            EXPECT_TRUE(block.role.empty() || heads.contains(block.head)) << block.head;
-            rules.push_back(
-                {number, block.format, filesOf(heads[block.head] + block.input), block.outcome});
+            if (!block.name.empty())
+                heads["<" + block.name + ">"] = block.input;
+            if (!block.outcome.empty())
+                rules.push_back({number, block.format, filesOf(block.input, heads), block.outcome});
         }
     }
     return rules;

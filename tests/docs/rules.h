@@ -3,14 +3,14 @@
 ///
 ///     **7.** The rule in words.
 ///
-///     ```inp after cube
+///     ```inp
 ///     the input, line by line
 ///     => the outcome, line by line
 ///     ```
 ///
-/// "FORMAT head NAME" marks a beginning of inputs, "FORMAT after NAME" an input that follows it. In
-/// an input "<3 blanks>" stands for three of them; see `rules.cpp` for all such words. Lines of an
-/// outcome are compared with all lines of their kind that the reader's tables make.
+/// A line "<cube>" in an input stands for the block that opens with "```inp head cube". The word
+/// "<3 blanks>" stands for three of them; see `rules.cpp` for all such words. The lines of an
+/// outcome are compared with all lines of their kind that are made of the reader's tables.
 #pragma once
 
 #include <string>
