@@ -6,8 +6,10 @@
 #include <kvocaeio/export.h>
 
 namespace kvocaeio {
+namespace patran {
 class CKVO_PatranIO;
 class CPATWriter;
+}  // namespace patran
 }  // namespace kvocaeio
 
 /// Reads a Patran neutral file into nodes and elements of up to four corners, each element with a
@@ -80,7 +82,7 @@ class KVOCAEIO_API CKVO_PatranIO_Bridge {
                             double* valueA, double* valueB, double* valueC);
 
   private:
-    kvocaeio::CKVO_PatranIO* reader;
+    kvocaeio::patran::CKVO_PatranIO* reader;
 };
 
 /// Reads a Patran neutral file into arrays sized by its summary (packet 26): nodes, and elements
@@ -122,8 +124,8 @@ class KVOCAEIO_API CPatranReader {
 
     /// Reads the file at `path` (in the system's narrow encoding), which is kept as a pointer for
     /// the time of the call. False for null, when the file cannot be opened, and when the arrays
-    /// for its counts and ids cannot be had; the counts are 0 in the last two cases, and untouched
-    /// in the first. Otherwise true, whatever the file holds.
+    /// for its counts and ids cannot be allocated; the mesh before is gone in the last two cases,
+    /// all counts being 0, and untouched in the first. Otherwise true, whatever the file holds.
     bool ImportFromPatFile(const char* path);
 
 #if defined(__GNUC__)
@@ -154,11 +156,14 @@ class KVOCAEIO_API CPatranReader {
     ///     before it, these nodes' indices stay as they were, above the number of nodes.)
     bool GetElement(int index, int& type, int& property, int* const nodes);
 
-    /// Copies the coordinates of the first `count` nodes, at the most `GetNodeCout()`.
+    /// Copies the coordinates of the first `count` nodes. All three bulk copies work alike: the row
+    /// after the last one that is counted can be copied, too, and is zero; a larger `count` copies
+    /// no further than that. Nothing is copied where there are no arrays: before an import, after
+    /// one that returned false, and after a file without a summary.
     void GetVertex(float (*coordinates)[3], int count);
-    /// Copies the shape codes of the first `count` elements, at the most `GetElemCount()`.
+    /// Copies the shape codes of the first `count` elements.
     void GetElemType(int* types, int count);
-    /// Copies the node indices of the first `count` elements, at the most `GetElemCount()`.
+    /// Copies the node indices of the first `count` elements.
     void GetElemNode(int (*nodes)[8], int count);
 
   private:
@@ -171,15 +176,15 @@ class KVOCAEIO_API CPatranReader {
 #pragma GCC diagnostic pop
 #endif
 
-    const char* filePath;
-    int nodeCount;
-    int elemCount;
-    int propertyCount;
-    int* nodeIdMap;
-    float* vertices;
-    int* elemNodes;
-    int* elemTypes;
-    int* elemProperties;
+    const char* filePath = nullptr;
+    int nodeCount = 0;
+    int elemCount = 0;
+    int propertyCount = 0;
+    int* nodeIdMap = nullptr;
+    float* vertices = nullptr;
+    int* elemNodes = nullptr;
+    int* elemTypes = nullptr;
+    int* elemProperties = nullptr;
 };
 
 /// Writes a mesh of solids as a Patran neutral file.
@@ -247,7 +252,7 @@ class KVOCAEIO_API CKVO_PATWriter_Bridge {
     bool WriteFile();
 
   private:
-    kvocaeio::CPATWriter* writer;
+    kvocaeio::patran::CPATWriter* writer;
 };
 
 #endif

@@ -2,11 +2,11 @@
 #include <cstddef>
 #include <new>
 
-#include "patran/patran_io.h"
+#include "patran/import.h"
 #include "text/file.h"
 #include <kvocaeio/patran.h>
 
-using kvocaeio::CKVO_PatranIO;
+using namespace kvocaeio::patran;
 
 namespace {
 
@@ -15,9 +15,9 @@ constexpr int kNoSuchElement = 13;
 constexpr int kNoSuchProperty = 14;
 
 template <class Char>
-bool importFile(CKVO_PatranIO* mesh, const Char* path) {
+bool importFile(CKVO_PatranIO* reader, const Char* path) {
     const kvocaeio::text::File file = kvocaeio::text::openFile(path, "rb");
-    return mesh != nullptr && file != nullptr && mesh->ReadPackets(file.get());
+    return reader != nullptr && file != nullptr && reader->ReadPackets(file.get());
 }
 
 template <class List>
@@ -50,18 +50,18 @@ bool CKVO_PatranIO_Bridge::_wImportFromPatFile(const wchar_t* path) {
 }
 
 int CKVO_PatranIO_Bridge::GetNodeCount() const {
-    return reader == nullptr ? 0 : static_cast<int>(reader->nodes.size());
+    return reader == nullptr ? 0 : static_cast<int>(reader->mesh.nodes.size());
 }
 
 int CKVO_PatranIO_Bridge::GetElementCount() const {
-    return reader == nullptr ? 0 : static_cast<int>(reader->elements.size());
+    return reader == nullptr ? 0 : static_cast<int>(reader->mesh.elements.size());
 }
 
 void CKVO_PatranIO_Bridge::GetNodeCoordinate(int index, float* x, float* y, float* z) {
     *x = *y = *z = 0.0F;
-    if (reader == nullptr || !holds(reader->nodes, index))
+    if (reader == nullptr || !holds(reader->mesh.nodes, index))
         return;
-    const auto& node = reader->nodes[static_cast<std::size_t>(index)];
+    const std::array<float, 3>& node = reader->mesh.nodes[static_cast<std::size_t>(index)];
     *x = node[0];
     *y = node[1];
     *z = node[2];
@@ -73,25 +73,28 @@ void CKVO_PatranIO_Bridge::GetElementDataBase(int index, int* node1, int* node2,
     *node1 = *node2 = *node3 = *node4 = 0;
     *type = kNoSuchElement;
     *valueA = *valueB = *valueC = 0.0;
-    if (reader == nullptr || index >= reader->elementCount || !holds(reader->elements, index))
+    if (reader == nullptr)
+        return;
+    const ListMesh& mesh = reader->mesh;
+    if (index >= mesh.elementCount || !holds(mesh.elements, index))
         return;
     const auto row = static_cast<std::size_t>(index);
-    const auto& corners = reader->elements[row];
+    const std::array<int, 4>& corners = mesh.elements[row];
     *node1 = corners[0];
     *node2 = corners[1];
     *node3 = corners[2];
     *node4 = corners[3];
-    if (reader->propertyCount == 0) {
-        *type = reader->elementShapes[row];
+    if (mesh.propertyCount == 0) {
+        *type = mesh.elementShapes[row];
         return;
     }
-    const int property = reader->elementPropertyIds[row];
-    if (!holds(reader->propertyTypes, property)) {
+    const int property = mesh.elementPropertyIds[row];
+    if (!holds(mesh.propertyTypes, property)) {
         *type = kNoSuchProperty;
         return;
     }
-    *type = reader->propertyTypes.at(property);
-    *valueA = reader->propertyValueA.at(property);
-    *valueB = reader->propertyValueB.at(property);
-    *valueC = reader->propertyValueC.at(property);
+    *type = mesh.propertyTypes.at(property);
+    *valueA = mesh.propertyValueA.at(property);
+    *valueB = mesh.propertyValueB.at(property);
+    *valueC = mesh.propertyValueC.at(property);
 }

@@ -4,7 +4,8 @@
 #include "patran/pat_writer.h"
 #include <kvocaeio/patran.h>
 
-CKVO_PATWriter_Bridge::CKVO_PATWriter_Bridge() : writer(new (std::nothrow) kvocaeio::CPATWriter) {}
+CKVO_PATWriter_Bridge::CKVO_PATWriter_Bridge()
+    : writer(new (std::nothrow) kvocaeio::patran::CPATWriter) {}
 
 CKVO_PATWriter_Bridge::CKVO_PATWriter_Bridge(const CKVO_PATWriter_Bridge&) = default;
 CKVO_PATWriter_Bridge& CKVO_PATWriter_Bridge::operator=(const CKVO_PATWriter_Bridge&) = default;
