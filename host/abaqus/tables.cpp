@@ -11,7 +11,9 @@ Section toSection(const CKVOAbaqusReader::ElemSecData& record) {
 }
 
 void takeNodes(CKVOAbaqusReader& reader, DeckTables& tables) {
-    tables.nodeIds.reserve(static_cast<std::size_t>(reader.GetNodeNum()));
+    const auto nodes = static_cast<std::size_t>(reader.GetNodeNum());
+    tables.nodeIds.reserve(nodes);
+    tables.places.reserve(nodes);
     CKVOAbaqusReader::NodeData node{};
     reader.GetNodeBegin();
     while (reader.GetNodeNext(&node)) {
