@@ -21,7 +21,7 @@ struct ElementTrace {
     std::vector<Flow> flows;           ///< in the order of `raw`, then of `normalised`
     std::vector<std::size_t> leftOut;  ///< per raw section: elements that stand nowhere
     std::vector<std::size_t> blank;    ///< per normalised section: rows that hold no element
-    /// Per normalised section: rows that give an element once more which is in the mesh already.
+    /// Per normalised section: rows whose element is in the mesh already.
     std::vector<std::size_t> repeated;
     std::size_t undefinedNodes = 0;  ///< entries of raw elements that name a node the deck lacks
 };
