@@ -6,8 +6,10 @@
 #include <kvocaeio/export.h>
 
 namespace kvocaeio {
+namespace patran {
 class CKVO_PatranIO;
 class CPATWriter;
+}  // namespace patran
 }  // namespace kvocaeio
 
 /// Reads a Patran neutral file and hands out nodes and elements. An element has up to four corners,
@@ -81,7 +83,7 @@ class KVOCAEIO_API CKVO_PatranIO_Bridge {
                             double* valueA, double* valueB, double* valueC);
 
   private:
-    kvocaeio::CKVO_PatranIO* reader;
+    kvocaeio::patran::CKVO_PatranIO* reader;
 };
 
 /// Reads a Patran neutral file into arrays sized by its summary (packet 26): nodes, and elements
@@ -156,12 +158,14 @@ class KVOCAEIO_API CPatranReader {
     ///     before it, an index may lie above the number of nodes.
     bool GetElement(int index, int& type, int& property, int* const nodes);
 
-    /// Copies x, y, z of the first `count` nodes, at most `GetNodeCout()`, to `coordinates`.
+    /// Copies x, y, z of the first `count` nodes to `coordinates`. All three bulk copies work alike:
+    /// they may reach the spare row after the last one, which is zero, but no further, however
+    /// large `count` is. They copy nothing where there are no arrays: before an import, after one
+    /// that returned false, and after a file without a summary.
     void GetVertex(float (*coordinates)[3], int count);
-    /// Copies the shape codes of the first `count` elements, at most `GetElemCount()`, to `types`.
+    /// Copies the shape codes of the first `count` elements to `types`.
     void GetElemType(int* types, int count);
-    /// Copies the eight node indices of each of the first `count` elements, at most
-    /// `GetElemCount()`, to `nodes`.
+    /// Copies the eight node indices of each of the first `count` elements to `nodes`.
     void GetElemNode(int (*nodes)[8], int count);
 
   private:
@@ -174,15 +178,15 @@ class KVOCAEIO_API CPatranReader {
 #pragma GCC diagnostic pop
 #endif
 
-    const char* filePath;
-    int nodeCount;
-    int elemCount;
-    int propertyCount;
-    int* nodeIdMap;
-    float* vertices;
-    int* elemNodes;
-    int* elemTypes;
-    int* elemProperties;
+    const char* filePath = nullptr;
+    int nodeCount = 0;
+    int elemCount = 0;
+    int propertyCount = 0;
+    int* nodeIdMap = nullptr;
+    float* vertices = nullptr;
+    int* elemNodes = nullptr;
+    int* elemTypes = nullptr;
+    int* elemProperties = nullptr;
 };
 
 /// Writes a mesh of solids as a Patran neutral file.
@@ -254,7 +258,7 @@ class KVOCAEIO_API CKVO_PATWriter_Bridge {
     bool WriteFile();
 
   private:
-    kvocaeio::CPATWriter* writer;
+    kvocaeio::patran::CPATWriter* writer;
 };
 
 #endif
