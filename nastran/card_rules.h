@@ -1,13 +1,14 @@
-/// The cards that are read, and what stands on them.
+/// The cards that are known, and what stands on them.
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 enum class CardCode : int {
-    kNone = 1,  ///< comment, or a line without a known card
+    kNone = 1,  ///< nothing of the card is stored
     kGrid = 101,
     kBar = 1001,
     kTetra = 1301,
@@ -19,42 +20,87 @@ enum class CardCode : int {
 };
 
 /// What becomes of the first float of a property card.
-enum class PropertyValue { kNone, kAsRead, kTwice, kDiameter };
+enum class PropertyValue { kAsRead, kTwice, kDiameter };
 
 /// One card: the numbers behind its name are ints, then either doubles or floats.
 struct CardRule {
     std::string_view name;
     CardCode code = CardCode::kNone;
-    int ints = 0;
-    int doubles = 0;
-    int floats = 0;
-    PropertyValue value = PropertyValue::kNone;
+    std::size_t ints = 0;
+    std::size_t doubles = 0;
+    std::size_t floats = 0;
+    PropertyValue value = PropertyValue::kAsRead;
+    std::size_t nodes = 0;     ///< in an element's row
+    bool isElement = false;    ///< counts for the largest element OID
+    bool isContinued = false;  ///< the next line belongs to the card
+    bool hasFiller = false;    ///< zeros and labels between its numbers are to be cleared
 };
 
-/// In the order of the tests: the first name found anywhere in a card's text decides.
+/// A bar, or a solid that ends on its first line.
+constexpr CardRule elementRule(std::string_view name, CardCode code, std::size_t nodes) {
+    return {.name = name, .code = code, .ints = 2 + nodes, .nodes = nodes, .isElement = true};
+}
+
+/// A shell: it counts, but nothing of it is stored.
+constexpr CardRule shellRule(std::string_view name, bool isContinued = false) {
+    return {.name = name, .isElement = true, .isContinued = isContinued};
+}
+
+constexpr CardRule sectionRule(std::string_view name, CardCode code, std::size_t floats,
+                               PropertyValue value) {
+    return {.name = name, .code = code, .ints = 2, .floats = floats, .value = value};
+}
+
+/// In the order of the tests: the first name found anywhere in a card's text decides. (Two shells
+/// have rows beside those of their families, so that a field that holds them alone is known.)
 inline constexpr std::array kCardRules{
-    CardRule{"GRID", CardCode::kGrid, 2, 3},
-    CardRule{"CROD", CardCode::kBar, 4},
-    CardRule{"CTUBE", CardCode::kBar, 4},
-    CardRule{"CBAR", CardCode::kBar, 4},
-    CardRule{"CBEAM", CardCode::kBar, 4},
-    CardRule{"CTETRA", CardCode::kTetra, 6},
-    CardRule{"CPENTA", CardCode::kPenta, 8},
-    CardRule{"CHEXA", CardCode::kHexa, 10},
-    CardRule{"PROD", CardCode::kBarSection, 2, 0, 2, PropertyValue::kDiameter},
-    CardRule{"PTUBE", CardCode::kBarSection, 2, 0, 2, PropertyValue::kTwice},
-    CardRule{"PBAR", CardCode::kBarSection, 2, 0, 3, PropertyValue::kDiameter},
-    CardRule{"PBEAM", CardCode::kBarSection, 2, 0, 5, PropertyValue::kDiameter},
-    CardRule{"PSHELL", CardCode::kShellSection, 2, 0, 1, PropertyValue::kAsRead},
-    CardRule{"PSHEAR", CardCode::kShellSection, 2, 0, 1, PropertyValue::kAsRead},
-    CardRule{"PSOLID", CardCode::kSolidSection, 2, 0, 1, PropertyValue::kAsRead},
+    CardRule{.name = "GRID", .code = CardCode::kGrid, .ints = 2, .doubles = 3},
+    elementRule("CROD", CardCode::kBar, 2),
+    elementRule("CTUBE", CardCode::kBar, 2),
+    elementRule("CBAR", CardCode::kBar, 2),
+    elementRule("CBEAM", CardCode::kBar, 2),
+    elementRule("CTETRA", CardCode::kTetra, 4),
+    elementRule("CPENTA", CardCode::kPenta, 6),
+    CardRule{.name = "CHEXA",
+             .code = CardCode::kHexa,
+             .ints = 10,
+             .nodes = 8,
+             .isElement = true,
+             .isContinued = true,
+             .hasFiller = true},
+    sectionRule("PROD", CardCode::kBarSection, 2, PropertyValue::kDiameter),
+    sectionRule("PTUBE", CardCode::kBarSection, 2, PropertyValue::kTwice),
+    sectionRule("PBAR", CardCode::kBarSection, 3, PropertyValue::kDiameter),
+    sectionRule("PBEAM", CardCode::kBarSection, 5, PropertyValue::kDiameter),
+    sectionRule("PSHELL", CardCode::kShellSection, 1, PropertyValue::kAsRead),
+    sectionRule("PSHEAR", CardCode::kShellSection, 1, PropertyValue::kAsRead),
+    sectionRule("PSOLID", CardCode::kSolidSection, 1, PropertyValue::kAsRead),
+    shellRule("CQUAD4"),
+    shellRule("CQUAD8", true),
+    shellRule("CQUAD"),
+    shellRule("CTRIA3"),
+    shellRule("CTRIA"),
+    shellRule("CSHEAR"),
 };
 
-/// The elements that count for the largest element OID; of shells nothing else is read.
-inline constexpr std::array<std::string_view, 10> kElementNames{
-    "CROD", "CTUBE", "CBAR", "CBEAM", "CQUAD", "CTRIA", "CSHEAR", "CTETRA", "CPENTA", "CHEXA"};
+constexpr bool holds(std::string_view characters, std::string_view name) {
+    return characters.find(name) != std::string_view::npos;
+}
 
-/// The cards whose next line belongs to them.
-inline constexpr std::array<std::string_view, 2> kContinuedNames{"CQUAD8", "CHEXA"};
+/// The rule of a card by its text, or null.
+constexpr const CardRule* ruleIn(std::string_view characters) {
+    for (const CardRule& rule : kCardRules)
+        if (holds(characters, rule.name))
+            return &rule;
+    return nullptr;
+}
 
-}  // namespace kvocaeio
+/// The numbers of the latest cards. They are never cleared: a field that cannot be read keeps what
+/// the card before it left in its place, whatever card that was.
+struct CardNumbers {
+    std::array<int, 10> ints{};
+    std::array<float, 5> floats{};
+    std::array<double, 3> doubles{};
+};
+
+}  // namespace kvocaeio::nastran

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstring>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 namespace {
 
@@ -105,4 +105,4 @@ void CardText::clearHexFiller(char before) {
     }
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::nastran

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 /// What becomes of the line feeds in a card's text.
 enum class LineFeeds {
@@ -50,4 +50,4 @@ class CardText {
     std::size_t length_ = 0;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::nastran

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <ctime>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 namespace {
 
@@ -115,4 +115,4 @@ void writeElement(text::Writer& deck, int id, int section, std::span<const int> 
     }
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::nastran

@@ -6,7 +6,7 @@
 
 #include "text/format.h"
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 /// Everything up to "BEGIN BULK" and the coordinate system, with the local date and time.
 void writeHeader(text::Writer& deck, std::string_view meshUnit);
@@ -23,4 +23,4 @@ void writeSolidSection(text::Writer& deck, int id);
 /// for another number.
 void writeElement(text::Writer& deck, int id, int section, std::span<const int> nodes);
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::nastran

@@ -5,8 +5,10 @@
 #include <kvocaeio/export.h>
 
 namespace kvocaeio {
+namespace nastran {
 struct NastranFileInfo;
 struct NastranWriterState;
+}  // namespace nastran
 }  // namespace kvocaeio
 
 /// Reads one Nastran bulk data deck into three flat arrays: nodes, elements, sections.
@@ -75,7 +77,7 @@ class KVOCAEIO_API KVONASTRAN_Reader {
     int* sectionVector;
     int* materialFlags;
     int sectionCount;
-    kvocaeio::NastranFileInfo* info;
+    kvocaeio::nastran::NastranFileInfo* info;
 };
 
 /// Writes a mesh as a static-analysis Nastran deck, card by card: a fixed header with the case
@@ -120,7 +122,7 @@ class KVOCAEIO_API KVONASTRAN_Writer {
     bool EndWriting();
 
   private:
-    kvocaeio::NastranWriterState* state;
+    kvocaeio::nastran::NastranWriterState* state;
 };
 
 #endif
