@@ -1,7 +1,6 @@
 /// Tells which card a text is, and reads its numbers.
 #pragma once
 
-#include "nastran/card_rules.h"
 #include "nastran/card_text.h"
 #include "nastran/lines.h"
 
@@ -20,9 +19,7 @@ class CardReader {
     const CardNumbers& numbers() const { return numbers_; }
 
   private:
-    ReadCard readNormalised(std::string_view raw);
     bool scanNumbers(const CardRule& rule);
-    void computePropertyValue(PropertyValue value);
 
     CardNumbers numbers_;
     CardText normalised_;

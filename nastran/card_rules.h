@@ -22,65 +22,48 @@ enum class CardCode : int {
 /// What becomes of the first float of a property card.
 enum class PropertyValue { kAsRead, kTwice, kDiameter };
 
-/// One card: the numbers behind its name are ints, then either doubles or floats.
+/// One card. Two ints stand behind its name where anything of it is stored: its OID, and the
+/// coordinate system, property or material.
 struct CardRule {
     std::string_view name;
     CardCode code = CardCode::kNone;
-    std::size_t ints = 0;
-    std::size_t doubles = 0;
-    std::size_t floats = 0;
+    std::size_t nodes = 0;    ///< ints behind these, of an element that is stored
+    std::size_t doubles = 0;  ///< of a node
+    std::size_t floats = 0;   ///< of a property
     PropertyValue value = PropertyValue::kAsRead;
-    std::size_t nodes = 0;     ///< in an element's row
-    bool isElement = false;    ///< counts for the largest element OID
     bool isContinued = false;  ///< the next line belongs to the card
     bool hasFiller = false;    ///< zeros and labels between its numbers are to be cleared
+
+    constexpr std::size_t ints() const { return code == CardCode::kNone ? 0 : 2 + nodes; }
+    /// Whether the card counts for the largest element OID. Shells do, and nothing else of them is
+    /// read.
+    constexpr bool isElement() const { return code == CardCode::kNone || nodes > 0; }
 };
-
-/// A bar, or a solid that ends on its first line.
-constexpr CardRule elementRule(std::string_view name, CardCode code, std::size_t nodes) {
-    return {.name = name, .code = code, .ints = 2 + nodes, .nodes = nodes, .isElement = true};
-}
-
-/// A shell: it counts, but nothing of it is stored.
-constexpr CardRule shellRule(std::string_view name, bool isContinued = false) {
-    return {.name = name, .isElement = true, .isContinued = isContinued};
-}
-
-constexpr CardRule sectionRule(std::string_view name, CardCode code, std::size_t floats,
-                               PropertyValue value) {
-    return {.name = name, .code = code, .ints = 2, .floats = floats, .value = value};
-}
 
 /// In the order of the tests: the first name found anywhere in a card's text decides. (Two shells
 /// have rows beside those of their families, so that a field that holds them alone is known.)
 inline constexpr std::array kCardRules{
-    CardRule{.name = "GRID", .code = CardCode::kGrid, .ints = 2, .doubles = 3},
-    elementRule("CROD", CardCode::kBar, 2),
-    elementRule("CTUBE", CardCode::kBar, 2),
-    elementRule("CBAR", CardCode::kBar, 2),
-    elementRule("CBEAM", CardCode::kBar, 2),
-    elementRule("CTETRA", CardCode::kTetra, 4),
-    elementRule("CPENTA", CardCode::kPenta, 6),
-    CardRule{.name = "CHEXA",
-             .code = CardCode::kHexa,
-             .ints = 10,
-             .nodes = 8,
-             .isElement = true,
-             .isContinued = true,
-             .hasFiller = true},
-    sectionRule("PROD", CardCode::kBarSection, 2, PropertyValue::kDiameter),
-    sectionRule("PTUBE", CardCode::kBarSection, 2, PropertyValue::kTwice),
-    sectionRule("PBAR", CardCode::kBarSection, 3, PropertyValue::kDiameter),
-    sectionRule("PBEAM", CardCode::kBarSection, 5, PropertyValue::kDiameter),
-    sectionRule("PSHELL", CardCode::kShellSection, 1, PropertyValue::kAsRead),
-    sectionRule("PSHEAR", CardCode::kShellSection, 1, PropertyValue::kAsRead),
-    sectionRule("PSOLID", CardCode::kSolidSection, 1, PropertyValue::kAsRead),
-    shellRule("CQUAD4"),
-    shellRule("CQUAD8", true),
-    shellRule("CQUAD"),
-    shellRule("CTRIA3"),
-    shellRule("CTRIA"),
-    shellRule("CSHEAR"),
+    CardRule{"GRID", CardCode::kGrid, 0, 3},
+    CardRule{"CROD", CardCode::kBar, 2},
+    CardRule{"CTUBE", CardCode::kBar, 2},
+    CardRule{"CBAR", CardCode::kBar, 2},
+    CardRule{"CBEAM", CardCode::kBar, 2},
+    CardRule{"CTETRA", CardCode::kTetra, 4},
+    CardRule{"CPENTA", CardCode::kPenta, 6},
+    CardRule{"CHEXA", CardCode::kHexa, 8, 0, 0, PropertyValue::kAsRead, true, true},
+    CardRule{"PROD", CardCode::kBarSection, 0, 0, 2, PropertyValue::kDiameter},
+    CardRule{"PTUBE", CardCode::kBarSection, 0, 0, 2, PropertyValue::kTwice},
+    CardRule{"PBAR", CardCode::kBarSection, 0, 0, 3, PropertyValue::kDiameter},
+    CardRule{"PBEAM", CardCode::kBarSection, 0, 0, 5, PropertyValue::kDiameter},
+    CardRule{"PSHELL", CardCode::kShellSection, 0, 0, 1},
+    CardRule{"PSHEAR", CardCode::kShellSection, 0, 0, 1},
+    CardRule{"PSOLID", CardCode::kSolidSection, 0, 0, 1},
+    CardRule{"CQUAD4"},
+    CardRule{"CQUAD8", CardCode::kNone, 0, 0, 0, PropertyValue::kAsRead, true},
+    CardRule{"CQUAD"},
+    CardRule{"CTRIA3"},
+    CardRule{"CTRIA"},
+    CardRule{"CSHEAR"},
 };
 
 constexpr bool holds(std::string_view characters, std::string_view name) {

@@ -9,12 +9,13 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <type_traits>
 
 #include "nastran/card_rules.h"
 #include "nastran/card_text.h"
 #include "text/eight_columns.h"
-#include "text/powers_of_ten.h"
 #include "text/scan.h"
+#include "text/tokens.h"
 
 namespace kvocaeio::nastran {
 
@@ -36,38 +37,32 @@ inline std::uint64_t wordAt(const char* columns) {
 /// Whether a name can begin in the text: all begin with one of three letters, and the
 /// normalisation makes none of these.
 inline bool canHoldName(std::string_view characters) {
-    // Of what plain fields are made of nothing has the bit of the letters.
-    std::uint64_t bits = 0;
-    if (characters.size() < kFieldWidth) {
-        for (const char c : characters)
-            bits |= static_cast<unsigned char>(c);
-    } else {
+    if (characters.size() >= kFieldWidth) {
+        // Of what plain fields are made of nothing has the bit of the letters.
         const char* const last = characters.data() + characters.size() - kFieldWidth;
-        bits = wordAt(last);
+        std::uint64_t bits = wordAt(last);
         for (const char* next = characters.data(); next < last; next += kFieldWidth)
             bits |= wordAt(next);
+        if ((bits & text::inEachByte(0x40)) == 0)
+            return false;
     }
-    return (bits & text::inEachByte(0x40)) != 0 &&
-           characters.find_first_of("CGP") != std::string_view::npos;
+    return characters.find_first_of("CGP") != std::string_view::npos;
 }
 
 /// The rule of a card whose first eight columns hold a name of the table and nothing else, or null.
 inline const CardRule* ruleOfFirstField(std::string_view card) {
-    static constexpr auto kKeys = [] {
-        std::array<std::uint64_t, kCardRules.size()> keys{};
-        for (std::size_t i = 0; i < keys.size(); ++i) {
-            std::array<char, kFieldWidth> field;
-            field.fill(' ');
-            std::ranges::copy(kCardRules[i].name, field.begin());
-            keys[i] = std::bit_cast<std::uint64_t>(field);
+    static constexpr auto kFields = [] {
+        std::array<std::array<char, kFieldWidth>, kCardRules.size()> fields;
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            fields[i].fill(' ');
+            std::ranges::copy(kCardRules[i].name, fields[i].begin());
         }
-        return keys;
+        return fields;
     }();
     if (card.size() < kFieldWidth || card[0] < 'C')
         return nullptr;
-    const std::uint64_t key = wordAt(card.data());
-    for (std::size_t i = 0; i < kKeys.size(); ++i)
-        if (kKeys[i] == key)
+    for (std::size_t i = 0; i < kFields.size(); ++i)
+        if (std::memcmp(card.data(), kFields[i].data(), kFieldWidth) == 0)
             return &kCardRules[i];
     return nullptr;
 }
@@ -80,67 +75,38 @@ inline Glance glanceAt(std::string_view line) {
     return {.isNameless = !canHoldName(line) || (ruleIn(line) == nullptr && !holds(line, "TUB-"))};
 }
 
-inline constexpr std::uint64_t kBlankField = text::inEachByte(' ');
-
-/// A field with the blanks at its end moved to its front.
-inline std::uint64_t rightJustified(std::uint64_t field) {
-    return std::rotl(field, std::countl_zero(field ^ kBlankField) / 8 * 8);
-}
-
-/// Reads eight columns: blanks alone, which are zero, or one whole number between blanks. False,
-/// `value` untouched, for any others.
-inline bool readField(const char* columns, int& value) {
-    const std::uint64_t field = wordAt(columns);
-    if (field == kBlankField) {
+/// Reads eight columns: blanks alone, which are zero, or one plain number between blanks: digits,
+/// and, for a real, a minus sign before and a point among them. False, `value` untouched, for any
+/// others.
+template <class Number>
+bool readField(const char* columns, Number& value) {
+    constexpr bool kIsReal = std::is_same_v<Number, double>;
+    if (wordAt(columns) == text::inEachByte(' ')) {
         value = 0;
         return true;
     }
-    if (text::readEightColumns(columns, value))
-        return true;
-    const auto justified = std::bit_cast<std::array<char, kFieldWidth>>(rightJustified(field));
-    return text::readEightColumns(justified.data(), value);
+    const std::string_view field = text::trimBlanks({columns, kFieldWidth});
+    const auto digits = std::ranges::count_if(field, text::isDigit);
+    const auto points = kIsReal ? std::ranges::count(field, '.') : 0;
+    const auto signs = kIsReal && field[0] == '-' ? 1 : 0;
+    if (digits == 0 || points > 1 || digits + points + signs < std::ssize(field))
+        return false;
+    text::Scan scan(field);
+    if constexpr (kIsReal)
+        return scan.real(value);
+    else
+        return scan.integer(value);
 }
 
-/// The same for a real: a minus sign or none, then digits with a point or none.
-inline bool readField(const char* columns, double& value) {
-    if (!text::kEightColumnsWork)
-        return false;
-    std::uint64_t field = wordAt(columns);
-    if (field == kBlankField) {
-        value = 0.0;
-        return true;
-    }
-    // A digit becomes its value; the first column is in the lowest byte.
-    field = rightJustified(field) ^ text::inEachByte('0');
-    int front = std::countr_zero(field ^ text::inEachByte(' ' ^ '0')) / 8;
-    const bool isNegative = (field >> 8 * front & 0xFF) == ('-' ^ '0');
-    front += isNegative ? 1 : 0;
-    if (front == 8)
-        return false;
-    field &= ~std::uint64_t{0} << 8 * front;
-    // The point's byte is the lowest one that becomes zero here.
-    const std::uint64_t points = field ^ text::inEachByte('.' ^ '0');
-    const std::uint64_t point = (points - text::inEachByte(1)) & ~points & text::inEachByte(0x80);
-    int decimals = 0;
-    if (point != 0) {
-        if (front == 7)
-            return false;
-        const std::uint64_t throughPoint = point ^ (point - 1);
-        field = ((field & (throughPoint >> 8)) << 8) | (field & ~throughPoint);
-        decimals = 7 - std::countr_zero(point) / 8;
-    }
-    if (!text::areDigits(field))
-        return false;
-    const double number = text::numberOf(field) / text::kPowersOfTen[decimals];
-    value = isNegative ? -number : number;
-    return true;
+inline bool readInteger(const char* columns, int& value) {
+    return text::readEightColumns(columns, value) || readField(columns, value);
 }
 
 /// Reads the first two numbers of a card whose rule is known at a glance. False where the
 /// normalised text must be read.
 inline bool readFixedOids(std::string_view line, int& first, int& second) {
-    return line.size() >= 3 * kFieldWidth && readField(line.data() + kFieldWidth, first) &&
-           readField(line.data() + 2 * kFieldWidth, second);
+    return line.size() >= 3 * kFieldWidth && readInteger(line.data() + kFieldWidth, first) &&
+           readInteger(line.data() + 2 * kFieldWidth, second);
 }
 
 /// Reads a `CHEXA` of two lines whose first one has a plain number without a leading zero in each
@@ -153,35 +119,26 @@ inline bool readFixedHexa(std::string_view card, CardNumbers& numbers) {
     for (std::size_t i = 0; i < kOnFirstLine; ++i) {
         const char* const columns = card.data() + (1 + i) * kFieldWidth;
         int value = 0;
-        if (!readField(columns, value) || value == 0 ||
-            columns[std::countr_zero(wordAt(columns) ^ kBlankField) / 8] == '0')
+        if (!readInteger(columns, value) || value == 0 ||
+            columns[std::countr_zero(wordAt(columns) ^ text::inEachByte(' ')) / 8] == '0')
             return false;
         numbers.ints[i] = value;
     }
-    const char* next = card.data() + kCardColumns;
-    const char* const last = card.data() + card.size();
+    std::size_t at = kCardColumns;
     std::size_t column = 0;
-    for (; next != last; ++next) {
-        if (*next == ',' || *next == '+')
-            column += kFieldWidth;
-        else if (*next == ' ')
-            ++column;
-        else if (*next != '\n')
-            break;
+    for (; at < card.size() && !text::isDigit(card[at]); ++at) {
+        const bool isSeparator = card[at] == ',' || card[at] == '+';
+        if (!isSeparator && card[at] != ' ' && card[at] != '\n')
+            return false;
+        column += isSeparator ? kFieldWidth : card[at] == ' ' ? 1 : 0;
     }
-    if (next == last || column < kFieldWidth || *next == '0' || !text::isDigit(*next))
+    const std::string_view number = card.substr(at, kFieldWidth - column % kFieldWidth);
+    // A line feed would join the digits on both sides of it.
+    if (column < kFieldWidth || number.empty() || number[0] == '0' ||
+        card.find('\n', at) != card.size() - 1)
         return false;
-    int value = 0;
-    for (std::size_t room = kFieldWidth - column % kFieldWidth; room > 0; --room, ++next) {
-        if (next == last || !text::isDigit(*next))
-            break;
-        value = 10 * value + static_cast<int>(text::digitValue(*next));
-    }
-    if (next != last && *next == '\n' && next + 1 != last)
-        return false;  // the digits may go on behind it
     numbers.ints[kOnFirstLine] = 0;
-    numbers.ints[kOnFirstLine + 1] = value;
-    return true;
+    return text::Scan(number).integer(numbers.ints[kOnFirstLine + 1]);
 }
 
 /// Reads the numbers of a card whose rule is known at a glance. False where the normalised text
@@ -191,7 +148,7 @@ inline bool readFixedFields(std::string_view card, const CardRule& rule, CardNum
         return readFixedHexa(card, numbers);
     if (rule.floats > 0)  // property cards are few
         return false;
-    const std::size_t needed = (1 + rule.ints + rule.doubles) * kFieldWidth;
+    const std::size_t needed = (1 + rule.ints() + rule.doubles) * kFieldWidth;
     std::array<char, kCardColumns> padded;
     const char* columns = card.data();
     if (card.size() <= needed) {
@@ -201,8 +158,8 @@ inline bool readFixedFields(std::string_view card, const CardRule& rule, CardNum
         card.copy(padded.data(), card.size() - 1);
         columns = padded.data();
     }
-    for (std::size_t i = 0; i < rule.ints; ++i)
-        if (!readField(columns += kFieldWidth, numbers.ints[i]))
+    for (std::size_t i = 0; i < rule.ints(); ++i)
+        if (!readInteger(columns += kFieldWidth, numbers.ints[i]))
             return false;
     for (std::size_t i = 0; i < rule.doubles; ++i)
         if (!readField(columns += kFieldWidth, numbers.doubles[i]))

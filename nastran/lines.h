@@ -2,7 +2,6 @@
 /// at them tells.
 #pragma once
 
-#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -37,8 +36,8 @@ class CardLines {
         if (!lines_.next())
             return false;
         card_ = {lines_.line(), glances_ ? glanceAt(lines_.line()) : Glance()};
-        if (merges_ && isContinued())
-            mergeNextLine();
+        if (merges_ && !card_.glance.isNameless)
+            mergeContinuation();
         return true;
     }
 
@@ -51,13 +50,7 @@ class CardLines {
     // Lines arrive in pieces of at most 254 characters.
     static constexpr std::size_t kLineBound = 255;
 
-    bool isContinued() const {
-        const Glance& glance = card_.glance;
-        return glance.rule != nullptr ? glance.rule->isContinued
-                                      : !glance.isNameless && holdsContinuedName(card_.raw);
-    }
-    static bool holdsContinuedName(std::string_view line);
-    void mergeNextLine();
+    void mergeContinuation();
 
     text::PassLines lines_;
     bool merges_;

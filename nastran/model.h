@@ -1,6 +1,7 @@
 /// What is read of a deck, and what the exported reader keeps of all its decks.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -19,12 +20,8 @@ inline constexpr std::size_t kNodeWidth = 4;
 inline constexpr std::size_t kElemWidth = 9;
 inline constexpr std::size_t kSectionWidth = 3;
 
-/// A property card.
-struct SectionRow {
-    int propertyId;
-    int materialId;
-    int value;
-};
+/// Property OID, material OID and value of a property card.
+using SectionRow = std::array<int, kSectionWidth>;
 
 /// One deck: rows by OID, made beforehand for its extent, and sections in deck order.
 struct DeckTables {

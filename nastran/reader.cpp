@@ -2,8 +2,7 @@
 #include <algorithm>
 
 #include "nastran/import.h"
-#include "nastran/model.h"
-#include "nastran/section_table.h"
+#include "nastran/tables.h"
 #include <kvocaeio/nastran.h>
 
 using namespace kvocaeio;

@@ -3,7 +3,6 @@
 #include <span>
 #include <utility>
 
-#include "nastran/card_writer.h"
 #include "nastran/deck_writer.h"
 #include <kvocaeio/nastran.h>
 
@@ -67,6 +66,6 @@ bool KVONASTRAN_Writer::EndWriting() {
     if (!state->deck)
         return false;
     nastran::writeFooter(*state->deck);
-    nastran::closeDeck(*state);
+    state->close();
     return true;
 }

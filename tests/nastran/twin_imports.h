@@ -8,7 +8,7 @@
 
 #include "nastran/findings.h"
 #include "nastran/import.h"
-#include "nastran/section_table.h"
+#include "nastran/tables.h"
 #include <kvocaeio/nastran.h>
 
 namespace kvocaeio::test {

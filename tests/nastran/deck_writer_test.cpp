@@ -1,5 +1,5 @@
 /// Solid cards with mid-side nodes, which the public calls do not reach.
-#include "nastran/card_writer.h"
+#include "nastran/deck_writer.h"
 
 #include <array>
 #include <gtest/gtest.h>
