@@ -5,8 +5,10 @@
 #include <kvocaeio/export.h>
 
 namespace kvocaeio {
+namespace nastran {
 struct NastranFileInfo;
 struct NastranWriterState;
+}  // namespace nastran
 }  // namespace kvocaeio
 
 /// Reads one Nastran bulk data deck into three flat arrays: nodes, elements, sections.
@@ -80,7 +82,7 @@ class KVOCAEIO_API KVONASTRAN_Reader {
     int* sectionVector;
     int* materialFlags;
     int sectionCount;
-    kvocaeio::NastranFileInfo* info;
+    kvocaeio::nastran::NastranFileInfo* info;
 };
 
 /// Writes a mesh as a Nastran deck for a static analysis: a fixed header with the case control, the
@@ -134,7 +136,7 @@ class KVOCAEIO_API KVONASTRAN_Writer {
     bool EndWriting();
 
   private:
-    kvocaeio::NastranWriterState* state;
+    kvocaeio::nastran::NastranWriterState* state;
 };
 
 #endif

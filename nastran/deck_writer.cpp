@@ -1,12 +1,14 @@
 /// The layouts: what stands where on each card.
-#include "nastran/card_writer.h"
+#include "nastran/deck_writer.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <ctime>
+#include <exception>
+#include <string_view>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 namespace {
 
@@ -38,31 +40,27 @@ UnitRow unitsOf(std::string_view meshUnit) {
     return found;
 }
 
-// A solid card: the nodes in the order of the card, counted from 1 in the caller's list, and how
-// many of them stand on each line. The mid-side nodes of the two end faces come first in the
-// caller's list and those of the connecting edges last; on the card the connecting edges stand
-// between.
+// A solid card: the nodes in the order of the card, counted from 1 in the caller's list. The
+// mid-side nodes of the two end faces come first in that list and those of the connecting edges
+// last; on the card the connecting edges stand between.
 struct SolidLayout {
     std::size_t nodes;
     std::string_view name;
-    std::array<std::size_t, 3> lines;
     std::array<std::size_t, 20> order;
 };
 
 constexpr std::array kSolidLayouts{
-    SolidLayout{4, "CTETRA ,", {4}, {1, 2, 3, 4}},
-    SolidLayout{6, "CPENTA ,", {6}, {1, 2, 3, 4, 5, 6}},
-    SolidLayout{8, "CHEXA  ,", {6, 2}, {1, 2, 3, 4, 5, 6, 7, 8}},
-    SolidLayout{10, "CTETRA ,", {6, 4}, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}},
-    SolidLayout{15, "CPENTA ,", {6, 8, 1}, {1, 2, 3, 4, 5, 6, 7, 8, 9, 13, 14, 15, 10, 11, 12}},
-    SolidLayout{20, "CHEXA  ,", {6, 8, 6}, {1,  2,  3,  4,  5,  6,  7,  8,  9,  10,
-                                            11, 12, 17, 18, 19, 20, 13, 14, 15, 16}},
+    SolidLayout{4, "CTETRA ,", {1, 2, 3, 4}},
+    SolidLayout{6, "CPENTA ,", {1, 2, 3, 4, 5, 6}},
+    SolidLayout{8, "CHEXA  ,", {1, 2, 3, 4, 5, 6, 7, 8}},
+    SolidLayout{10, "CTETRA ,", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}},
+    SolidLayout{15, "CPENTA ,", {1, 2, 3, 4, 5, 6, 7, 8, 9, 13, 14, 15, 10, 11, 12}},
+    SolidLayout{
+        20, "CHEXA  ,", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 17, 18, 19, 20, 13, 14, 15, 16}},
 };
 
 constexpr int kNumberWidth = 7;  // with its comma a field of eight columns
 constexpr int kGridWidth = 8;    // on `GRID` cards the comma is a ninth
-
-}  // namespace
 
 void writeHeader(text::Writer& deck, std::string_view meshUnit) {
     const UnitRow units = unitsOf(meshUnit);
@@ -85,6 +83,28 @@ void writeHeader(text::Writer& deck, std::string_view meshUnit) {
     deck.text("+VORLAN1      1.      0.      1.\n");
 }
 
+}  // namespace
+
+bool startDeck(const char* path, const char* unit, NastranWriterState& state) {
+    state.close();
+    try {
+        state.path = path;
+        state.unit = unit;
+        state.stream = text::openFile(path, "w");
+        if (state.stream == nullptr)
+            return false;
+        writeHeader(state.deck.emplace(state.stream.get()), state.unit);
+        state.close();
+        state.stream = text::openFile(path, "a+");
+        if (state.stream != nullptr)
+            state.deck.emplace(state.stream.get());
+        return true;
+    } catch (const std::exception&) {  // memory ran out
+        state.close();
+        return false;
+    }
+}
+
 void writeFooter(text::Writer& deck) {
     deck.text(kRule).text("$ END OF DATA\n").text(kRule).text("ENDDATA\n");
 }
@@ -103,16 +123,12 @@ void writeElement(text::Writer& deck, int id, int section, std::span<const int> 
     if (layout == kSolidLayouts.end())
         return;
     deck.text(layout->name).integer(id, kNumberWidth).text(",").integer(section, kNumberWidth);
-    const std::size_t* next = layout->order.data();
-    for (const std::size_t onLine : layout->lines) {
-        if (onLine == 0)
-            break;
-        if (next != layout->order.data())
-            deck.text("       ");
-        for (std::size_t i = 0; i < onLine; ++i)
-            deck.text(",").integer(nodes[*next++ - 1], kNumberWidth);
-        deck.text("\n");
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (i == 6 || i == 14)  // eight numbers stand on a line, with those of the element
+            deck.text("\n       ");
+        deck.text(",").integer(nodes[layout->order[i] - 1], kNumberWidth);
     }
+    deck.text("\n");
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::nastran

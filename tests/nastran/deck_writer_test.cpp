@@ -1,5 +1,5 @@
 /// Solid cards with mid-side nodes, which the public calls do not reach.
-#include "nastran/card_writer.h"
+#include "nastran/deck_writer.h"
 
 #include <array>
 #include <gtest/gtest.h>
@@ -11,21 +11,21 @@
 #include "text/file.h"
 #include "text/format.h"
 
-namespace kvocaeio {
+namespace kvocaeio::test {
 namespace {
 
 // The card of element 77 in section 5, whose nodes are 101, 102, ...
 std::string elementOf(std::size_t nodeCount) {
     std::array<int, 27> nodes;
     std::iota(nodes.begin(), nodes.end(), 101);
-    const test::TempFolder folder;
+    const TempFolder folder;
     {
         const text::File file = text::openFile(folder.file("card").c_str(), "w");
         text::Writer deck(file.get());
-        writeElement(deck, 77, 5, std::span(nodes).first(nodeCount));
+        nastran::writeElement(deck, 77, 5, std::span(nodes).first(nodeCount));
         EXPECT_TRUE(deck.flush());
     }
-    return test::readText(folder.path() / "card");
+    return readText(folder.path() / "card");
 }
 
 TEST(SecondOrderElements, OfTenNodes) {
@@ -54,4 +54,4 @@ TEST(SecondOrderElements, OfOtherCountsAreNone) {
 }
 
 }  // namespace
-}  // namespace kvocaeio
+}  // namespace kvocaeio::test
