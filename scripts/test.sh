@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds and tests everything: Linux (g++), Linux under the sanitizers (clang), Windows under Wine, and
-# the checks of format and style. Ends at the first stage that fails and names it; says at the end how
-# long each stage has taken.
+# the checks of format, documentation and style. Ends at the first stage that fails and names it; says
+# at the end how long each stage has taken.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -51,6 +51,9 @@ scripts/setup.sh build test bench
 
 begin 'clang-format'
 sources | xargs -0 clang-format --dry-run -Werror
+
+begin 'documentation'
+scripts/check_docs.py
 
 testPreset linux-release
 testPreset linux-sanitize # replays the fuzz corpora, as every other preset does

@@ -13,7 +13,7 @@ constexpr char kEndOfTextFile = '\x1A';
 
 }  // namespace
 
-LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode)
+LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode, Watch* watch)
     : file_(file),
       maxLength_(bound - 1),
       mode_(mode),
@@ -23,14 +23,16 @@ LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode)
       line_(buffer_.data()),
       length_(0),
       position_(line_),
-      end_(line_) {
+      end_(line_),
+      watch_(watch),
+      counted_(line_) {
     assert(bound > 1);
 }
 
 void LineReader::rewind() {
     std::rewind(file_);
-    line_ = position_ = end_ = buffer_.data();
-    length_ = 0;
+    line_ = position_ = end_ = counted_ = buffer_.data();
+    length_ = bytesRead_ = lineFeeds_ = charactersBefore_ = 0;
     heldCr_ = holdsNul_ = atEnd_ = metEnd_ = false;
 }
 
@@ -75,7 +77,10 @@ bool LineReader::nextAcrossBlocks() {
 // Reads one more block behind what is still needed: the line taken last and the bytes not taken
 // yet. False when the file has ended.
 bool LineReader::fill() {
+    if (countsLines_)
+        countTo(line_);
     char* const start = buffer_.data();
+    counted_ = start;
     const auto kept = static_cast<std::size_t>(end_ - line_);
     const auto taken = static_cast<std::size_t>(position_ - line_);
     std::memmove(start, line_, kept);
@@ -85,7 +90,8 @@ bool LineReader::fill() {
     if (heldCr_)
         *first = '\r';
     char* const fresh = first + (heldCr_ ? 1 : 0);
-    const std::size_t count = std::fread(fresh, 1, kBlockSize, file_);
+    const std::size_t count = goesOn() ? std::fread(fresh, 1, kBlockSize, file_) : 0;
+    bytesRead_ += count;
     char* last = fresh + count;
     if (mode_ == LineMode::kText)
         last = translateText(first, last);
@@ -99,6 +105,27 @@ bool LineReader::fill() {
         return false;
     }
     return true;
+}
+
+bool LineReader::goesOn() {
+    if (watch_ == nullptr)
+        return true;
+    if (!watch_->stopped)
+        watch_->stopped = !watch_->goesOn(watch_->host, bytesRead_);
+    return !watch_->stopped;
+}
+
+void LineReader::countTo(const char* place) {
+    const auto lineFeeds = std::count(counted_, place, '\n');
+    if (lineFeeds > 0) {
+        lineFeeds_ += static_cast<std::size_t>(lineFeeds);
+        charactersBefore_ = 0;
+        counted_ = place;
+        while (counted_[-1] != '\n')
+            --counted_;
+    }
+    charactersBefore_ += static_cast<std::size_t>(place - counted_);
+    counted_ = place;
 }
 
 // Turns CR LF into LF in place and ends the file at 0x1A. Gives the new end; a CR at the very end

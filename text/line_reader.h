@@ -8,11 +8,20 @@
 #include <string_view>
 #include <vector>
 
+#include "text/findings.h"
+
 namespace kvocaeio::text {
 
 /// What arrives of the file's bytes. Binary: all of them as they are. Text: CR LF arrives as a
 /// single LF, a lone CR stays, and a byte 0x1A ends the file, on every platform alike.
 enum class LineMode { kBinary, kText };
+
+/// A place in a file, in lines of the file and not in pieces of them; both numbers count from 1.
+struct LinePlace {
+    std::size_t line = 0;
+    std::size_t column = 0;
+    bool operator==(const LinePlace&) const = default;
+};
 
 /// Reads a file from its present position to its end, one bounded line at a time. Memory is one
 /// block, whatever the file's size. The stream is borrowed and must not be used by others
@@ -21,7 +30,12 @@ class LineReader {
   public:
     /// `bound` is that of `fgets`: a line has at most `bound` - 1 characters, its LF included, and
     /// the rest of a longer one arrives as the next line.
-    LineReader(std::FILE* file, std::size_t bound, LineMode mode);
+    /// `watch` may be null; it is asked before each block.
+    LineReader(std::FILE* file, std::size_t bound, LineMode mode, Watch* watch = nullptr);
+
+    // A copy would point into the first one's block.
+    LineReader(LineReader&&) = default;
+    LineReader& operator=(LineReader&&) = default;
 
     /// Another bound for the lines taken from now on, at the most the constructor's.
     void setBound(std::size_t bound) { maxLength_ = bound - 1; }
@@ -60,6 +74,21 @@ class LineReader {
     /// off and for a last line without LF.
     bool endsLine() const { return position_ != line_ && position_[-1] == '\n'; }
 
+    /// Whether the line taken last is a piece that the bound cut off.
+    bool isCut() const {
+        return static_cast<std::size_t>(position_ - line_) == maxLength_ && !endsLine();
+    }
+
+    /// Lines are counted from here on, block by block, so that `place()` can tell. To be called
+    /// before the first line is taken; it costs about a hundredth of a pass.
+    void countLines() { countsLines_ = true; }
+
+    /// Where the line taken last begins.
+    LinePlace place() {
+        countTo(line_);
+        return {lineFeeds_ + 1, charactersBefore_ + 1};
+    }
+
     /// Whether the end of the file is known, as `feof` knows it: a read has met it, that of a last
     /// line without LF included. Not yet where the last line ended in LF or at its bound.
     bool metEnd() const { return metEnd_; }
@@ -82,7 +111,9 @@ class LineReader {
     void cutAtNul();
     bool nextAcrossBlocks();
     bool fill();
+    bool goesOn();
     char* translateText(char* first, char* last);
+    void countTo(const char* place);
 
     std::FILE* file_;
     std::size_t maxLength_;
@@ -96,6 +127,13 @@ class LineReader {
     bool holdsNul_ = false;
     bool atEnd_ = false;   // nothing more will come of the file
     bool metEnd_ = false;  // a line has been asked for that would need more
+    Watch* watch_;
+    std::size_t bytesRead_ = 0;
+    // Of the text before `counted_`, while lines are counted.
+    bool countsLines_ = false;
+    const char* counted_;
+    std::size_t lineFeeds_ = 0;
+    std::size_t charactersBefore_ = 0;  // on its last, incomplete line
 };
 
 }  // namespace kvocaeio::text

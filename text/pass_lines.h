@@ -1,0 +1,69 @@
+/// The lines of one pass over a file, and who listens to the pass.
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <string_view>
+
+#include "text/findings.h"
+#include "text/line_reader.h"
+
+namespace kvocaeio::text {
+
+/// A `LineReader` that notes findings with the place of the line taken last. Nobody listens to an
+/// ordinary import: a note then costs the test of a pointer, in a branch that is seldom taken.
+class PassLines {
+  public:
+    /// `cutKind` is noted for each piece that the bound cuts off a line.
+    template <class Kind>
+    PassLines(std::FILE* file, std::size_t bound, LineMode mode, const Listener& listener,
+              Kind cutKind)
+        : reader_(file, bound, mode, listener.watch),
+          findings_(listener.findings),
+          cutKind_(static_cast<std::size_t>(cutKind)) {
+        if (findings_ != nullptr)
+            reader_.countLines();
+    }
+
+    // As in `LineReader`.
+    bool next() {
+        const bool found = reader_.next();
+        if (findings_ != nullptr && found) [[unlikely]]
+            noteCut();
+        return found;
+    }
+    template <class Find>
+    bool nextWith(const Find& find) {
+        return reader_.nextWith(find);
+    }
+    std::string_view line() const { return reader_.line(); }
+    bool metEnd() const { return reader_.metEnd(); }
+    void giveBack() { reader_.giveBack(); }
+    void setBound(std::size_t bound) { reader_.setBound(bound); }
+
+    /// Notes the line taken last.
+    template <class Kind>
+    void note(Kind kind) {
+        if (findings_ != nullptr) [[unlikely]]
+            noteLine(static_cast<std::size_t>(kind));
+    }
+
+    /// Notes a field of it; without a column where `field` is no part of `line()`.
+    template <class Kind>
+    void note(Kind kind, std::string_view field) {
+        if (findings_ != nullptr) [[unlikely]]
+            noteField(static_cast<std::size_t>(kind), field);
+    }
+
+  private:
+    void noteCut();
+    void noteLine(std::size_t kind);
+    void noteField(std::size_t kind, std::string_view field);
+
+    LineReader reader_;
+    Findings* findings_;
+    std::size_t cutKind_;
+    LinePlace lastCut_;  // a line that is given back is cut once
+};
+
+}  // namespace kvocaeio::text
