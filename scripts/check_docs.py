@@ -21,12 +21,12 @@ FENCE = re.compile(r"^\s*```")
 ITEM = re.compile(r"^(\s*)([-*]|\d+\.)(\s+)")
 VERBATIM = re.compile(r"^(#|\||---|    |<!--|\[[^\]]+\]: )")
 ATOM = re.compile(r"(?:`[^`]*`|\S)+")
-MARKER = re.compile(r"^([-*+>#]|\d+[.)])$")  # what would begin a list or a heading in front of a line
+MARKER = re.compile(r"^([-*+>#]|\d+[.)])$")  # would begin a list or a heading, first in a line
 LINK = re.compile(r"\]\(([^)\s]+)\)")
 
 
 def fill(text, first, rest):
-    """The words of `text` in lines; code spans are not broken, nor does a line begin with a marker."""
+    """The words of `text` in lines. Code spans are not broken; no line begins with a marker."""
     lines, line = [], first
     empty = True
     for word in ATOM.findall(text):
@@ -130,8 +130,8 @@ def check(page, fix):
         problems.append("1: an example differs from its file")
     filled = refilled(lines)
     if filled != lines:
-        pairs = zip(lines + [None], filled + [None])
-        first = next(i for i, (is_, should) in enumerate(pairs, 1) if is_ != should)
+        same = zip(lines + [None], filled + [None])
+        first = next(i for i, (line, wanted) in enumerate(same, 1) if line != wanted)
         problems.append(f"{first}: not filled to {WIDTH} columns (scripts/check_docs.py --fix)")
     return problems, shown
 
@@ -148,10 +148,11 @@ def main(arguments):
         for problem in problems:
             print(f"{page.relative_to(ROOT)}:{problem}", file=sys.stderr)
     if not named:
-        for example in sorted(p.relative_to(ROOT).as_posix() for p in (ROOT / "examples").glob("*.cpp")):
-            if example not in shown:
+        for example in sorted((ROOT / "examples").glob("*.cpp")):
+            name = example.relative_to(ROOT).as_posix()
+            if name not in shown:
                 failures += 1
-                print(f"{example}: shown on no page", file=sys.stderr)
+                print(f"{name}: shown on no page", file=sys.stderr)
     return 1 if failures else 0
 
 
