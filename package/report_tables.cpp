@@ -1,9 +1,11 @@
 /// The extraction tool's reports read into flat tables of cells, their columns and length unit.
 #include "package/report_tables.h"
 
+#include <algorithm>
+
 #include "package/length_units.h"
 #include "package/lines.h"
-#include "package/words.h"
+#include "text/ascii.h"
 
 namespace kvocaeio::package {
 
@@ -53,7 +55,7 @@ bool readReport(InputFile& file, const text::Listener& listener, Report& report)
 
 int findColumn(const Report& report, std::string_view name) {
     for (std::size_t i = 0; i < report.headerCells.size(); ++i)
-        if (equalsInAnyCase(report.headerCells[i], name))
+        if (std::ranges::equal(report.headerCells[i], name, {}, text::toUpper, text::toUpper))
             return static_cast<int>(i);
     return -1;
 }

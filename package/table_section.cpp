@@ -89,7 +89,7 @@ bool readNameTable(InputFile& file, const text::Listener& listener, std::string_
 
 int findEntry(const IdTable<std::string>& entries, std::string_view key) {
     for (const auto& [id, entry] : entries.rows())
-        if (equalsInAnyCase(entry, key))
+        if (std::ranges::equal(entry, key, {}, text::toUpper, text::toUpper))
             return id;
     return -1;
 }

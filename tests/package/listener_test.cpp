@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -15,6 +14,7 @@
 #include "package/findings.h"
 #include "package/import_3di.h"
 #include "package/import_cadence.h"
+#include "package/imported_package.h"
 #include "package/package_generator.h"
 #include "support/files.h"
 
@@ -114,15 +114,6 @@ void expectSound(const Model& model) {
     EXPECT_LE(static_cast<std::size_t>(last), model.wirePoints.size() / 3);
 }
 
-template <class Import>
-std::string outcomeOfImport(const Import& import) {
-    try {
-        return import() ? "true" : "false";
-    } catch (const std::out_of_range& error) {
-        return error.what();
-    }
-}
-
 /// A host that stops at the block of this number, counted over all passes.
 struct Host {
     explicit Host(std::size_t lastBlock = static_cast<std::size_t>(-1)) : last(lastBlock) {
@@ -142,11 +133,11 @@ class PackageListener : public testing::Test {
     static std::string import3di(const std::string& path, Model& model,
                                  const text::Listener& listener) {
         InputFile file(path.c_str());
-        return outcomeOfImport([&] { return package::import3di(file, model, listener); });
+        return outcomeOf([&] { return package::import3di(file, model, listener); });
     }
     static std::string importReports(Model& model, const text::Listener& listener) {
         InputFile design("unused");
-        return outcomeOfImport([&] { return package::importCadence(design, model, listener); });
+        return outcomeOf([&] { return package::importCadence(design, model, listener); });
     }
 
     /// Imports twice into a model each, with a listener and without.
