@@ -12,9 +12,9 @@ const std::string kHexa =
     "CHEXA          7       1     101     102     103     104     105     106";
 
 // The `CHEXA` 7 of a deck: its first line, then what follows it, byte for byte.
-ElementRow hexaOf(const std::string& text) {
-    ReadDeck deck(kGrid + text);
-    EXPECT_TRUE(deck.result) << text;
+ElementRow hexaOf(const std::string& cards) {
+    ReadDeck deck(kGrid + cards);
+    EXPECT_TRUE(deck.result) << cards;
     return deck.result ? deck.element(7) : kNoElement;
 }
 
