@@ -9,7 +9,7 @@
 namespace kvocaeio {
 namespace package {
 class CKVOCadenceReaderImp;
-}
+}  // namespace package
 }  // namespace kvocaeio
 
 /// Reads the 3D model of one chip package and hands out its bodies (substrate, dies, interposers,
