@@ -8,6 +8,7 @@
 #include "bench/job_table.h"
 #include "bench/process_meter.h"
 #include "bench/table_sizes.h"
+#include "package/import_3di.h"
 #include "support/captured_output.h"
 #include <kvocaeio/abaqus.h>
 #include <kvocaeio/nastran.h>
@@ -63,9 +64,9 @@ Steps importPackage(const char* path, int) {
     }
     if (!imported)
         return {};
-    CKVOCadenceReaderImp model;  // likewise
-    InputFile file(path);
-    model.Import3DI(file);
+    package::Model model;  // likewise
+    package::InputFile file(path);
+    package::import3di(file, model);
     step.tables = bench::packageBytes(model);
     return {step};
 }

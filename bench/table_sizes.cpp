@@ -2,7 +2,6 @@
 #include "bench/table_sizes.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,8 +28,8 @@ std::size_t bytes(const std::vector<std::string>& table) {
 }
 
 template <class Entry>
-std::size_t bytes(const std::unique_ptr<ChunkedList<Entry>>& list) {
-    return list->size() * sizeof(Entry);
+std::size_t bytes(const package::ChunkedList<Entry>& list) {
+    return list.size() * sizeof(Entry);
 }
 
 template <class Value>
@@ -71,12 +70,12 @@ std::size_t sortedTableBytes(const AbaqusModel& model) {
     return sum + largest;
 }
 
-std::size_t packageBytes(const CKVOCadenceReaderImp& model) {
+std::size_t packageBytes(const package::Model& model) {
     std::size_t sum = bytes(model.wirePoints) + bytes(model.wireFirstPoint) +
                       bytes(model.wireProfile) + bytes(model.wireDiameter) +
-                      bytes(model.wireColorId) + bytes(model.wireProfileNames);
+                      bytes(model.wireColorId) + bytes(*model.wireProfileNames);
     for (std::size_t i = 0; i < model.components->size(); ++i)
-        sum += sizeof(ComponentShape) + model.components->name(i).size() + 1;
+        sum += sizeof(package::ComponentShape) + model.components->name(i).size() + 1;
     return sum;
 }
 

@@ -18,6 +18,6 @@ std::size_t sortedTableBytes(const AbaqusModel& model);
 
 /// Bytes of all bodies, wires and wire models, and of the texts in them. (The tables of colours,
 /// objects and layers are small.)
-std::size_t packageBytes(const CKVOCadenceReaderImp& model);
+std::size_t packageBytes(const package::Model& model);
 
 }  // namespace kvocaeio::bench
