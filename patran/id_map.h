@@ -5,11 +5,12 @@
 
 #include "text/zeroed_array.h"
 
-namespace kvocaeio {
+namespace kvocaeio::patran {
 
 /// Node index by node id, for ids from 0 to the highest one; 0 for those that no node has.
 class IdMap {
   public:
+    IdMap() = default;
     explicit IdMap(int maxId)
         : indices_(text::makeZeroed<int>(text::asSize(maxId) + 1)), maxId_(maxId) {}
 
@@ -27,7 +28,7 @@ class IdMap {
 
   private:
     text::ZeroedArray<int> indices_;
-    int maxId_;
+    int maxId_ = -1;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::patran

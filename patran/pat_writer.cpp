@@ -5,33 +5,35 @@
 #include <exception>
 #include <string_view>
 
-#include "patran/header_card.h"
+#include "patran/card.h"
 #include "text/file.h"
 
-namespace kvocaeio {
+namespace kvocaeio::patran {
 
 namespace {
 
-constexpr int kTypeWidth = 2;
-constexpr int kIntegerWidth = 8;
-constexpr int kRealWidth = 16;
-
 // The shape code that belongs to a number of nodes; `shape` where none does.
 constexpr int shapeFor(int nodes, int shape) {
-    switch (nodes) {
-        case 4:
-            return 5;
-        case 6:
-            return 7;
-        case 8:
-            return 8;
-        default:
-            return shape;
-    }
+    return nodes == 4 ? 5 : nodes == 6 ? 7 : nodes == 8 ? 8 : shape;
 }
 
 constexpr bool isRow(int index, int rows) {
     return index >= 0 && index < rows;
+}
+
+// Makes arrays of `count` rows in place of the old ones. False, and no rows, where memory cannot be
+// allocated.
+template <class... Value>
+bool remake(int count, int& rows, text::ZeroedArray<Value>&... arrays) noexcept {
+    rows = 0;
+    (arrays.reset(), ...);
+    try {
+        ((arrays = text::makeZeroed<Value>(text::asSize(count))), ...);
+        rows = count;
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 // Eight columns each.
@@ -46,8 +48,8 @@ text::Writer& writeHeader(text::Writer& file, PacketType type, int id, int iv, i
     return writeFields(file.integer(type, kTypeWidth), std::array{id, iv, kc});
 }
 
-// N1 to N5 of a header card as the packets behind the summary have them: N5 stands, without a width
-// of its own, behind a digit 8, so that the card is shorter than the others.
+// N1 to N5 of a header card as the packets after the summary have them: N5 stands, without a width
+// of its own, after a digit 8, so that the card is shorter than the others.
 constexpr std::string_view kHeaderEnd = "       0       0       0       080\n";
 
 }  // namespace
@@ -63,19 +65,8 @@ void CPATWriter::SetNodeCount(int count) {
 }
 
 void CPATWriter::SetNodeArray() noexcept {
-    if (nodeCount < 1)
-        return;
-    nodeArraySet = false;
-    nodeRows = 0;
-    for (text::ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
-        array->reset();
-    try {
-        for (text::ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
-            *array = text::makeZeroed<double>(text::asSize(nodeCount));
-        nodeRows = nodeCount;
-        nodeArraySet = true;
-    } catch (const std::bad_alloc&) {
-    }
+    if (nodeCount >= 1)
+        nodeArraySet = remake(nodeCount, nodeRows, nodeX, nodeY, nodeZ);
 }
 
 void CPATWriter::AddNode(int index, double x, double y, double z) {
@@ -95,17 +86,7 @@ void CPATWriter::SetElemCount(int count) {
 bool CPATWriter::SetElemArray() noexcept {
     if (elemCount < 1)
         return false;
-    elemArraySet = false;
-    elemRows = 0;
-    elemNodes.reset();
-    elemShapes.reset();
-    try {
-        elemNodes = text::makeZeroed<Block>(text::asSize(elemCount));
-        elemShapes = text::makeZeroed<int>(text::asSize(elemCount));
-        elemRows = elemCount;
-        elemArraySet = true;
-    } catch (const std::bad_alloc&) {
-    }
+    elemArraySet = remake(elemCount, elemRows, elemNodes, elemShapes);
     return elemArraySet;
 }
 
@@ -166,4 +147,4 @@ void CPATWriter::writeElement(text::Writer& file, int index) const {
     writeFields(file, made ? elemNodes[row] : Block{}).text("\n");
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::patran

@@ -7,7 +7,7 @@
 #include "text/format.h"
 #include "text/zeroed_array.h"
 
-namespace kvocaeio {
+namespace kvocaeio::patran {
 
 /// See the exported `CKVO_PATWriter_Bridge`, whose calls end here.
 class CPATWriter {
@@ -48,4 +48,4 @@ class CPATWriter {
     int elemRows = 0;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::patran

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <map>
 
-namespace kvocaeio {
+namespace kvocaeio::patran {
 
 /// Property ids run from 0 up to this one, which is none any more.
 inline constexpr int kPropertyIdEnd = 16'777'216;
@@ -36,4 +36,4 @@ class PropertyList {
     std::size_t size_ = 0;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::patran

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds and tests everything: Linux (g++), Linux under the sanitizers (clang), Windows under Wine, and
-# the checks of format and style. Ends at the first stage that fails and names it.
+# the checks of format, documentation and style. Ends at the first stage that fails and names it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -36,8 +36,12 @@ scripts/setup.sh build test bench
 begin 'clang-format'
 sources | xargs -0 clang-format --dry-run -Werror
 
+begin 'documentation'
+scripts/check_docs.py
+
 testPreset linux-release
 testPreset linux-sanitize # replays the fuzz corpora, as every other preset does
+testPreset linux-thread # one test, which is all that this preset builds beside the library
 testPreset windows-release
 
 begin 'clang-tidy'

@@ -13,13 +13,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<std::string> bodiesOf(const std::string& geometries,
-                                  const std::string& tables = kTables) {
-    Package package(tables + geometries);
-    EXPECT_EQ(package.result, "true");
-    return bodies(package.reader);
-}
-
 /// Tables without BALL and PACKAGE CAP.
 const std::string kBareTables =
     "3DI MM\n" + kColors + "TABLE OBJECT\n1 SYMBOL\nTABLE LAYER\n1 OUTLINE\n2 TOP\nTABLE END\n";

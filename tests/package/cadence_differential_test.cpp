@@ -48,7 +48,7 @@ std::string bodyText(const std::string& name, const double* center, const double
 std::string bodiesOf(const NaiveCadence& plain) {
     std::string out;
     if (plain.components)
-        for (const NaiveBody& body : *plain.components)
+        for (const NaiveComponent& body : *plain.components)
             out += bodyText(body.name, body.center, body.size);
     return out;
 }

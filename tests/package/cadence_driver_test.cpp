@@ -1,4 +1,5 @@
 /// Paths, command files and deletions of an import, and what one import leaves for the next.
+#include <fstream>
 #include <gtest/gtest.h>
 
 #include "package/cadence_reports.h"

@@ -175,7 +175,7 @@ bool NaiveCadence::readSymbols() {
     const std::size_t rows = report.data.size() / report.header.size();
     for (std::size_t r = 0; r < rows; ++r) {
         const std::string refdes = upper(cell(report, r, 0));
-        NaiveBody body;
+        NaiveComponent body;
         if (refdes == "DIE")
             body.type = 2;
         else if (refdes == "PBGA" || refdes == "BGA")
@@ -187,7 +187,7 @@ bool NaiveCadence::readSymbols() {
         if (body.type == 1 && upper(cell(report, r, 6)) != "RECTANGLE")
             continue;
         bool isThere = false;
-        for (const NaiveBody& other : *components)
+        for (const NaiveComponent& other : *components)
             isThere = isThere || other.type == body.type;
         if (isThere)
             continue;
@@ -214,7 +214,7 @@ bool NaiveCadence::readDieStack() {
     const std::size_t rows = report.data.size() / report.header.size();
     for (std::size_t r = 0; r < rows; ++r) {
         const std::string type = upper(cell(report, r, 0));
-        NaiveBody body;
+        NaiveComponent body;
         body.type = type == "DIE" ? 2 : type == "INTERPOSER" ? 3 : type == "SPACER" ? 4 : 0;
         if (body.type == 0)
             continue;
@@ -262,7 +262,7 @@ bool NaiveCadence::readLayers() {
     }
     substrateHeight *= 0.0254;
     dieHeight *= 0.0254;
-    for (NaiveBody& body : *components) {
+    for (NaiveComponent& body : *components) {
         if (body.type == 1) {
             body.center[2] = substrateHeight * 0.5;
             body.size[2] = substrateHeight;

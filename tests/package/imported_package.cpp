@@ -89,4 +89,11 @@ std::string profileData(CKVOCadenceReader& reader, int profile) {
            (color == kUntouchedColor ? "-" : std::to_string(color));
 }
 
+std::vector<std::string> bodiesOf(const std::string& geometries, const std::string& tables) {
+    Package package(tables + geometries);
+    if (package.result != "true")
+        return {package.result};
+    return bodies(package.reader);
+}
+
 }  // namespace kvocaeio::test

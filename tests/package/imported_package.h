@@ -67,4 +67,9 @@ inline const std::string kNames =
 /// All that stands before wire models and geometries.
 inline const std::string kTables = "3DI MM\n" + kColors + kNames;
 
+/// All bodies of a file of `tables` and then `geometries`; the import's result alone where it is
+/// not "true".
+std::vector<std::string> bodiesOf(const std::string& geometries,
+                                  const std::string& tables = kTables);
+
 }  // namespace kvocaeio::test

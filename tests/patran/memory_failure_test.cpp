@@ -101,6 +101,9 @@ TEST_F(PatranMemoryFailure, OfTheFlatReadersImportGivesFalseAndCountsOf0) {
             EXPECT_EQ(reader.GetPropertyCount(), imported ? 3 : 0);
             EXPECT_EQ(flatNodesOf(reader).size(), imported ? 9U : 0U);
             EXPECT_EQ(flatElementsOf(reader).size(), imported ? 8U : 0U);
+            int type = -7;  // of the first row, where there are arrays
+            reader.GetElemType(&type, 1);
+            EXPECT_EQ(type, imported ? 0 : -7);
             EXPECT_TRUE(reader.ImportFromPatFile(small.c_str()));
             EXPECT_EQ(reader.GetNodeCout(), 1);
             return imported;

@@ -183,6 +183,7 @@ void NaivePatranIO::GetElementDataBase(int index, int* node1, int* node2, int* n
 
 void NaivePatranReader::import(std::string_view bytes) {
     nodeCount_ = elemCount_ = propertyCount_ = 0;
+    arraysMade_ = false;
     const NaiveFile file(bytes);
     NaiveIdMap map(nodeDimension(file));
     readPackets(file, map);
@@ -312,19 +313,22 @@ bool NaivePatranReader::GetElement(int index, int& type, int& property, int* nod
 
 void NaivePatranReader::GetVertex(float (*vertices)[3], int count) const {
     for (int i = 0; i < count; ++i)
-        GetNode(i, vertices[i][0], vertices[i][1], vertices[i][2]);
+        if (!GetNode(i, vertices[i][0], vertices[i][1], vertices[i][2]) && isSpare(i, nodeCount_))
+            std::fill_n(vertices[i], 3, 0.0F);
 }
 
 void NaivePatranReader::GetElemType(int* types, int count) const {
     int property = 0, nodes[8];
     for (int i = 0; i < count; ++i)
-        GetElement(i, types[i], property, nodes);
+        if (!GetElement(i, types[i], property, nodes) && isSpare(i, elemCount_))
+            types[i] = 0;
 }
 
 void NaivePatranReader::GetElemNode(int (*nodes)[8], int count) const {
     int type = 0, property = 0;
     for (int i = 0; i < count; ++i)
-        GetElement(i, type, property, nodes[i]);
+        if (!GetElement(i, type, property, nodes[i]) && isSpare(i, elemCount_))
+            std::fill_n(nodes[i], 8, 0);
 }
 
 }  // namespace kvocaeio::test

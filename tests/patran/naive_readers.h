@@ -77,6 +77,8 @@ class NaivePatranReader {
     int nodeDimension(NaiveFile file);
     void readPackets(NaiveFile file, NaiveIdMap& map);
     void makeArrays();
+    /// Whether a row is the one that the arrays have beyond the count.
+    bool isSpare(int row, int count) const { return arraysMade_ && row == (count > 0 ? count : 0); }
 
     std::vector<std::array<float, 3>> vertices_;
     std::vector<std::array<int, 8>> elemNodes_;

@@ -11,6 +11,12 @@
 #include "support/captured_output.h"
 #include "support/files.h"
 
+#if defined(__linux__)
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+#endif
+
 namespace kvocaeio::test {
 namespace {
 
@@ -227,19 +233,130 @@ TEST_F(PatranReaderLifecycle, BulkCopies) {
     EXPECT_EQ(types[1], -7);
     EXPECT_THAT(nodes[0], ElementsAre(0, 1, 2, 2, 2, 2, 2, 2));
     EXPECT_EQ(nodes[1][0], -7);
-    // No more rows than there are, whatever is asked for.
-    for (const int count : {5, INT_MAX}) {
+    // All rows that are counted, and nothing of the spare one.
+    reader.GetVertex(vertices, 3);
+    reader.GetElemType(types, 2);
+    reader.GetElemNode(nodes, 2);
+    EXPECT_THAT(vertices[2], ElementsAre(9, 0, 0));
+    EXPECT_EQ(vertices[3][0], -7);
+    EXPECT_EQ(types[1], 3);
+    EXPECT_EQ(types[2], -7);
+    EXPECT_THAT(nodes[1], ElementsAre(2, 1, 0, 2, 2, 2, 2, 2));
+    EXPECT_EQ(nodes[2][0], -7);
+}
+
+/// What the bulk copies of a reader write of `kRows` rows, all of them -7 before.
+struct Copied {
+    static constexpr std::size_t kRows = 6;
+
+    Copied(CPatranReader& reader, int count) {
         reader.GetVertex(vertices, count);
         reader.GetElemType(types, count);
         reader.GetElemNode(nodes, count);
-        EXPECT_EQ(vertices[2][0], 9);
-        EXPECT_EQ(vertices[3][0], -7);
-        EXPECT_EQ(types[1], 3);
-        EXPECT_EQ(types[2], -7);
-        EXPECT_THAT(nodes[1], ElementsAre(2, 1, 0, 2, 2, 2, 2, 2));
-        EXPECT_EQ(nodes[2][0], -7);
+    }
+
+    float vertices[kRows][3] = {{-7, -7, -7}, {-7, -7, -7}, {-7, -7, -7},
+                                {-7, -7, -7}, {-7, -7, -7}, {-7, -7, -7}};
+    int types[kRows] = {-7, -7, -7, -7, -7, -7};
+    int nodes[kRows][8] = {{-7}, {-7}, {-7}, {-7}, {-7}, {-7}};
+};
+
+TEST_F(PatranReaderLifecycle, BulkCopiesReachTheSpareRowAndNoFurther) {
+    CPatranReader reader;
+    ASSERT_TRUE(reader.ImportFromPatFile(larger.c_str()));
+    // Three nodes and two elements. The spare row of these is zero although the node of id 0 has
+    // index 2.
+    for (const int count : {4, 5, 6, INT_MAX}) {
+        const Copied copied(reader, count);
+        EXPECT_THAT(copied.vertices[2], ElementsAre(9, 0, 0));
+        EXPECT_THAT(copied.vertices[3], ElementsAre(0, 0, 0));
+        EXPECT_THAT(copied.vertices[4], ElementsAre(-7, -7, -7));
+        EXPECT_THAT(copied.types, ElementsAre(3, 3, 0, -7, -7, -7));
+        EXPECT_THAT(copied.nodes[1], ElementsAre(2, 1, 0, 2, 2, 2, 2, 2));
+        EXPECT_THAT(copied.nodes[2], ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
+        EXPECT_EQ(copied.nodes[3][0], -7);
+    }
+    const Copied elementsAndSpare(reader, 3);
+    EXPECT_THAT(elementsAndSpare.vertices[3], ElementsAre(-7, -7, -7));
+    EXPECT_THAT(elementsAndSpare.types, ElementsAre(3, 3, 0, -7, -7, -7));
+    EXPECT_THAT(elementsAndSpare.nodes[2], ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
+}
+
+TEST_F(PatranReaderLifecycle, BulkCopiesOfCountsBelow1HaveASpareRowAlone) {
+    for (const int none : {0, -1, -3}) {
+        CPatranReader reader;
+        const std::string path = folder.write("none.pat", summary(none, none) + endOfFile());
+        ASSERT_TRUE(reader.ImportFromPatFile(path.c_str()));
+        const Copied copied(reader, 6);
+        EXPECT_THAT(copied.vertices[0], ElementsAre(0, 0, 0));
+        EXPECT_THAT(copied.vertices[1], ElementsAre(-7, -7, -7));
+        EXPECT_THAT(copied.types, ElementsAre(0, -7, -7, -7, -7, -7));
+        EXPECT_THAT(copied.nodes[0], ElementsAre(0, 0, 0, 0, 0, 0, 0, 0));
+        EXPECT_EQ(copied.nodes[1][0], -7);
     }
 }
+
+TEST_F(PatranReaderLifecycle, WithoutArraysBulkCopiesWriteNothing) {
+    CPatranReader reader;
+    const auto expectNothing = [&] {
+        const Copied copied(reader, 6);
+        EXPECT_EQ(copied.vertices[0][0], -7);
+        EXPECT_EQ(copied.types[0], -7);
+        EXPECT_EQ(copied.nodes[0][0], -7);
+    };
+    expectNothing();
+    ASSERT_TRUE(reader.ImportFromPatFile(larger.c_str()));
+    CapturedOutput output;
+    ASSERT_FALSE(reader.ImportFromPatFile(path("missing.pat").c_str()));
+    expectNothing();
+    ASSERT_TRUE(reader.ImportFromPatFile(larger.c_str()));
+    const std::string noSummary = folder.write("no_summary.pat", node(1, 7, 0, 0) + endOfFile());
+    ASSERT_TRUE(reader.ImportFromPatFile(noSummary.c_str()));
+    expectNothing();
+}
+
+/// Gives access to the private operation that finds the highest node id of the file imported last.
+template <auto kMember>
+struct Opened {
+    friend int dimensionOf(CPatranReader& reader) { return (reader.*kMember)(); }
+};
+int dimensionOf(CPatranReader& reader);
+template struct Opened<&CPatranReader::GetNodeDimension>;
+
+TEST_F(PatranReaderLifecycle, TheNodeDimensionIsTheHighestIdThatTheSummaryCounts) {
+    CPatranReader reader;
+    const std::string file = folder.write(
+        "ids.pat", summary(2, 0) + node(7, 1, 0, 0) + node(5, 2, 0, 0) + node(9, 3, 0, 0));
+    {
+        const CapturedOutput output;
+        ASSERT_TRUE(reader.ImportFromPatFile(file.c_str()));
+    }
+    CapturedOutput output;
+    EXPECT_EQ(dimensionOf(reader), 7);
+    EXPECT_EQ(output.text(), kMetEnd);
+    std::filesystem::remove(file);
+    EXPECT_EQ(dimensionOf(reader), 0);
+}
+
+#if defined(__linux__)
+TEST_F(PatranReaderLifecycle, AnImportOpensOneFileAtATime) {
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const int lowest = open("/dev/null", O_RDONLY);
+    ASSERT_GE(lowest, 0);
+    close(lowest);
+    rlimit one = before;
+    one.rlim_cur = static_cast<rlim_t>(lowest) + 1;
+    CPatranReader reader;
+    const char* const path = larger.c_str();
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &one), 0);
+    const bool imported = reader.ImportFromPatFile(path);
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_TRUE(imported);
+    EXPECT_THAT(flatElementsOf(reader), ElementsAre(FlatElement{3, 0, {0, 1, 2, 2, 2, 2, 2, 2}},
+                                                    FlatElement{3, 9, {2, 1, 0, 2, 2, 2, 2, 2}}));
+}
+#endif
 
 TEST_F(PatranReaderLifecycle, ASecondImportReplacesTheMesh) {
     CPatranReader reader;

@@ -1,0 +1,71 @@
+/// The cards of a neutral file: the header card of a packet, and numbers in fixed columns.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "text/eight_columns.h"
+
+namespace kvocaeio::patran {
+
+inline constexpr std::size_t kTypeWidth = 2;
+inline constexpr std::size_t kIntegerWidth = 8;
+inline constexpr std::size_t kRealWidth = 16;
+
+/// The packets that are understood, as the header card's `it` names them.
+enum PacketType : int {
+    kNodePacket = 1,
+    kElementPacket = 2,
+    kPropertyPacket = 4,
+    kTitlePacket = 25,
+    kSummaryPacket = 26,
+    kEndPacket = 99,
+};
+
+/// The numbers of the header cards read so far. They are not cleared between cards: a field that
+/// cannot be read keeps the number of the header before, so that a blank line repeats that packet.
+struct HeaderCard {
+    int it = 0;  ///< packet type
+    int id = 0;  ///< of the node, element or property
+    int iv = 0;  ///< shape code of an element
+    int kc = 0;  ///< number of data cards that follow
+    int n1 = 0;
+    int n2 = 0;
+    int n3 = 0;
+    int n4 = 0;
+    int n5 = 0;
+
+    /// Reads a card in its fixed columns.
+    void readFixed(std::string_view card);
+    /// Reads a card as numbers separated by white space, up to the first that cannot be read.
+    void readFree(std::string_view card);
+};
+
+/// Reads the integer in the columns from `first` on. A field that the card does not reach, or that
+/// holds no digits, leaves `number` as it is; a field that the card's end cuts counts as it stands.
+void readInteger(std::string_view card, std::size_t first, std::size_t width, int& number);
+
+/// The same for eight columns. Nearly all hold blanks and then digits.
+inline void readInteger(std::string_view card, std::size_t first, int& number) {
+    if (card.size() < first + kIntegerWidth || !text::readEightColumns(card.data() + first, number))
+        readInteger(card, first, kIntegerWidth, number);
+}
+
+/// The integers in the first columns of a card, eight each; 0 where there is none.
+template <std::size_t kCount>
+std::array<int, kCount> integersOf(std::string_view card) {
+    std::array<int, kCount> integers{};
+    for (std::size_t i = 0; i < kCount; ++i)
+        readInteger(card, i * kIntegerWidth, integers[i]);
+    return integers;
+}
+
+/// x, y, z in the first columns of a card, sixteen each; 0 where there is none.
+std::array<float, 3> coordinatesOf(std::string_view card);
+
+/// The first two reals of a property card, which are separated by white space or by their width; 0
+/// from the first one on that cannot be read.
+std::array<float, 2> propertyValuesOf(std::string_view card);
+
+}  // namespace kvocaeio::patran

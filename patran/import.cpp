@@ -1,0 +1,157 @@
+/// Two passes over a file: the first looks for the highest node id, the second stores.
+#include "patran/import.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "patran/packets.h"
+#include "text/file.h"
+
+namespace kvocaeio::patran {
+
+namespace {
+
+// Where the bridge's first pass skips data cards, longer pieces of a line count as one.
+constexpr std::size_t kSkippedLineBound = 260;
+
+// Whether one more packet is stored. One that the summary does not count is no longer a packet: its
+// data cards are read as headers.
+bool isCounted(PacketLines& lines, int read, int count) {
+    if (read < count)
+        return true;
+    lines.note(Finding::kPacketNotCounted);
+    return false;
+}
+
+// The pass that stores, for either mesh. Returns whether there is a packet 99.
+template <class Mesh>
+bool readPackets(PacketLines& lines, IdMap& nodeIds, Mesh& mesh) {
+    int nodes = 0;
+    int elements = 0;
+    int properties = 0;
+    return lines.forEachPacket([&] {
+        switch (lines.header.it) {
+            case kNodePacket:
+                if (isCounted(lines, nodes, mesh.nodeCount))
+                    readNode(lines, nodes++, nodeIds, mesh);
+                return true;
+            case kElementPacket:
+                if (isCounted(lines, elements, mesh.elementCount))
+                    readElement(lines, elements++, nodeIds, mesh);
+                return true;
+            case kPropertyPacket:
+                if (isCounted(lines, properties, mesh.propertyCount)) {
+                    readProperty(lines, mesh);
+                    ++properties;
+                }
+                return true;
+            case kTitlePacket:
+                lines.nextCard();
+                return true;
+            case kSummaryPacket:
+                readSummary(lines, mesh);
+                return true;
+            default:
+                lines.note(Finding::kPacketSkipped);
+                return false;
+        }
+    });
+}
+
+void reportEndOfFile(bool foundEndPacket, const text::Listener& listener) {
+    if (!foundEndPacket && !listener.hasStopped())
+        std::printf("We have reached end-of-file\n");
+}
+
+// Empties the lists, since corners may still be node ids.
+void clear(ListMesh& mesh) noexcept {
+    mesh.nodes.clear();
+    mesh.elements.clear();
+    mesh.elementPropertyIds.clear();
+    mesh.propertyTypes.clear();
+    mesh.elementShapes.clear();
+    mesh.propertyValueA.clear();
+    mesh.propertyValueB.clear();
+    mesh.propertyValueC.clear();
+}
+
+}  // namespace
+
+int findMaxNodeId(std::FILE* file, const text::Listener& listener) {
+    PacketLines lines(file, listener, kSkippedLineBound);
+    int highest = 0;
+    lines.forEachPacket([&] {
+        if (lines.header.it == kNodePacket)
+            highest = std::max(highest, lines.header.id);
+        return false;
+    });
+    return highest;
+}
+
+int findNodeDimension(std::FILE* file, const text::Listener& listener) {
+    PacketLines lines(file, listener);
+    int highest = 0;
+    int nodes = 0;
+    int nodeCount = 0;
+    const bool foundEnd = lines.forEachPacket([&] {
+        switch (lines.header.it) {
+            case kNodePacket:
+                if (nodes < nodeCount) {
+                    highest = std::max(highest, lines.header.id);
+                    lines.skip(2);
+                    ++nodes;
+                }
+                return true;
+            case kTitlePacket:
+                lines.nextCard();
+                return true;
+            case kSummaryPacket:
+                nodeCount = lines.header.n1;
+                lines.nextCard();
+                return true;
+            default:
+                return false;
+        }
+    });
+    reportEndOfFile(foundEnd, listener);
+    return highest;
+}
+
+bool importLists(std::FILE* file, const text::Listener& listener, ListMesh& mesh) noexcept {
+    try {
+        const long start = std::ftell(file);
+        IdMap nodeIds(findMaxNodeId(file, listener.withoutFindings()));
+        std::fseek(file, start, SEEK_SET);
+        PacketLines lines(file, listener);
+        readPackets(lines, nodeIds, mesh);
+        if (!listener.hasStopped()) {
+            for (std::array<int, 4>& corners : mesh.elements)
+                for (int& corner : corners)
+                    corner = nodeIds.at(corner);
+            return true;
+        }
+    } catch (const std::exception&) {  // memory ran out
+    }
+    clear(mesh);
+    return false;
+}
+
+bool importFlat(const char* path, const text::Listener& listener, IdMap& nodeIds,
+                FlatMesh& mesh) noexcept {
+    const text::File file = text::openFile(path, "rb");
+    if (file == nullptr) {
+        std::printf("File Not Found : %s\n", path);
+        return false;
+    }
+    try {
+        nodeIds = IdMap(findNodeDimension(file.get(), listener.withoutFindings()));
+        std::rewind(file.get());
+        PacketLines lines(file.get(), listener);
+        reportEndOfFile(readPackets(lines, nodeIds, mesh), listener);
+        return !listener.hasStopped();
+    } catch (const std::exception&) {  // memory ran out
+        return false;
+    }
+}
+
+}  // namespace kvocaeio::patran

@@ -1,0 +1,100 @@
+/// The exported reader of lists: its life, the import and the queries.
+#include <cstddef>
+#include <new>
+
+#include "patran/import.h"
+#include "text/file.h"
+#include <kvocaeio/patran.h>
+
+using namespace kvocaeio::patran;
+
+namespace {
+
+// Types of elements that have none of their own.
+constexpr int kNoSuchElement = 13;
+constexpr int kNoSuchProperty = 14;
+
+template <class Char>
+bool importFile(CKVO_PatranIO* reader, const Char* path) {
+    const kvocaeio::text::File file = kvocaeio::text::openFile(path, "rb");
+    return reader != nullptr && file != nullptr && reader->ReadPackets(file.get());
+}
+
+template <class List>
+bool holds(const List& list, int index) {
+    return index >= 0 && static_cast<std::size_t>(index) < list.size();
+}
+
+}  // namespace
+
+CKVO_PatranIO_Bridge::CKVO_PatranIO_Bridge() : reader(nullptr) {
+    try {
+        reader = new CKVO_PatranIO;
+    } catch (const std::bad_alloc&) {
+    }
+}
+
+CKVO_PatranIO_Bridge::CKVO_PatranIO_Bridge(const CKVO_PatranIO_Bridge&) = default;
+CKVO_PatranIO_Bridge& CKVO_PatranIO_Bridge::operator=(const CKVO_PatranIO_Bridge&) = default;
+
+CKVO_PatranIO_Bridge::~CKVO_PatranIO_Bridge() {
+    delete reader;
+}
+
+bool CKVO_PatranIO_Bridge::ImportFromPatFile(const char* path) {
+    return importFile(reader, path);
+}
+
+bool CKVO_PatranIO_Bridge::_wImportFromPatFile(const wchar_t* path) {
+    return importFile(reader, path);
+}
+
+int CKVO_PatranIO_Bridge::GetNodeCount() const {
+    return reader == nullptr ? 0 : static_cast<int>(reader->mesh.nodes.size());
+}
+
+int CKVO_PatranIO_Bridge::GetElementCount() const {
+    return reader == nullptr ? 0 : static_cast<int>(reader->mesh.elements.size());
+}
+
+void CKVO_PatranIO_Bridge::GetNodeCoordinate(int index, float* x, float* y, float* z) {
+    *x = *y = *z = 0.0F;
+    if (reader == nullptr || !holds(reader->mesh.nodes, index))
+        return;
+    const std::array<float, 3>& node = reader->mesh.nodes[static_cast<std::size_t>(index)];
+    *x = node[0];
+    *y = node[1];
+    *z = node[2];
+}
+
+void CKVO_PatranIO_Bridge::GetElementDataBase(int index, int* node1, int* node2, int* node3,
+                                              int* node4, int* type, double* valueA, double* valueB,
+                                              double* valueC) {
+    *node1 = *node2 = *node3 = *node4 = 0;
+    *type = kNoSuchElement;
+    *valueA = *valueB = *valueC = 0.0;
+    if (reader == nullptr)
+        return;
+    const ListMesh& mesh = reader->mesh;
+    if (index >= mesh.elementCount || !holds(mesh.elements, index))
+        return;
+    const auto row = static_cast<std::size_t>(index);
+    const std::array<int, 4>& corners = mesh.elements[row];
+    *node1 = corners[0];
+    *node2 = corners[1];
+    *node3 = corners[2];
+    *node4 = corners[3];
+    if (mesh.propertyCount == 0) {
+        *type = mesh.elementShapes[row];
+        return;
+    }
+    const int property = mesh.elementPropertyIds[row];
+    if (!holds(mesh.propertyTypes, property)) {
+        *type = kNoSuchProperty;
+        return;
+    }
+    *type = mesh.propertyTypes.at(property);
+    *valueA = mesh.propertyValueA.at(property);
+    *valueB = mesh.propertyValueB.at(property);
+    *valueC = mesh.propertyValueC.at(property);
+}

@@ -1,0 +1,325 @@
+/// Imports that a host listens to: the same tables as without, an end wherever it wants one, and
+/// what is found on the way.
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "patran/findings.h"
+#include "patran/import.h"
+#include "patran/neutral_file.h"
+#include "patran/neutral_generator.h"
+#include "support/captured_output.h"
+#include "support/files.h"
+#include "text/file.h"
+
+namespace kvocaeio::test {
+namespace {
+
+using patran::Finding;
+using patran::kFindingKinds;
+using testing::ElementsAre;
+using text::Findings;
+using text::Listener;
+using text::Watch;
+
+// File work is several times as slow under Wine, and so is everything under a sanitizer.
+#if defined(_WIN32) || !defined(NDEBUG)
+constexpr std::uint64_t kCases = 300;
+#else
+constexpr std::uint64_t kCases = 1500;
+#endif
+
+// Counts may be huge, files are small.
+constexpr std::size_t kRowsSeen = 200;
+
+std::size_t at(Finding finding) {
+    return static_cast<std::size_t>(finding);
+}
+
+/// The properties that are seen, by id.
+template <class Value>
+std::vector<Value> valuesOf(const patran::PropertyList<Value>& list) {
+    std::vector<Value> values;
+    for (std::size_t id = 0; id < std::min(list.size(), kRowsSeen); ++id)
+        values.push_back(list.at(static_cast<int>(id)));
+    return values;
+}
+
+/// All bytes of the rows that are seen, the spare one included.
+template <class Value>
+std::string bytesOf(const text::ZeroedArray<Value>& array, int count, std::size_t width) {
+    if (array == nullptr)
+        return "none";
+    const std::size_t rows = std::min(text::asSize(count), kRowsSeen) + 1;
+    std::string bytes(rows * width * sizeof(Value), '\0');
+    std::memcpy(bytes.data(), array.get(), bytes.size());
+    return bytes;
+}
+
+bool isSame(const patran::ListMesh& a, const patran::ListMesh& b) {
+    return std::ranges::equal(a.nodes, b.nodes,
+                              [](const auto& x, const auto& y) {
+                                  return std::memcmp(x.data(), y.data(), sizeof x) == 0;
+                              }) &&
+           a.elements == b.elements && a.elementPropertyIds == b.elementPropertyIds &&
+           a.elementShapes == b.elementShapes && a.propertyTypes.size() == b.propertyTypes.size() &&
+           valuesOf(a.propertyTypes) == valuesOf(b.propertyTypes) &&
+           valuesOf(a.propertyValueA).size() == valuesOf(b.propertyValueA).size() &&
+           valuesOf(a.propertyValueB).size() == valuesOf(b.propertyValueB).size() &&
+           a.nodeCount == b.nodeCount && a.elementCount == b.elementCount &&
+           a.propertyCount == b.propertyCount;
+}
+
+bool isSame(const patran::FlatMesh& a, const patran::FlatMesh& b) {
+    const auto bytes = [](const patran::FlatMesh& mesh) {
+        return std::array{bytesOf(mesh.vertices, mesh.nodeCount, 3),
+                          bytesOf(mesh.elementNodes, mesh.elementCount, 8),
+                          bytesOf(mesh.elementTypes, mesh.elementCount, 1),
+                          bytesOf(mesh.elementProperties, mesh.elementCount, 1)};
+    };
+    return a.nodeCount == b.nodeCount && a.elementCount == b.elementCount &&
+           a.propertyCount == b.propertyCount && bytes(a) == bytes(b);
+}
+
+/// Both readers' inner sides, one import after the other.
+struct Readers {
+    bool import(const std::string& path, const Listener& listener) {
+        const text::File file = text::openFile(path.c_str(), "rb");
+        const bool lists = importLists(file.get(), listener, listMesh);
+        flatMesh = patran::FlatMesh();
+        const bool flat = importFlat(path.c_str(), listener, nodeIds, flatMesh);
+        return lists && flat;
+    }
+
+    patran::ListMesh listMesh;
+    patran::IdMap nodeIds;
+    patran::FlatMesh flatMesh;
+};
+
+bool isSame(const Readers& a, const Readers& b) {
+    bool same = isSame(a.listMesh, b.listMesh) && isSame(a.flatMesh, b.flatMesh);
+    for (int id = -1; id < static_cast<int>(kRowsSeen); ++id)
+        same = same && a.nodeIds.holds(id) == b.nodeIds.holds(id) &&
+               a.nodeIds.at(id) == b.nodeIds.at(id);
+    return same;
+}
+
+/// A host that lets an import go on as often as it is told to.
+struct Host {
+    explicit Host(long blocks) : left(blocks) { watch.host = this; }
+
+    long left;
+    long asked = 0;
+    Watch watch{[](void* host, std::size_t) {
+                    auto& self = *static_cast<Host*>(host);
+                    ++self.asked;
+                    return self.left-- > 0;
+                },
+                nullptr, false};
+};
+
+constexpr long kForEver = 1'000'000'000;
+
+std::vector<std::filesystem::path> neutralFiles() {
+    std::vector<std::filesystem::path> files;
+    for (const char* folder : {"tests/fuzz/corpus/patran", "examples/data"})
+        for (const auto& entry :
+             std::filesystem::directory_iterator(std::filesystem::path(KVOCAEIO_SOURCES) / folder))
+            if (entry.path().extension() == ".pat")
+                files.push_back(entry.path());
+    return files;
+}
+
+class PatranListener : public testing::Test {
+  protected:
+    /// Imports files one after the other, with somebody listening and without.
+    void expectSame(const std::vector<std::string>& paths) {
+        Readers listened;
+        Readers plain;
+        for (const std::string& path : paths) {
+            Findings findings(kFindingKinds);
+            Host host(kForEver);
+            CapturedOutput listenedOutput;
+            const bool listenedResult = listened.import(path, {&findings, &host.watch});
+            const std::string listenedPrint = listenedOutput.text();
+            CapturedOutput plainOutput;
+            EXPECT_EQ(plain.import(path, {}), listenedResult);
+            EXPECT_EQ(plainOutput.text(), listenedPrint);
+            EXPECT_TRUE(isSame(listened, plain)) << path;
+            EXPECT_GE(host.asked, 4);
+            for (std::size_t kind = 0; kind < kFindingKinds.size(); ++kind)
+                seen[kind] += findings.count(kind);
+        }
+    }
+
+    Findings listsFindings(const std::string& content) {
+        const text::File file = text::openFile(folder.write("a.pat", content).c_str(), "rb");
+        Findings findings(kFindingKinds);
+        patran::ListMesh mesh;
+        EXPECT_TRUE(importLists(file.get(), {&findings, nullptr}, mesh));
+        return findings;
+    }
+
+    Findings flatFindings(const std::string& content) {
+        const CapturedOutput output;
+        Findings findings(kFindingKinds);
+        patran::IdMap nodeIds;
+        patran::FlatMesh mesh;
+        EXPECT_TRUE(importFlat(folder.write("a.pat", content).c_str(), {&findings, nullptr},
+                               nodeIds, mesh));
+        return findings;
+    }
+
+    TempFolder folder;
+    std::array<std::size_t, kFindingKinds.size()> seen{};
+};
+
+TEST_F(PatranListener, RandomFilesGiveTheSame) {
+    for (std::uint64_t seed = 1; seed <= kCases; ++seed) {
+        std::vector<std::string> paths;
+        for (const std::string& content : NeutralGenerator(seed).files())
+            paths.push_back(folder.write(std::to_string(paths.size()) + ".pat", content));
+        expectSame(paths);
+        ASSERT_FALSE(HasFailure()) << "seed " << seed;
+    }
+    for (const std::size_t count : seen)
+        EXPECT_GT(count, kCases / 5);
+}
+
+TEST_F(PatranListener, SampleFilesGiveTheSame) {
+    const auto files = neutralFiles();
+    EXPECT_GE(files.size(), 22U);
+    for (const auto& file : files)
+        expectSame({file.string(), file.string()});
+}
+
+/// Nodes and bars of more than a block, 100 of both not counted.
+std::string manyBlocks() {
+    constexpr int kItems = 4000;
+    std::string content = summary(kItems - 100, kItems - 100, 1) + property(3, 2, {2, 0.5});
+    for (int id = 1; id <= kItems; ++id)
+        content += node(id, id, 0, 0);
+    for (int id = 1; id <= kItems; ++id)
+        content += element(id, 2, 3, {id, 1});
+    return content + endOfFile();
+}
+
+TEST_F(PatranListener, AHostStopsAnImportAtAnyBlock) {
+    const std::string path = folder.write("large.pat", manyBlocks());
+    Readers whole;
+    ASSERT_TRUE(whole.import(path, {}));
+    long stops = 0;
+    for (bool imported = false; !imported; ++stops) {
+        Findings findings(kFindingKinds);
+        Host host(stops);
+        Readers readers;
+        CapturedOutput output;
+        const text::File file = text::openFile(path.c_str(), "rb");
+        imported = importLists(file.get(), {&findings, &host.watch}, readers.listMesh);
+        EXPECT_EQ(host.watch.stopped, !imported);
+        EXPECT_EQ(host.asked, imported ? stops : stops + 1);
+        EXPECT_EQ(readers.listMesh.nodes.empty(), !imported);
+        EXPECT_EQ(readers.listMesh.elements.size(), readers.listMesh.elementShapes.size());
+        EXPECT_EQ(readers.listMesh.propertyTypes.size(), imported ? 4U : 0U);
+        // The next one is complete.
+        if (!imported) {
+            ASSERT_TRUE(readers.import(path, {}));
+            EXPECT_TRUE(isSame(readers, whole));
+        }
+        EXPECT_EQ(output.text(), "");
+    }
+    EXPECT_GT(stops, 8);
+    const long blocks = stops;
+    stops = 0;
+    for (bool imported = false; !imported; ++stops) {
+        Host host(stops);
+        Readers readers;
+        CapturedOutput output;
+        imported =
+            importFlat(path.c_str(), {nullptr, &host.watch}, readers.nodeIds, readers.flatMesh);
+        EXPECT_EQ(host.watch.stopped, !imported);
+        // A pass that is stopped has not met the end of its file.
+        EXPECT_EQ(output.text(), "");
+        ASSERT_TRUE(readers.import(path, {}));
+        EXPECT_TRUE(isSame(readers, whole));
+    }
+    EXPECT_EQ(stops, blocks);
+}
+
+TEST_F(PatranListener, AStoppedImportKeepsNothingOfTheOneBefore) {
+    const std::string path = folder.write(
+        "small.pat", summary(1, 1) + node(1, 1, 2, 3) + element(1, 2, 0, {1, 1}) + endOfFile());
+    Readers readers;
+    ASSERT_TRUE(readers.import(path, {}));
+    ASSERT_EQ(readers.listMesh.nodes.size(), 1U);
+    Host host(1);
+    const text::File file = text::openFile(path.c_str(), "rb");
+    EXPECT_FALSE(importLists(file.get(), {nullptr, &host.watch}, readers.listMesh));
+    EXPECT_TRUE(readers.listMesh.nodes.empty());
+    EXPECT_TRUE(readers.listMesh.elements.empty());
+    EXPECT_EQ(readers.listMesh.nodeCount, 1);
+}
+
+TEST_F(PatranListener, APacketOfNoKnownTypeIsNotedOnce) {
+    const std::string content = header(25, 0, 0, 1) + "TITLE\n" + summary(1, 0) +
+                                header(6, 1, 0, 2) + "x\ny\n" + node(1, 1, 2, 3) +
+                                header(21, 1, 0, 1) + "x\n" + endOfFile();
+    for (const Findings& findings : {listsFindings(content), flatFindings(content)}) {
+        ASSERT_EQ(findings.count(at(Finding::kPacketSkipped)), 2U);
+        EXPECT_EQ(findings.places(at(Finding::kPacketSkipped))[0].line, 5U);
+        EXPECT_EQ(findings.places(at(Finding::kPacketSkipped))[0].column, 0U);
+        EXPECT_EQ(findings.places(at(Finding::kPacketSkipped))[0].text(),
+                  " 6       1       0       2       0       0       0       0       0");
+        EXPECT_EQ(findings.places(at(Finding::kPacketSkipped))[1].line, 11U);
+        EXPECT_EQ(findings.count(at(Finding::kPacketNotCounted)), 0U);
+        EXPECT_EQ(findings.count(at(Finding::kLineCut)), 0U);
+    }
+}
+
+TEST_F(PatranListener, APacketBeyondTheSummaryIsNoted) {
+    // The first data card of the second node is the header of a packet 0 without cards then, the
+    // second one a comment.
+    const std::string content =
+        summary(1, 0) + node(1, 1, 2, 3) + header(1, 2, 0, 0) + " 0\n!\n" + endOfFile();
+    for (const Findings& findings : {listsFindings(content), flatFindings(content)}) {
+        ASSERT_EQ(findings.count(at(Finding::kPacketNotCounted)), 1U);
+        EXPECT_EQ(findings.places(at(Finding::kPacketNotCounted))[0].line, 6U);
+        ASSERT_EQ(findings.count(at(Finding::kPacketSkipped)), 1U);
+        EXPECT_EQ(findings.places(at(Finding::kPacketSkipped))[0].line, 7U);
+        EXPECT_EQ(findings.places(at(Finding::kPacketSkipped))[0].text(), " 0");
+    }
+    const std::string none = summary(0, 0) + header(2, 1, 2, 2) + header(4, 1, 0, 1) + endOfFile();
+    for (const Findings& findings : {listsFindings(none), flatFindings(none)})
+        EXPECT_EQ(findings.count(at(Finding::kPacketNotCounted)), 2U);
+}
+
+TEST_F(PatranListener, ALineThatIsCutIsNoted) {
+    const std::string content =
+        summary(1, 0) + header(6, 0, 0, 2) + lengthened("", 300) + node(1, 1, 2, 3) + endOfFile();
+    for (const Findings& findings : {listsFindings(content), flatFindings(content)}) {
+        ASSERT_EQ(findings.count(at(Finding::kLineCut)), 1U);
+        EXPECT_EQ(findings.places(at(Finding::kLineCut))[0].line, 4U);
+    }
+}
+
+TEST_F(PatranListener, TheInnerReaderOfTheBridgeReadsFromWhereTheFileStands) {
+    const std::string path = folder.write(
+        "small.pat", summary(2, 0) + node(8, 1, 2, 3) + node(3, 4, 5, 6) + endOfFile());
+    const text::File file = text::openFile(path.c_str(), "rb");
+    EXPECT_EQ(patran::CKVO_PatranIO::FindMaxNodeId(file.get()), 8);
+    std::fseek(file.get(), static_cast<long>(summary(2, 0).size() + node(8, 1, 2, 3).size()),
+               SEEK_SET);
+    patran::CKVO_PatranIO reader;
+    reader.mesh.nodeCount = 5;
+    EXPECT_TRUE(reader.ReadPackets(file.get()));
+    EXPECT_THAT(reader.mesh.nodes, ElementsAre(std::array{4.0F, 5.0F, 6.0F}));
+}
+
+}  // namespace
+}  // namespace kvocaeio::test
