@@ -30,6 +30,8 @@ const char* readInteger(const char* at, const char* end, int& value) {
 
 // Notes the field after `field` commas, which is the last one where there are fewer.
 void DeckStore::noteUnread(std::string_view line, std::size_t field) {
+    if (!lines_.areNoted())
+        return;
     for (auto comma = line.find(','); field > 0 && comma != line.npos; comma = line.find(',')) {
         line.remove_prefix(comma + 1);
         --field;

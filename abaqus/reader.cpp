@@ -15,13 +15,13 @@ using namespace kvocaeio::abaqus;
 namespace {
 
 template <class Entry>
-int count(const std::vector<Entry>& table) {
+int entryCount(const std::vector<Entry>& table) {
     return static_cast<int>(table.size());
 }
 
 // Sets the cursor of a walk to the table's first entry, if there is one.
 template <class Entry>
-bool begin(const std::vector<Entry>& table, int& cursor) {
+bool startWalk(const std::vector<Entry>& table, int& cursor) {
     if (table.empty())
         return false;
     cursor = 0;
@@ -30,8 +30,8 @@ bool begin(const std::vector<Entry>& table, int& cursor) {
 
 // The entry at the cursor, which moves on; null at the end.
 template <class Entry>
-Entry* next(std::vector<Entry>& table, int& cursor) {
-    return cursor < count(table) ? &table[static_cast<std::size_t>(cursor++)] : nullptr;
+Entry* takeNext(std::vector<Entry>& table, int& cursor) {
+    return cursor < entryCount(table) ? &table[static_cast<std::size_t>(cursor++)] : nullptr;
 }
 
 // Copies a name into a record's field, cut to what fits with its terminating NUL.
@@ -42,13 +42,13 @@ void copyName(std::string_view name, char (&field)[size]) {
 
 bool nextSection(std::vector<ElemSection>& sections, bool areSorted, int& cursor,
                  CKVOAbaqusReader::ElemSecData* out) {
-    ElemSection* const section = next(sections, cursor);
+    ElemSection* const section = takeNext(sections, cursor);
     if (section == nullptr)
         return false;
     copyName(section->elset, out->elset);
     out->geometryType = static_cast<int>(section->geometryType);
     out->nodesPerElem = section->nodesPerElem;
-    out->elemNum = count(section->ids);
+    out->elemNum = entryCount(section->ids);
     out->nodes = section->nodes.data();
     out->ids = areSorted ? nullptr : section->ids.data();
     return true;
@@ -80,16 +80,16 @@ void CKVOAbaqusReader::SortData() {
 }
 
 int CKVOAbaqusReader::GetNodeNum() {
-    return count(impl->nodeBlock.ids);
+    return entryCount(impl->nodeBlock.ids);
 }
 
 bool CKVOAbaqusReader::GetNodeBegin() {
-    return begin(impl->nodeBlock.ids, nodeCursor);
+    return startWalk(impl->nodeBlock.ids, nodeCursor);
 }
 
 bool CKVOAbaqusReader::GetNodeNext(NodeData* out) {
     const auto row = static_cast<std::size_t>(nodeCursor);
-    const int* const id = next(impl->nodeBlock.ids, nodeCursor);
+    const int* const id = takeNext(impl->nodeBlock.ids, nodeCursor);
     if (id == nullptr)
         return false;
     out->id = *id;
@@ -107,11 +107,11 @@ bool CKVOAbaqusReader::GetNodeDataByOID(int oid, NodeData* out) {
 }
 
 int CKVOAbaqusReader::GetElemSecNum() {
-    return count(impl->elemSections);
+    return entryCount(impl->elemSections);
 }
 
 bool CKVOAbaqusReader::GetElemSecBegin() {
-    return begin(impl->elemSections, sectionCursor);
+    return startWalk(impl->elemSections, sectionCursor);
 }
 
 bool CKVOAbaqusReader::GetElemSecNext(ElemSecData* out) {
@@ -151,15 +151,15 @@ bool CKVOAbaqusReader::GetElemNodesByOID(int oid, ElemData* out) {
 }
 
 int CKVOAbaqusReader::GetShellSecNum() {
-    return count(impl->shellSections);
+    return entryCount(impl->shellSections);
 }
 
 bool CKVOAbaqusReader::GetShellSecBegin() {
-    return begin(impl->shellSections, shellSectionCursor);
+    return startWalk(impl->shellSections, shellSectionCursor);
 }
 
 bool CKVOAbaqusReader::GetShellSecNext(ShellSecData* out) {
-    const ShellSection* const section = next(impl->shellSections, shellSectionCursor);
+    const ShellSection* const section = takeNext(impl->shellSections, shellSectionCursor);
     if (section == nullptr)
         return false;
     copyName(section->elset, out->elset);
@@ -168,19 +168,19 @@ bool CKVOAbaqusReader::GetShellSecNext(ShellSecData* out) {
 }
 
 int CKVOAbaqusReader::GetElemSolidSecNumR() {
-    return count(impl->solidSections);
+    return entryCount(impl->solidSections);
 }
 
 int CKVOAbaqusReader::GetElemShellSecNumR() {
-    return count(impl->shellElemSections);
+    return entryCount(impl->shellElemSections);
 }
 
 bool CKVOAbaqusReader::GetElemSolidSecBeginR() {
-    return begin(impl->solidSections, sortedSectionCursor);
+    return startWalk(impl->solidSections, sortedSectionCursor);
 }
 
 bool CKVOAbaqusReader::GetElemShellSecBeginR() {
-    return begin(impl->shellElemSections, sortedSectionCursor);
+    return startWalk(impl->shellElemSections, sortedSectionCursor);
 }
 
 bool CKVOAbaqusReader::GetElemSolidSecNextR(ElemSecData* out) {
