@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/import.h"
 #include "abaqus/normalise.h"
 #include "bench/host_writers.h"
 #include "bench/job_table.h"
@@ -47,9 +47,9 @@ Steps importAbaqus(const char* path, int) {
     if (!imported)
         return {};
     // Once more, since the public interface does not show all tables.
-    AbaqusModel model;
-    importDeck(model, path);
-    SortData(model);
+    abaqus::AbaqusModel model;
+    abaqus::importDeck(model, path);
+    abaqus::SortData(model);
     steps[0].tables = bench::rawTableBytes(model);
     steps[1].tables = steps[0].tables + bench::sortedTableBytes(model);
     return steps;

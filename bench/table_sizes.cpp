@@ -33,39 +33,39 @@ std::size_t bytes(const package::ChunkedList<Entry>& list) {
 }
 
 template <class Value>
-std::size_t bytes(const OidMap<Value>& map) {
+std::size_t bytes(const abaqus::OidMap<Value>& map) {
     return map.size() * sizeof(Value);
 }
 
-std::size_t bytes(const ElemSection& section) {
+std::size_t bytes(const abaqus::ElemSection& section) {
     return bytes(section.ids) + bytes(section.nodes);
 }
 
 }  // namespace
 
-std::size_t rawTableBytes(const AbaqusModel& model) {
+std::size_t rawTableBytes(const abaqus::AbaqusModel& model) {
     std::size_t sum = bytes(model.nodeOidMap) + bytes(model.elemOidMap) +
                       bytes(model.nodeBlock.ids) + bytes(model.nodeBlock.coords);
-    for (const ElemSection& section : model.elemSections)
+    for (const abaqus::ElemSection& section : model.elemSections)
         sum += bytes(section);
-    for (const SurfaceSection& surface : model.surfaces)
+    for (const abaqus::SurfaceSection& surface : model.surfaces)
         sum += bytes(surface.items) + bytes(surface.faces);
-    for (const DloadSection& load : model.dloads)
+    for (const abaqus::DloadSection& load : model.dloads)
         sum += bytes(load.elemIDs) + bytes(load.faceIdx) + bytes(load.values);
-    for (const ElsetSection& set : model.elsets)
+    for (const abaqus::ElsetSection& set : model.elsets)
         sum += bytes(set.members);
     return sum;
 }
 
-std::size_t sortedTableBytes(const AbaqusModel& model) {
+std::size_t sortedTableBytes(const abaqus::AbaqusModel& model) {
     std::size_t sum = bytes(model.dloadFaces) + bytes(model.surfaceFaces);
     std::size_t largest = 0;
     for (const auto* sections : {&model.solidSections, &model.shellElemSections})
-        for (const ElemSection& section : *sections) {
+        for (const abaqus::ElemSection& section : *sections) {
             sum += bytes(section);
             largest = std::max(largest, bytes(section));
         }
-    for (const ElemList& elements : model.elsetElems)
+    for (const abaqus::ElemList& elements : model.elsetElems)
         sum += bytes(elements);
     return sum + largest;
 }
