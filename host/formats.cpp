@@ -8,6 +8,7 @@
 #include "abaqus/format.h"
 #include "c_file.h"
 #include "file_head.h"
+#include "foreign_content.h"
 #include "nastran/format.h"
 #include "package/design.h"
 #include "package/format.h"
@@ -34,7 +35,7 @@ std::string readHead(const std::string& path) {
     if (std::ferror(file.get()) != 0)
         throw FileError("cannot be read: " + systemFailure());
     if (head.empty())
-        throw FileError("is empty");
+        throw FileError("is empty", "empty");
     return head;
 }
 
@@ -59,14 +60,26 @@ std::string extensionOf(const std::string& path) {
 
 const Format& findFormat(const std::string& path) {
     const std::string head = readHead(path);
-    for (const Format* format : kFormats)
-        if (format->recognises(head))
-            return *format;
     const std::string extension = extensionOf(path);
+    if (contains(kCadenceFormat.extensions, extension))
+        return kCadenceFormat;  // a database, whose bytes may look like anything
+    refuseForeignContent(head);
+    const std::string_view text = withoutMark(head);
+    for (const Format* format : kFormats)
+        if (format->recognises(text))
+            return *format;
+    refuseBinary(head);
     for (const Format* format : kFormats)
         if (contains(format->extensions, extension))
             return *format;
-    throw FileError("holds nothing that is known here (known formats: " + namesOfFormats() + ")");
+    throw FileError("holds nothing that is known here (known formats: " + namesOfFormats() + ")",
+                    "unknown-format");
+}
+
+bool hasKnownExtension(const std::string& path) {
+    const std::string extension = extensionOf(path);
+    return std::ranges::any_of(
+        kFormats, [&](const Format* format) { return contains(format->extensions, extension); });
 }
 
 }  // namespace kvocaeio::host

@@ -4,6 +4,7 @@
 #include <array>
 #include <stdexcept>
 
+#include "clean_name.h"
 #include "package/report.h"
 #include "timed.h"
 #include <kvocaeio/package.h>
@@ -17,26 +18,28 @@ constexpr std::array<std::string_view, 3> kExtensions = {".mcm", ".sip", ".brd"}
 std::unique_ptr<FileReport> import(CKVOCadenceReader& reader, const std::string& path,
                                    const std::string& folder, PrintTarget progress) {
     if (!isFolder(folder.c_str()))
-        throw FileError("the folder " + folder + " does not exist");
+        throw FileError("the folder " + cleanName(folder) + " does not exist");
     reader.SetTempFilePath(folder.c_str());
     std::string failure;
     const double seconds = timed(progress, [&] {
         try {
             if (!reader.ImportCadenceFile(path.c_str()))
-                failure = "no reports of a design that can be used are in " + folder +
+                failure = "no reports of a design that can be used are in " + cleanName(folder) +
                           " (CmdFile1.txt, CmdFile2.txt, and CmdFile3.txt of a .sip design)";
         } catch (const std::out_of_range&) {
-            failure = "the report CmdFile2.txt in " + folder + " has no job line of two cells";
+            failure =
+                "the report CmdFile2.txt in " + cleanName(folder) + " has no job line of two cells";
         }
     });
     auto report = std::make_unique<PackageReport>(reader, PackageSource::kCadence);
-    report->seconds = seconds;
-    report->importFailure = failure;
+    report->importSeconds = seconds;
+    report->find(Finding::Level::kError, "no-usable-reports", failure.empty() ? 0 : 1, failure);
     return report;
 }
 
 std::unique_ptr<FileReport> refuse(const std::string&, PrintTarget) {
-    throw FileError("is a design that needs an extraction tool: give --tool and --temp");
+    throw FileError("is a design that needs an extraction tool: give --tool and --temp",
+                    "needs-tool");
 }
 
 }  // namespace
@@ -54,7 +57,8 @@ std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTa
 }
 
 // A design is a database: nothing in its first bytes is known, its extension must do.
-const Format kCadenceFormat = {"Cadence design", kExtensions,
-                               [](std::string_view) { return false; }, refuse, nullptr};
+const Format kCadenceFormat = {"Cadence design", "cadence",
+                               kExtensions,      [](std::string_view) { return false; },
+                               refuse,           nullptr};
 
 }  // namespace kvocaeio::host

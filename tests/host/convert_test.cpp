@@ -101,9 +101,9 @@ TEST(Convert, CarriesAPatranFileThroughBothFormats) {
                                                  "  left out: 24 triangles\n"
                                                  "  left out: 7 bars\n"));
     const nlohmann::json report = jsonReport(out);
-    EXPECT_EQ(report.at("CPatranReader").at("elementsByType"),
+    EXPECT_EQ(report.at("mesh").at("elementsByKind"),
               nlohmann::json::parse(R"({"tetrahedra": 216, "wedges": 24, "hexahedra": 30})"));
-    EXPECT_EQ(report.at("CPatranReader").at("boundingBox"),
+    EXPECT_EQ(report.at("mesh").at("boundingBox"),
               nlohmann::json::parse(R"({"min": [0, 0, 0], "max": [40, 15, 35]})"));
 
     const std::string deck = folder.file("out.nas");
@@ -128,7 +128,7 @@ TEST(Convert, MayReplaceItsOwnSource) {
     const std::string file = folder.file("mesh.pat");
     std::filesystem::copy_file(sampleDeck("bracket.pat"), file);
     EXPECT_EQ(runHost({"convert", file, file}).exitCode, 0);
-    EXPECT_EQ(jsonReport(file).at("CPatranReader").at("elements"), 270);
+    EXPECT_EQ(jsonReport(file).at("mesh").at("elements"), 270);
 }
 
 /// Names of the files in a folder.
