@@ -8,6 +8,7 @@
 #include "abaqus/format.h"
 #include "c_file.h"
 #include "file_head.h"
+#include "input_file.h"
 #include "nastran/format.h"
 #include "package/design.h"
 #include "package/format.h"
@@ -24,8 +25,7 @@ const std::array<const Format*, 5> kFormats = {&kAbaqusFormat, &kPatranFormat, &
 constexpr std::size_t kHeadSize = std::size_t{64} * 1024;
 
 std::string readHead(const std::string& path) {
-    if (isFolder(path.c_str()))
-        throw FileError("is a folder, not a file");
+    refuseSpecialFile(path);
     const CFile file = openFile(path, "rb");
     if (!file)
         throw FileError("cannot be read: " + systemFailure());

@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "formats.h"
+#include "input_file.h"
 #include "package/design.h"
 
 namespace kvocaeio::host {
@@ -20,12 +21,14 @@ struct Opened {
 };
 
 Opened openFile(const std::string& path, const InfoOptions&, PrintTarget progress) {
-    const Format& format = findFormat(path);
-    return {format.name, format.read(path, progress)};
+    const InputFile file(path);
+    const Format& format = findFormat(file.path());
+    return {format.name, format.read(file.path(), progress)};
 }
 
 Opened openDesign(const std::string& path, const InfoOptions& options, PrintTarget progress) {
-    return {kCadenceFormat.name, readDesign(path, options.tool, options.toolFolder, progress)};
+    return {kCadenceFormat.name,
+            readDesign(path, {options.tool, options.toolFolder, options.toolTimeout}, progress)};
 }
 
 Opened openReports(const std::string& path, const InfoOptions&, PrintTarget progress) {

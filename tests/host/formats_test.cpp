@@ -176,13 +176,14 @@ TEST(CadenceInfo, RunsTheToolOverADesign) {
     for (const char* name : {"CmdFile1.txt", "CmdFile2.txt", "CmdFile3.txt"})
         std::filesystem::copy_file(sourceFile("examples/data/reports") + "/" + name,
                                    folder.path() / "CmdFile1.run" / name);
+    const std::string design = folder.write("flip_stack.mcm", "a design");
     const Outcome outcome =
         runHost({"info", "--json", "--tool", nativePath(KVOCAEIO_EXTRACTION_TOOL), "--temp",
-                 folder.path().string(), "flip_stack.mcm"});
+                 folder.path().string(), design});
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.exitCode, 0);
     const json report = json::parse(outcome.output).at("files").at(0);
-    EXPECT_EQ(report.at("file"), "flip_stack.mcm");
+    EXPECT_EQ(report.at("file"), design);
     EXPECT_EQ(report.at("bodies").size(), 6u);
 }
 
