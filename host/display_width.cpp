@@ -12,10 +12,10 @@ namespace kvocaeio::host {
 
 namespace {
 
-using Range = std::pair<char32_t, char32_t>;  // first, last
+using WidthRange = std::pair<char32_t, char32_t>;  // first, last
 
 // Marks that combine with the character before them, and characters that show nothing.
-constexpr auto kCombining = std::to_array<Range>(
+constexpr auto kCombining = std::to_array<WidthRange>(
     {{0x0300, 0x036f}, {0x0483, 0x0489}, {0x0591, 0x05bd}, {0x05bf, 0x05bf},   {0x05c1, 0x05c5},
      {0x05c7, 0x05c7}, {0x0610, 0x061a}, {0x064b, 0x065f}, {0x0670, 0x0670},   {0x06d6, 0x06dc},
      {0x06df, 0x06e4}, {0x06e7, 0x06e8}, {0x06ea, 0x06ed}, {0x0900, 0x0902},   {0x093a, 0x093a},
@@ -24,7 +24,7 @@ constexpr auto kCombining = std::to_array<Range>(
      {0x200b, 0x200d}, {0x2060, 0x2060}, {0x20d0, 0x20f0}, {0x302a, 0x302d},   {0x3099, 0x309a},
      {0xfe00, 0xfe0f}, {0xfe20, 0xfe2f}, {0xfeff, 0xfeff}, {0x1f3fb, 0x1f3ff}, {0xe0100, 0xe01ef}});
 
-constexpr auto kWide = std::to_array<Range>(
+constexpr auto kWide = std::to_array<WidthRange>(
     {{0x1100, 0x115f},   {0x231a, 0x231b},   {0x2329, 0x232a},   {0x23e9, 0x23ec},
      {0x2614, 0x2615},   {0x2648, 0x2653},   {0x26a1, 0x26a1},   {0x26bd, 0x26be},
      {0x2705, 0x2705},   {0x270a, 0x270b},   {0x2728, 0x2728},   {0x274c, 0x274c},
@@ -39,9 +39,9 @@ constexpr auto kWide = std::to_array<Range>(
      {0x1fa70, 0x1faff}, {0x20000, 0x3fffd}});
 
 template <std::size_t kSize>
-bool isIn(const std::array<Range, kSize>& ranges, char32_t code) {
-    const auto next = std::partition_point(ranges.begin(), ranges.end(),
-                                           [&](const Range& range) { return range.second < code; });
+bool isIn(const std::array<WidthRange, kSize>& ranges, char32_t code) {
+    const auto next = std::partition_point(
+        ranges.begin(), ranges.end(), [&](const WidthRange& range) { return range.second < code; });
     return next != ranges.end() && next->first <= code;
 }
 

@@ -5,10 +5,10 @@
 
 namespace kvocaeio::host {
 
-void FileReport::find(Finding::Level level, std::string_view code, std::size_t number,
+void FileReport::find(Finding::Level level, std::string_view code, std::size_t count,
                       std::string text) {
-    if (number != 0)
-        findings.push_back({level, code, number, std::move(text)});
+    if (count != 0)
+        findings.push_back({level, code, count, std::move(text)});
 }
 
 void FileReport::warnOfNonFinite(std::size_t number, std::string_view things) {

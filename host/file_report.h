@@ -30,7 +30,7 @@ struct Finding {
 
     Level level;
     std::string_view code;                ///< its kind in a word, for programs
-    std::size_t number;                   ///< how many there are of it
+    std::size_t count;                    ///< how many there are of it
     std::string text;                     ///< the same for a person
     std::vector<std::string> paths = {};  ///< the files that it is about, if any
 };
@@ -53,9 +53,9 @@ class FileReport {
     std::vector<Finding> findings;
 
     /// Adds a finding; none of a kind are not worth one.
-    void find(Finding::Level level, std::string_view code, std::size_t number, std::string text);
-    void warn(std::string_view code, std::size_t number, std::string text) {
-        find(Finding::Level::kWarning, code, number, std::move(text));
+    void find(Finding::Level level, std::string_view code, std::size_t count, std::string text);
+    void warn(std::string_view code, std::size_t count, std::string text) {
+        find(Finding::Level::kWarning, code, count, std::move(text));
     }
     /// Warns of coordinates that are infinite or no numbers, in so many of `things`.
     void warnOfNonFinite(std::size_t number, std::string_view things);

@@ -13,6 +13,13 @@ namespace kvocaeio::host {
 
 struct SolidMesh;
 
+/// How a file's solids are taken for `convert`.
+struct SolidsRequest {
+    bool normalised = false;  ///< of an Abaqus deck, those of the normalised mesh
+    bool force = false;       ///< OIDs that are defined twice with different content are accepted
+    PrintTarget progress = PrintTarget::kNowhere;  ///< for the library's progress lines
+};
+
 /// One format: each has a folder of its own that defines one of these, and a row in the table of
 /// formats.cpp.
 struct Format {
@@ -24,7 +31,7 @@ struct Format {
     /// Reads the file through the library. The library's progress lines go to `progress`.
     std::unique_ptr<FileReport> (*read)(const std::string& path, PrintTarget progress);
     /// The file's solids, for `convert`; null where the format is not converted.
-    SolidMesh (*takeSolids)(const std::string& path, PrintTarget progress);
+    SolidMesh (*takeSolids)(const std::string& path, const SolidsRequest& request);
 };
 
 /// The end of a file's name from its last point on, in lower case.
@@ -33,6 +40,9 @@ std::string extensionOf(const std::string& path);
 /// The format of the file at `path`, told by its content, else by its extension. Throws `FileError`
 /// when the file cannot be read or is of no known format.
 const Format& findFormat(const std::string& path);
+
+/// Whether the content of the file at `path` tells its format.
+bool hasKnownContent(const std::string& path);
 
 /// Whether the name of `path` ends as those of one of the formats do.
 bool hasKnownExtension(const std::string& path);

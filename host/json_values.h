@@ -9,7 +9,7 @@ namespace kvocaeio::host {
 
 /// The number of the layout that docs/info.schema.json describes. It grows when a host that reads
 /// the old layout would be misled by the new one.
-inline constexpr int kJsonLayout = 1;
+inline constexpr int kJsonVersion = 1;
 
 /// {"min": [...], "max": [...]}; null where there is no box.
 Json asJson(const BoundingBox& box);

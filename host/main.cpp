@@ -11,6 +11,7 @@
 #include "convert/convert.h"
 #include "info/info.h"
 #include "platform.h"
+#include "tool_run.h"
 #include "version_text.h"
 
 namespace {
@@ -38,6 +39,11 @@ void addInfo(CLI::App& app, InfoOptions& options) {
     CLI::Option* folder = info->add_option(
         "--temp", options.toolFolder,
         "Folder for the tool's command files and reports, which replace older ones.");
+    info->add_option("--tool-timeout", options.toolTimeout,
+                     "Seconds after which the tool is ended with all that it has started.")
+        ->check(CLI::PositiveNumber)
+        ->needs(tool)
+        ->capture_default_str();
     tool->needs(folder);
     folder->needs(tool);
     info->add_option("--reports", options.reportsFolder,
@@ -50,7 +56,9 @@ void addInfo(CLI::App& app, InfoOptions& options) {
 
 CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     CLI::App* convert = app.add_subcommand("convert", "Writes the solids of IN as OUT.");
-    convert->add_option("IN", options.source, "An Abaqus input deck or a Patran neutral file.")
+    convert
+        ->add_option("IN", options.source,
+                     "An Abaqus input deck or a Patran neutral file; - is standard input.")
         ->required();
     convert
         ->add_option("OUT", options.target,
@@ -58,8 +66,24 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
         ->required();
     convert
         ->add_option("--unit", options.unit,
-                     "Length unit that the header of a Nastran deck names: m, mm, cm or inch.")
+                     "Length unit that the header of a Nastran deck names; coordinates stay as "
+                     "they are.")
+        ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
         ->capture_default_str();
+    convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
+        ->check(CLI::PositiveNumber);
+    convert->add_flag("--normalised", options.normalised,
+                      "Take the normalised mesh of an Abaqus deck instead of the elements that it "
+                      "lists.");
+    convert->add_flag("--force", options.force,
+                      "Write although the source defines OIDs more than once with different "
+                      "content.");
+    convert->add_flag("--strict", options.strict,
+                      "Exit code 1 when anything of the source was left out.");
+    CLI::Option* json =
+        convert->add_flag("--json", options.json, "Report as a JSON document, for programs.");
+    convert->add_flag("--quiet", options.quiet, "Write no report; failures are still told.")
+        ->excludes(json);
     convert->add_flag("--verbose", options.verbose,
                       "Show the library's progress lines, on standard error.");
     return convert;
@@ -102,16 +126,16 @@ int run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kWrongCommandLine;
     }
-    if (convert->parsed()) {
-        kvocaeio::host::runConvert(convertOptions);
-        return 0;
-    }
+    if (convert->parsed())
+        return kvocaeio::host::runConvert(convertOptions) ? 0 : kFailed;
     return kvocaeio::host::runInfo(infoOptions) ? 0 : kFailed;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (kvocaeio::host::isLauncher(argc, argv))
+        return kvocaeio::host::launchTool(argc, argv);
     kvocaeio::host::holdStandardStreams();
     const kvocaeio::host::Terminal terminal;
     try {

@@ -18,7 +18,7 @@ namespace kvocaeio::host {
 
 namespace {
 
-std::string shownName(const std::string& name) {
+std::string shownSet(const std::string& name) {
     return name.empty() ? "(no name)" : cleanName(name);
 }
 
@@ -91,7 +91,7 @@ void AbaqusReport::printOverview(std::ostream& out, const PageStyle& style) cons
     for (const ShellThickness& shell : summary_.thicknesses) {
         std::ostringstream thickness;
         thickness << shell.thickness;
-        shells.add({shownName(shell.elset), thickness.str()});
+        shells.add({shownSet(shell.elset), thickness.str()});
     }
     out << '\n';
     shells.print(out, style.width);
@@ -104,7 +104,7 @@ void AbaqusReport::printDeck(std::ostream& out, const PageStyle& style) const {
     table.add({"deck", "set", "elements", "nodes each", isNormalised_ ? "in the mesh" : ""});
     for (std::size_t s = 0; s < summary_.raw.size(); ++s) {
         const RawSummary& raw = summary_.raw[s];
-        table.add({std::to_string(s), shownName(raw.elset), counted(raw.elements, raw.kind),
+        table.add({std::to_string(s), shownSet(raw.elset), counted(raw.elements, raw.kind),
                    std::to_string(raw.nodesPerElement), isNormalised_ ? destinationsOf(s) : ""});
     }
     out << '\n';
@@ -140,7 +140,7 @@ void AbaqusReport::printMesh(std::ostream& out, const PageStyle& style) const {
     TextTable table("lnrrw");
     table.add({"mesh", "set", "rows", "nodes each", "content"});
     for (const NormalisedSummary& section : summary_.normalised)
-        table.add({placeOf(section), shownName(section.elset), std::to_string(section.elements),
+        table.add({placeOf(section), shownSet(section.elset), std::to_string(section.elements),
                    std::to_string(section.nodesPerElement), contentOf(section)});
     out << '\n';
     table.print(out, style.width);

@@ -22,14 +22,8 @@ bool isWanted(const std::string& path, bool designs) {
     const std::string extension = extensionOf(path);
     if (designs || contains(kCadenceFormat.extensions, extension))
         return designs && contains(kCadenceFormat.extensions, extension);
-    if (hasKnownExtension(path) && !contains(kCommonExtensions, extension))
-        return true;
-    try {
-        findFormat(path);
-        return true;
-    } catch (const FileError&) {
-        return false;
-    }
+    const bool isSure = hasKnownExtension(path) && !contains(kCommonExtensions, extension);
+    return isSure || hasKnownContent(path);
 }
 
 }  // namespace

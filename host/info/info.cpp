@@ -9,10 +9,10 @@
 #include <optional>
 #include <sstream>
 
-#include "clean_name.h"
 #include "formats.h"
 #include "info/file_list.h"
 #include "info/page.h"
+#include "input_file.h"
 #include "json_values.h"
 #include "package/design.h"
 #include "version_text.h"
@@ -37,14 +37,17 @@ void read(const Job& job, const InfoOptions& options, Outcome& outcome) {
     const PrintTarget progress =
         options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere;
     if (job.kind == Job::Kind::kFile) {
-        outcome.format = &findFormat(job.path);
-        outcome.report = outcome.format->read(job.path, progress);
+        const InputFile file(job.path);
+        outcome.format = &findFormat(file.path());
+        outcome.report = outcome.format->read(file.path(), progress);
         return;
     }
     outcome.format = &kCadenceFormat;
-    outcome.report = job.kind == Job::Kind::kReports
-                         ? readDesignReports(job.path, progress)
-                         : readDesign(job.path, options.tool, options.toolFolder, progress);
+    outcome.report =
+        job.kind == Job::Kind::kReports
+            ? readDesignReports(job.path, progress)
+            : readDesign(job.path, {options.tool, options.toolFolder, options.toolTimeout},
+                         progress);
 }
 
 Outcome outcomeOf(const Job& job, const InfoOptions& options) {
@@ -102,12 +105,12 @@ class InfoRun {
         totals_.add(outcome.findings);
         for (const Finding& finding : outcome.findings)
             if (finding.level == Finding::Level::kError)
-                std::cerr << "kvocaeio: " << cleanName(path) << ": " << finding.text << '\n';
+                std::cerr << "kvocaeio: " << shownName(path) << ": " << finding.text << '\n';
         if (options_.json || options_.jsonLines) {
             addJson(path, outcome);
         } else if (outcome.report) {
             std::ostringstream out;
-            out << cleanName(path) << "\n  " << outcome.format->name << '\n';
+            out << shownName(path) << "\n  " << outcome.format->name << '\n';
             outcome.report->print(out, style_);
             printFindings(out, outcome.findings, style_);
             out << '\n';
@@ -133,7 +136,7 @@ class InfoRun {
             reports_.push_back(std::move(json));
     }
 
-    static Json head() { return {{"layout", kJsonLayout}, {"library", libraryVersion()}}; }
+    static Json head() { return {{"version", kJsonVersion}, {"library", libraryVersion()}}; }
 
     void finish() {
         if (options_.json) {

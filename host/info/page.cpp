@@ -116,7 +116,7 @@ Json asJson(std::span<const Finding> findings) {
     for (const Finding& finding : findings) {
         Json row = {{"level", styleOf(finding.level).name},
                     {"code", finding.code},
-                    {"number", finding.number},
+                    {"count", finding.count},
                     {"text", finding.text}};
         if (!finding.paths.empty())
             row["paths"] = finding.paths;

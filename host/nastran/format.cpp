@@ -6,7 +6,7 @@
 
 #include "counted.h"
 #include "file_head.h"
-#include "nastran/free_fields.h"
+#include "nastran/card_forms.h"
 #include "nastran/report.h"
 #include "timed.h"
 #include <kvocaeio/nastran.h>
@@ -77,20 +77,24 @@ void takeElements(KVONASTRAN_Reader& reader, NastranReport& report) {
                 "no such node: " + counted(undefinedNodes, "times") + " in elements");
 }
 
-/// Why the reader refused the deck, which it could open.
-FileError refusalOf(KVONASTRAN_Reader& reader, const FreeFieldCards& freeFields) {
-    if (reader.GetNodeCout() > 0 && reader.GetElemCout() > 0)
-        return FileError("cannot be read: there is not enough memory for " +
-                             std::to_string(reader.GetNodeCout()) + " rows of nodes and " +
-                             std::to_string(reader.GetElemCout()) +
-                             " rows of elements (one for each OID up to the largest)",
-                         "out-of-memory");
-    if (freeFields.grids != 0)
-        return FileError("has " + counted(freeFields.grids, "GRID cards") +
+/// Why the reader refused the deck, which it could open: what it does not tell, the cards tell.
+FileError refusalOf(KVONASTRAN_Reader& reader, const CardForms& forms) {
+    const bool hasNodes = reader.GetNodeCout() > 0;
+    const bool hasElements = reader.GetElemCout() > 0;
+    if (hasNodes && hasElements)
+        return FileError("has no property card with an OID above 0", "nothing-read");
+    if (!hasNodes && !hasElements && forms.fixedGrids != 0 && forms.fixedElements != 0)
+        return FileError(
+            "cannot be read: there is not enough memory for its rows, one for each "
+            "OID up to the largest",
+            "out-of-memory");
+    if (forms.freeGrids != 0)
+        return FileError("has " + counted(forms.freeGrids, "GRID cards") +
                              " in free or large fields, with commas or asterisks; only fixed "
                              "fields of eight columns are read",
                          "free-fields");
-    return FileError("has no GRID card with an OID above 0, or no element card with one",
+    return FileError(hasNodes ? "has no element card with an OID above 0"
+                              : "has no GRID card with an OID above 0",
                      "nothing-read");
 }
 
@@ -99,9 +103,9 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     KVONASTRAN_Reader reader;
     bool good = false;
     report->importSeconds = timed(progress, [&] { good = reader.SetFilePath(path.c_str()); });
-    const FreeFieldCards freeFields = countFreeFieldCards(path);
+    const CardForms forms = countCardForms(path);
     if (!good)
-        throw refusalOf(reader, freeFields);
+        throw refusalOf(reader, forms);
     takeNodes(reader, *report);
     takeElements(reader, *report);
     const int* section = reader.GetSectionVector();
@@ -110,9 +114,9 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
             report->sections.push_back({section[0], section[1], section[2]});
     report->materials = reader.GetPropertiesCout();
     report->warnOfNonFinite(report->box.nonFinite, "nodes");
-    report->find(Finding::Level::kError, "free-fields", freeFields.cards,
+    report->find(Finding::Level::kError, "free-fields", forms.freeCards,
                  "has free or large fields, which are read wrongly, on " +
-                     counted(freeFields.cards, "cards") +
+                     counted(forms.freeCards, "cards") +
                      "; only fixed fields of eight columns are read as they are meant");
     return report;
 }

@@ -109,7 +109,7 @@ TEST(InfoFailure, OneOfSeveralFiles) {
     EXPECT_EQ(files[0].at("mesh").at("elements"), 72);
     EXPECT_EQ(files[1].at("status"), "failed");
     EXPECT_EQ(files[1].at("findings"), json::parse(R"([
-        {"level": "error", "code": "cannot-be-read", "number": 1,
+        {"level": "error", "code": "cannot-be-read", "count": 1,
          "text": "cannot be read: No such file or directory"}])"));
     EXPECT_EQ(files[1].at("file"), folder.file("gone"));
     EXPECT_EQ(files[2].at("mesh").at("elements"), 168);

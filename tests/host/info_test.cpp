@@ -16,7 +16,7 @@ json findingOf(const json& report, std::string_view code) {
     for (const json& finding : report.at("findings"))
         if (finding.at("code") == code)
             return finding;
-    return {{"number", 0}};
+    return {{"count", 0}};
 }
 
 // One set name on two blocks, one element of unknown type, loads on two faces of the brick.
@@ -39,7 +39,12 @@ TEST(Info, WritesTheDecksSectionsAndThoseOfTheMesh) {
     const Outcome outcome = runHost({"info", deck});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.errors, "");
-    EXPECT_EQ(linesOf(outcome.output),
+    std::vector<std::string> lines = linesOf(outcome.output);
+    ASSERT_GT(lines.size(), 6u);
+    EXPECT_THAT(lines[6],
+                testing::MatchesRegex("  time taken    import .* ms, normalisation .* ms"));
+    lines.erase(lines.begin() + 6);
+    EXPECT_EQ(lines,
               (std::vector<std::string>{
                   deck,  //
                   "  Abaqus input deck",
@@ -47,7 +52,6 @@ TEST(Info, WritesTheDecksSectionsAndThoseOfTheMesh) {
                   "  bounding box  (0, 0, 0) to (1, 1, 3.5)",
                   "  elements      3 in 3 sections: 1 hexahedron, 1 pyramid, 1 of unknown type",
                   "  faces         2 from loads, 0 from surfaces",
-                  "  time taken    import less than 1 ms, normalisation less than 1 ms",
                   "",
                   "  deck  set        elements           nodes each  in the mesh",
                   "     0  BODY       1 hexahedron                8  solid 0",
@@ -78,9 +82,9 @@ TEST(Info, JsonHoldsTheSame) {
         "format": "abaqus",
         "status": "warnings",
         "findings": [
-            {"level": "warning", "code": "unknown-type", "number": 1,
+            {"level": "warning", "code": "unknown-type", "count": 1,
              "text": "left out: 1 element of unknown type"},
-            {"level": "note", "code": "without-faces", "number": 2,
+            {"level": "note", "code": "without-faces", "count": 2,
              "text": "without faces for loads and surfaces: 2 elements (pyramids, triangles, unknown types)"
 }],
         "mesh": {
@@ -148,7 +152,7 @@ TEST(Info, ReportsTheHousing) {
     EXPECT_EQ(solid[3].at("elementsByKind"), json::parse(R"({"hexahedra": 40, "wedges": 4})"));
     EXPECT_EQ(report.at("abaqus").at("normalised").at("loadFaces"), 4);
     EXPECT_EQ(report.at("abaqus").at("normalised").at("surfaceFaces"), 198);
-    EXPECT_EQ(findingOf(report, "without-faces").at("number"), 6);
+    EXPECT_EQ(findingOf(report, "without-faces").at("count"), 6);
 }
 
 TEST(Info, ReportsTheCover) {
@@ -219,7 +223,7 @@ TEST(Info, CountsNodesThatElementsNameButTheDeckLacks) {
         jsonReport(folder.write("lost.inp",
                                 "*NODE\n1, 0, 0, 0\n2, 1, 0, 0\n3, 0, 1, 0\n"
                                 "*ELEMENT, TYPE=S4, ELSET=A\n1, 1, 2, 3, 77\n2, 1, 2, 3, -5\n"));
-    EXPECT_EQ(findingOf(report, "undefined-node").at("number"), 2);
+    EXPECT_EQ(findingOf(report, "undefined-node").at("count"), 2);
     EXPECT_EQ(report.at("abaqus").at("sections").at(0).at("leftOut"), 0);
 }
 
@@ -250,7 +254,7 @@ TEST(Info, CountsNodesWhoseCoordinatesAreNoNumbers) {
         jsonReport(folder.write("nan.inp", "*NODE\n1, 1, nan, 3\n2, 4, 5, 6\n3, inf, -inf, 4\n"));
     EXPECT_EQ(report.at("mesh").at("boundingBox"),
               json::parse(R"({"min": [1, 5, 3], "max": [4, 5, 6]})"));
-    EXPECT_EQ(findingOf(report, "not-finite").at("number"), 2);
+    EXPECT_EQ(findingOf(report, "not-finite").at("count"), 2);
 }
 
 TEST(Info, TellsADeckByItsContent) {
