@@ -32,13 +32,12 @@ std::size_t terminalColumns() {
 }
 
 Terminal::Terminal() {
-    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-    DWORD mode = 0;
-    if (!GetConsoleMode(output, &mode))
-        return;
     constexpr DWORD kEscapeSequences = 4;  // ENABLE_VIRTUAL_TERMINAL_PROCESSING
-    if ((mode & kEscapeSequences) == 0 && SetConsoleMode(output, mode | kEscapeSequences))
-        mode_ = mode;
+    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    if (!GetConsoleMode(output, &mode_))
+        return;
+    if (!SetConsoleMode(output, mode_ | kEscapeSequences))
+        mode_ = 0;
     codePage_ = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
 }
