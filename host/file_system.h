@@ -57,6 +57,10 @@ void makeStandardInputBinary();
 void removeOnInterruption(const std::string& path);
 void keepOnInterruption(const std::string& path);
 
+/// Removes them now: what a handler of such events does last, in whatever thread. The thread that
+/// named the paths does not go on where that would be in the way.
+void removeForInterruption();
+
 /// While it lives, no interruption ends the program.
 class InterruptionPause {
   public:

@@ -119,6 +119,14 @@ TEST(FileSafety, DevicesAreNamed) {
               std::string("kvocaeio: NUL: is a device") + kSpecial);
 }
 
+TEST(FileSafety, AnInterruptionRemovesFilesThatAreOpen) {
+    const TempFolder folder;
+    const Outcome outcome =
+        runProgram(KVOCAEIO_INTERRUPTED_PROGRAM, {folder.path().string() + "\\"});
+    EXPECT_EQ(outcome.exitCode, 3);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
 #else
 
 TEST(FileSafety, PipesAndDevicesAreNamed) {
