@@ -62,18 +62,26 @@ std::string bytesOf(const text::ZeroedArray<Value>& array, int count, std::size_
     return bytes;
 }
 
+/// Bit for bit: numbers may be NaN.
+template <class Value>
+bool isSame(const std::vector<Value>& a, const std::vector<Value>& b) {
+    return a.size() == b.size() &&
+           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(Value)) == 0);
+}
+
+template <class Value>
+bool isSame(const patran::PropertyList<Value>& a, const patran::PropertyList<Value>& b) {
+    return a.size() == b.size() && isSame(valuesOf(a), valuesOf(b));
+}
+
 bool isSame(const patran::ListMesh& a, const patran::ListMesh& b) {
-    return std::ranges::equal(a.nodes, b.nodes,
-                              [](const auto& x, const auto& y) {
-                                  return std::memcmp(x.data(), y.data(), sizeof x) == 0;
-                              }) &&
-           a.elements == b.elements && a.elementPropertyIds == b.elementPropertyIds &&
-           a.elementShapes == b.elementShapes && a.propertyTypes.size() == b.propertyTypes.size() &&
-           valuesOf(a.propertyTypes) == valuesOf(b.propertyTypes) &&
-           valuesOf(a.propertyValueA).size() == valuesOf(b.propertyValueA).size() &&
-           valuesOf(a.propertyValueB).size() == valuesOf(b.propertyValueB).size() &&
-           a.nodeCount == b.nodeCount && a.elementCount == b.elementCount &&
-           a.propertyCount == b.propertyCount;
+    return isSame(a.nodes, b.nodes) && isSame(a.elements, b.elements) &&
+           isSame(a.elementPropertyIds, b.elementPropertyIds) &&
+           isSame(a.elementShapes, b.elementShapes) && isSame(a.propertyTypes, b.propertyTypes) &&
+           isSame(a.propertyValueA, b.propertyValueA) &&
+           isSame(a.propertyValueB, b.propertyValueB) &&
+           isSame(a.propertyValueC, b.propertyValueC) && a.nodeCount == b.nodeCount &&
+           a.elementCount == b.elementCount && a.propertyCount == b.propertyCount;
 }
 
 bool isSame(const patran::FlatMesh& a, const patran::FlatMesh& b) {
