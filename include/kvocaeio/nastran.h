@@ -130,8 +130,8 @@ class KVOCAEIO_API KVONASTRAN_Writer {
     /// with the 4, 6 or 8 node OIDs in `nodes`. Returns false for another `nodeCount`, with nothing
     /// written.
     bool AddElement(int id, int section, int nodeCount, int* const nodes);
-    /// Writes `text` as it stands, without adding a line end.
-    bool WriteStringEntry(char* text);
+    /// Writes `entry` as it stands, without adding a line end.
+    bool WriteStringEntry(char* entry);
     /// Writes the footer and closes the deck.
     bool EndWriting();
 

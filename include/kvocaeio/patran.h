@@ -158,10 +158,10 @@ class KVOCAEIO_API CPatranReader {
     ///     before it, an index may lie above the number of nodes.
     bool GetElement(int index, int& type, int& property, int* const nodes);
 
-    /// Copies x, y, z of the first `count` nodes to `coordinates`. All three bulk copies work alike:
-    /// they may reach the spare row after the last one, which is zero, but no further, however
-    /// large `count` is. They copy nothing where there are no arrays: before an import, after one
-    /// that returned false, and after a file without a summary.
+    /// Copies x, y, z of the first `count` nodes to `coordinates`. All three bulk copies work
+    /// alike: they may reach the spare row after the last one, which is zero, but no further,
+    /// however large `count` is. They copy nothing where there are no arrays: before an import,
+    /// after one that returned false, and after a file without a summary.
     void GetVertex(float (*coordinates)[3], int count);
     /// Copies the shape codes of the first `count` elements to `types`.
     void GetElemType(int* types, int count);
