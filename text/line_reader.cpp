@@ -19,8 +19,8 @@ LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode, Watch*
       mode_(mode),
       // The line taken last and one that is still incomplete stand before the bytes of a block; one
       // more place keeps a held CR.
-      buffer_(2 * maxLength_ + kBlockSize + 1),
-      line_(buffer_.data()),
+      buffer_(std::make_unique_for_overwrite<char[]>(2 * maxLength_ + kBlockSize + 1)),
+      line_(buffer_.get()),
       length_(0),
       position_(line_),
       end_(line_),
@@ -31,7 +31,7 @@ LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode, Watch*
 
 void LineReader::rewind() {
     std::rewind(file_);
-    line_ = position_ = end_ = counted_ = buffer_.data();
+    line_ = position_ = end_ = counted_ = buffer_.get();
     length_ = bytesRead_ = lineFeeds_ = charactersBefore_ = 0;
     heldCr_ = holdsNul_ = atEnd_ = metEnd_ = false;
 }
@@ -79,7 +79,7 @@ bool LineReader::nextAcrossBlocks() {
 bool LineReader::fill() {
     if (countsLines_)
         countTo(line_);
-    char* const start = buffer_.data();
+    char* const start = buffer_.get();
     counted_ = start;
     const auto kept = static_cast<std::size_t>(end_ - line_);
     const auto taken = static_cast<std::size_t>(position_ - line_);

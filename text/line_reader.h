@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string_view>
-#include <vector>
 
 #include "text/findings.h"
 
@@ -118,7 +118,7 @@ class LineReader {
     std::FILE* file_;
     std::size_t maxLength_;
     LineMode mode_;
-    std::vector<char> buffer_;
+    std::unique_ptr<char[]> buffer_;
     const char* line_;      // the line taken last
     std::size_t length_;    // of that line, up to its first NUL
     const char* position_;  // behind that line
