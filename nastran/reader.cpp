@@ -87,7 +87,8 @@ bool KVONASTRAN_Reader::SetFilePath(const char* path) {
         info->extent = scanIdentifiers(deck.get());
         if (info->extent.maxNodeId < 1 || info->extent.maxElemId < 1 || info->extent.maxPropId < 1)
             return false;
-        std::rewind(deck.get());
+        if (!text::rewindFile(deck.get()))
+            return false;
         DeckTables tables;
         info->decks.push_back(readDeck(deck.get(), info->extent, tables));
         const DeckArrays& arrays = info->decks.back();

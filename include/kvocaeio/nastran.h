@@ -89,6 +89,9 @@ class KVOCAEIO_API KVONASTRAN_Reader {
 /// Numbers are written as in the C locale whatever the host's. Copies share one deck, which is
 /// closed, without a footer, when the last of them is destroyed before `EndWriting`. Writing calls
 /// do not tell whether the disk took what was written. Nothing throws, nothing is printed.
+///
+/// Threads: a writer and its copies serve one thread at a time; other writers share nothing. The
+/// date in the header is taken without the C library's shared result of `std::localtime`.
 class KVOCAEIO_API KVONASTRAN_Writer {
   public:
     /// Makes a writer without a deck: all writing calls give false.

@@ -8,6 +8,11 @@
 
 #include "support/files.h"
 #include "text/file.h"
+#include "text/pass_lines.h"
+
+#if defined(__linux__)
+#include <unistd.h>
+#endif
 
 namespace kvocaeio::text {
 namespace {
@@ -198,6 +203,40 @@ TEST_F(LineReaderTest, FailureToReadIsTheEnd) {
     LineReader reader(file.get(), 512, LineMode::kBinary);
     EXPECT_FALSE(reader.next());
 }
+
+TEST_F(LineReaderTest, RemembersThatReadingFailed) {
+    LineReader& sound = open("a\nb");
+    while (sound.next()) {
+    }
+    EXPECT_FALSE(sound.hasFailed());
+    // A stream for writing cannot be read.
+    const test::TempFolder folder;
+    const File file = openFile(folder.file("written").c_str(), "wb");
+    LineReader failing(file.get(), 512, LineMode::kBinary);
+    EXPECT_FALSE(failing.hasFailed());
+    EXPECT_FALSE(failing.next());
+    EXPECT_TRUE(failing.metEnd());
+    EXPECT_TRUE(failing.hasFailed());
+    const Listener nobody;
+    std::clearerr(file.get());
+    PassLines lines(file.get(), 512, LineMode::kBinary, nobody, 0);
+    EXPECT_FALSE(lines.next());
+    EXPECT_TRUE(lines.hasFailed());
+}
+
+#if defined(__linux__)
+TEST_F(LineReaderTest, HasNoLinesWhereItCannotRewind) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "a\nb\n", 4), 4);
+    close(ends[1]);
+    const File file(fdopen(ends[0], "rb"));
+    LineReader reader(file.get(), 512, LineMode::kBinary);
+    ASSERT_TRUE(reader.next());
+    EXPECT_FALSE(reader.rewind());
+    EXPECT_FALSE(reader.next());
+}
+#endif
 
 }  // namespace
 }  // namespace kvocaeio::text
