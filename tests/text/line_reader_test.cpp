@@ -10,7 +10,9 @@
 #include "text/file.h"
 #include "text/pass_lines.h"
 
-#if defined(__linux__)
+#if defined(_WIN32)
+#include <io.h>
+#else
 #include <unistd.h>
 #endif
 
@@ -209,9 +211,15 @@ TEST_F(LineReaderTest, RemembersThatReadingFailed) {
     while (sound.next()) {
     }
     EXPECT_FALSE(sound.hasFailed());
-    // A stream for writing cannot be read.
+    // Its descriptor is replaced by one for writing, which cannot be read.
     const test::TempFolder folder;
-    const File file = openFile(folder.file("written").c_str(), "wb");
+    const File file = openFile(folder.write("read", "a\nb").c_str(), "rb");
+    const File written = openFile(folder.file("written").c_str(), "wb");
+#if defined(_WIN32)
+    _dup2(_fileno(written.get()), _fileno(file.get()));
+#else
+    dup2(fileno(written.get()), fileno(file.get()));
+#endif
     LineReader failing(file.get(), 512, LineMode::kBinary);
     EXPECT_FALSE(failing.hasFailed());
     EXPECT_FALSE(failing.next());
@@ -224,7 +232,7 @@ TEST_F(LineReaderTest, RemembersThatReadingFailed) {
     EXPECT_TRUE(lines.hasFailed());
 }
 
-#if defined(__linux__)
+#if !defined(_WIN32)
 TEST_F(LineReaderTest, HasNoLinesWhereItCannotRewind) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
