@@ -91,7 +91,9 @@ File openFile(const char* path, const char* mode) noexcept {
     const std::string_view letters = mode;
     File file =
         letters.front() == 'r'
-            ? fileOf(openRegular(path, letters.find('+') != letters.npos ? O_RDWR : O_RDONLY), mode)
+            ? fileOf(openRegular(path,
+                                 letters.find('+') != std::string_view::npos ? O_RDWR : O_RDONLY),
+                     mode)
             : File(std::fopen(path, mode));
     if (file != nullptr && fileno(file.get()) < kFirstOwnDescriptor)
         file = fileOf(fcntl(fileno(file.get()), F_DUPFD, kFirstOwnDescriptor), mode);
