@@ -8,7 +8,9 @@ target_include_directories(KVOCAEIO INTERFACE
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 set_target_properties(KVOCAEIO PROPERTIES
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR})
+    # While the major number is 0, a minor release may change the interface.
+    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+kvocaeio_hardening(KVOCAEIO)
 
 if(WIN32)
     enable_language(RC)

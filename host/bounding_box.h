@@ -1,12 +1,10 @@
 /// The box around a mesh's nodes.
 #pragma once
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <limits>
 #include <string>
-
-#include "report.h"
 
 namespace kvocaeio::host {
 
@@ -38,8 +36,5 @@ std::string asText(const std::array<double, 3>& place);
 
 /// "(x, y, z) to (x, y, z)"; "none" where there is no box.
 std::string asText(const BoundingBox& box);
-
-/// {"min": [...], "max": [...]}; null where there is no box.
-Json asJson(const BoundingBox& box);
 
 }  // namespace kvocaeio::host

@@ -7,8 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "report.h"
-
 namespace kvocaeio::host {
 
 /// In the order of appearance.
@@ -19,8 +17,5 @@ void count(KindCounts& kinds, std::string_view name, std::size_t elements = 1);
 
 /// "12 hexahedra, 3 wedges".
 std::string asText(const KindCounts& kinds);
-
-/// {"hexahedra": 12, "wedges": 3}.
-Json asJson(const KindCounts& kinds);
 
 }  // namespace kvocaeio::host

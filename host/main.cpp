@@ -5,8 +5,8 @@
 #include <iostream>
 #include <string>
 
-#include "convert.h"
-#include "info.h"
+#include "convert/convert.h"
+#include "info/info.h"
 #include "platform.h"
 #include <kvocaeio/export.h>
 

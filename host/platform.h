@@ -13,7 +13,7 @@ bool isFolder(const char* path);
 /// Where text that is printed on standard output goes for a while.
 enum class PrintTarget { kNowhere, kStandardError };
 
-/// Sends standard output elsewhere and gives a token for `restoreStandardOutput`.
+/// Sends standard output elsewhere and returns a token for `restoreStandardOutput`.
 int redirectStandardOutput(PrintTarget target);
 void restoreStandardOutput(int token);
 

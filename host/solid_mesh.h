@@ -2,10 +2,11 @@
 #pragma once
 
 #include <array>
+#include <charconv>
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "platform.h"
 
 namespace kvocaeio::host {
 
@@ -25,16 +26,23 @@ struct SolidMesh {
     std::vector<std::string> remarks;
 };
 
+/// How a mesh of solids becomes a file of one format, through the library.
+struct MeshWriter {
+    /// Writes the file; false where that fails. `unit` is the mesh's length unit.
+    bool (*write)(const SolidMesh& mesh, const std::string& path, const std::string& unit);
+    /// What a complete file ends with, line ends left out.
+    std::string_view ending;
+    /// Notes what the file cannot hold of the mesh, or asks for beside it.
+    void (*takeNotes)(SolidMesh& mesh);
+};
+
+/// The nodes of an element as ids that count from 1.
+std::array<int, 8> idsOf(const SolidMesh::Element& element);
+
 /// Adds "`number` `what`" to `notes`; none are not worth a note.
-inline void note(std::vector<std::string>& notes, std::size_t number, const std::string& what) {
-    if (number != 0)
-        notes.push_back(std::to_string(number) + " " + what);
-}
+void note(std::vector<std::string>& notes, std::size_t number, const std::string& what);
 
-/// The normalised solids of an Abaqus deck.
-SolidMesh takeAbaqusSolids(const std::string& path, PrintTarget progress);
-
-/// The solids of a Patran neutral file, as `CPatranReader` gives them.
-SolidMesh takePatranSolids(const std::string& path, PrintTarget progress);
+/// Remarks by how much coordinates change that are written with `decimals`; `what` names that form.
+void remarkOnRounding(SolidMesh& mesh, std::chars_format form, int decimals, const char* what);
 
 }  // namespace kvocaeio::host

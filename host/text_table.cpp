@@ -2,6 +2,7 @@
 #include "text_table.h"
 
 #include <algorithm>
+#include <ostream>
 #include <utility>
 
 namespace kvocaeio::host {
@@ -28,11 +29,11 @@ void TextTable::print(std::ostream& out, const std::string& indent) const {
     }
 }
 
-std::string printable(std::string text) {
+std::string printable(std::string words) {
     std::replace_if(
-        text.begin(), text.end(),
+        words.begin(), words.end(),
         [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }, '?');
-    return text;
+    return words;
 }
 
 }  // namespace kvocaeio::host

@@ -1,8 +1,9 @@
 /// A table of text cells, printed with columns of even width.
 #pragma once
 
-#include <ostream>
+#include <iosfwd>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvocaeio::host {
@@ -16,7 +17,7 @@ class TextTable {
     /// Adds a row; missing cells at its end are empty.
     void add(std::vector<std::string> cells);
 
-    /// Prints all rows, each behind `indent`, two blanks between columns and none at the end.
+    /// Prints all rows, each after `indent`, two blanks between columns and none at the end.
     void print(std::ostream& out, const std::string& indent) const;
 
   private:
@@ -24,7 +25,8 @@ class TextTable {
     std::vector<std::vector<std::string>> rows_;
 };
 
-/// `text` with every control character replaced by '?': what a file says must not steer a terminal.
-std::string printable(std::string text);
+/// `words` with every control character replaced by '?': what a file says must not steer a
+/// terminal.
+std::string printable(std::string words);
 
 }  // namespace kvocaeio::host

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 
 #include "platform.h"
 
@@ -19,7 +20,7 @@ class Redirection {
     int token_;
 };
 
-/// Runs `work` with the library's output sent to `progress` and gives the seconds that it took.
+/// Runs `work` with the library's output sent to `progress` and returns the seconds that it took.
 template <class Work>
 double timed(PrintTarget progress, const Work& work) {
     const Redirection redirection(progress);
@@ -27,5 +28,8 @@ double timed(PrintTarget progress, const Work& work) {
     work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
+
+/// "0.123 s".
+std::string secondsText(double seconds);
 
 }  // namespace kvocaeio::host

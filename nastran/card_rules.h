@@ -1,13 +1,14 @@
-/// The cards that are read, and what stands on them.
+/// The cards that are known, and what stands on them.
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 enum class CardCode : int {
-    kNone = 1,  ///< comment, or a line without a known card
+    kNone = 1,  ///< nothing of the card is stored
     kGrid = 101,
     kBar = 1001,
     kTetra = 1301,
@@ -19,42 +20,70 @@ enum class CardCode : int {
 };
 
 /// What becomes of the first float of a property card.
-enum class PropertyValue { kNone, kAsRead, kTwice, kDiameter };
+enum class PropertyValue { kAsRead, kTwice, kDiameter };
 
-/// One card: the numbers behind its name are ints, then either doubles or floats.
+/// One card. Two ints stand behind its name where anything of it is stored: its OID, and the
+/// coordinate system, property or material.
 struct CardRule {
     std::string_view name;
     CardCode code = CardCode::kNone;
-    int ints = 0;
-    int doubles = 0;
-    int floats = 0;
-    PropertyValue value = PropertyValue::kNone;
+    std::size_t nodes = 0;    ///< ints behind these, of an element that is stored
+    std::size_t doubles = 0;  ///< of a node
+    std::size_t floats = 0;   ///< of a property
+    PropertyValue value = PropertyValue::kAsRead;
+    bool isContinued = false;  ///< the next line belongs to the card
+    bool hasFiller = false;    ///< zeros and labels between its numbers are to be cleared
+
+    constexpr std::size_t ints() const { return code == CardCode::kNone ? 0 : 2 + nodes; }
+    /// Whether the card counts for the largest element OID. Shells do, and nothing else of them is
+    /// read.
+    constexpr bool isElement() const { return code == CardCode::kNone || nodes > 0; }
 };
 
-/// In the order of the tests: the first name found anywhere in a card's text decides.
+/// In the order of the tests: the first name found anywhere in a card's text decides. (Two shells
+/// have rows beside those of their families, so that a field that holds them alone is known.)
 inline constexpr std::array kCardRules{
-    CardRule{"GRID", CardCode::kGrid, 2, 3},
-    CardRule{"CROD", CardCode::kBar, 4},
-    CardRule{"CTUBE", CardCode::kBar, 4},
-    CardRule{"CBAR", CardCode::kBar, 4},
-    CardRule{"CBEAM", CardCode::kBar, 4},
-    CardRule{"CTETRA", CardCode::kTetra, 6},
-    CardRule{"CPENTA", CardCode::kPenta, 8},
-    CardRule{"CHEXA", CardCode::kHexa, 10},
-    CardRule{"PROD", CardCode::kBarSection, 2, 0, 2, PropertyValue::kDiameter},
-    CardRule{"PTUBE", CardCode::kBarSection, 2, 0, 2, PropertyValue::kTwice},
-    CardRule{"PBAR", CardCode::kBarSection, 2, 0, 3, PropertyValue::kDiameter},
-    CardRule{"PBEAM", CardCode::kBarSection, 2, 0, 5, PropertyValue::kDiameter},
-    CardRule{"PSHELL", CardCode::kShellSection, 2, 0, 1, PropertyValue::kAsRead},
-    CardRule{"PSHEAR", CardCode::kShellSection, 2, 0, 1, PropertyValue::kAsRead},
-    CardRule{"PSOLID", CardCode::kSolidSection, 2, 0, 1, PropertyValue::kAsRead},
+    CardRule{"GRID", CardCode::kGrid, 0, 3},
+    CardRule{"CROD", CardCode::kBar, 2},
+    CardRule{"CTUBE", CardCode::kBar, 2},
+    CardRule{"CBAR", CardCode::kBar, 2},
+    CardRule{"CBEAM", CardCode::kBar, 2},
+    CardRule{"CTETRA", CardCode::kTetra, 4},
+    CardRule{"CPENTA", CardCode::kPenta, 6},
+    CardRule{"CHEXA", CardCode::kHexa, 8, 0, 0, PropertyValue::kAsRead, true, true},
+    CardRule{"PROD", CardCode::kBarSection, 0, 0, 2, PropertyValue::kDiameter},
+    CardRule{"PTUBE", CardCode::kBarSection, 0, 0, 2, PropertyValue::kTwice},
+    CardRule{"PBAR", CardCode::kBarSection, 0, 0, 3, PropertyValue::kDiameter},
+    CardRule{"PBEAM", CardCode::kBarSection, 0, 0, 5, PropertyValue::kDiameter},
+    CardRule{"PSHELL", CardCode::kShellSection, 0, 0, 1},
+    CardRule{"PSHEAR", CardCode::kShellSection, 0, 0, 1},
+    CardRule{"PSOLID", CardCode::kSolidSection, 0, 0, 1},
+    CardRule{"CQUAD4"},
+    CardRule{"CQUAD8", CardCode::kNone, 0, 0, 0, PropertyValue::kAsRead, true},
+    CardRule{"CQUAD"},
+    CardRule{"CTRIA3"},
+    CardRule{"CTRIA"},
+    CardRule{"CSHEAR"},
 };
 
-/// The elements that count for the largest element OID; of shells nothing else is read.
-inline constexpr std::array<std::string_view, 10> kElementNames{
-    "CROD", "CTUBE", "CBAR", "CBEAM", "CQUAD", "CTRIA", "CSHEAR", "CTETRA", "CPENTA", "CHEXA"};
+constexpr bool holds(std::string_view characters, std::string_view name) {
+    return characters.find(name) != std::string_view::npos;
+}
 
-/// The cards whose next line belongs to them.
-inline constexpr std::array<std::string_view, 2> kContinuedNames{"CQUAD8", "CHEXA"};
+/// The rule of a card by its text, or null.
+constexpr const CardRule* ruleIn(std::string_view characters) {
+    for (const CardRule& rule : kCardRules)
+        if (holds(characters, rule.name))
+            return &rule;
+    return nullptr;
+}
 
-}  // namespace kvocaeio
+/// The numbers of the latest cards. They are never cleared: a field that cannot be read keeps what
+/// the card before it left in its place, whatever card that was.
+struct CardNumbers {
+    std::array<int, 10> ints{};
+    std::array<float, 5> floats{};
+    std::array<double, 3> doubles{};
+};
+
+}  // namespace kvocaeio::nastran

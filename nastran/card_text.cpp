@@ -2,96 +2,53 @@
 #include "nastran/card_text.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
-namespace {
-
-constexpr std::size_t kLabelLength = 16;  // what an "EL" label takes along, from its "L" on
-
-// Collects the characters of a text into fields.
-class Field {
-  public:
-    // True when the field is full.
-    bool put(char c) {
-        characters_[length_++] = c;
-        return length_ == kFieldWidth;
-    }
-    void clear() { length_ = 0; }
-    const char* data() const { return characters_.data(); }
-    std::size_t length() const { return length_; }
-
-  private:
-    std::array<char, kFieldWidth> characters_;
-    std::size_t length_ = 0;
-};
-
-bool isBlank(const char* field, std::size_t length) {
-    return std::all_of(field, field + length, [](char c) { return c == ' '; });
-}
-
-}  // namespace
-
-void CardText::putField(const char* field, std::size_t length) {
-    static constexpr std::string_view kZero = "       0";
-    if (isBlank(field, length)) {
-        field = kZero.data();
-        length = kZero.size();
-    }
-    char* to = text_.data() + length_;
-    if (std::memchr(field, '-', length) == nullptr) {
-        to = std::copy_n(field, length, to);
+void CardText::putField(std::string_view field) {
+    if (field.find_first_not_of(' ') == std::string_view::npos)
+        field = "       0";
+    if (field.find('-') == std::string_view::npos) {
+        characters_ += field;
     } else {
-        char before = length_ == 0 ? ' ' : to[-1];
-        for (std::size_t i = 0; i < length; ++i) {
-            if (field[i] == '-' && before != ' ' && before != 'e' && before != 'E')
-                *to++ = 'E';
-            *to++ = before = field[i];
+        for (const char c : field) {
+            const char before = characters_.empty() ? ' ' : characters_.back();
+            if (c == '-' && before != ' ' && before != 'e' && before != 'E')
+                characters_ += 'E';
+            characters_ += c;
         }
     }
-    if (length == kFieldWidth)
-        *to++ = ' ';
-    length_ = static_cast<std::size_t>(to - text_.data());
+    if (field.size() == kFieldWidth)
+        characters_ += ' ';
 }
 
 void CardText::normalise(std::string_view raw, LineFeeds lineFeeds) {
-    // At the most every character is a separator, and every character of the result a minus sign.
-    const std::size_t most = 3 * (kFieldWidth * raw.size() + kCardColumns);
-    if (text_.size() < most)
-        text_.resize(most);
-    length_ = 0;
-    Field field;
-    const auto put = [&](char c, std::size_t count) {
-        for (; count > 0; --count)
-            if (field.put(c)) {
-                putField(field.data(), kFieldWidth);
-                field.clear();
-            }
-    };
+    expanded_.clear();
     std::size_t column = 0;  // before the separators are expanded
     for (const char c : raw) {
-        if (c == '\n' && lineFeeds != LineFeeds::kKeep) {
-            if (column < kCardColumns && lineFeeds == LineFeeds::kPad) {
-                put(' ', kCardColumns - column);
-                column = kCardColumns;
-            }
+        if (c == '\n' && lineFeeds == LineFeeds::kPad) {
+            expanded_.append(kCardColumns - std::min(column, kCardColumns), ' ');
+            column = std::max(column, kCardColumns);
             continue;
         }
-        const bool separator = c == ',' || c == '+';
-        put(separator ? ' ' : c, separator ? kFieldWidth : 1);
+        if (c == ',' || c == '+')
+            expanded_.append(kFieldWidth, ' ');
+        else
+            expanded_ += c;
         ++column;
     }
-    if (field.length() > 0)
-        putField(field.data(), field.length());
+    characters_.clear();
+    const std::string_view fields = expanded_;
+    for (std::size_t at = 0; at < fields.size(); at += kFieldWidth)
+        putField(fields.substr(at, kFieldWidth));
 }
 
-void CardText::clearHexFiller(char before) {
-    char* const first = text_.data();
-    char* const last = first + length_;
+void CardText::clearHexFiller() {
+    constexpr std::size_t kLabelLength = 16;  // what an "EL" label takes along, from its "L" on
+    char* const last = characters_.data() + characters_.size();
     bool kept = false;
-    for (char* at = first; at != last; before = *at++) {
+    char before = '\0';
+    for (char* at = characters_.data(); at != last; before = *at++) {
         const bool zero = *at == '0' && before == ' ';
         const bool label = *at == 'E' && at + 1 != last && at[1] == 'L';
         if (!zero && !label)
@@ -105,4 +62,4 @@ void CardText::clearHexFiller(char before) {
     }
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::nastran

@@ -2,15 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
-#include <vector>
 
-namespace kvocaeio {
+namespace kvocaeio::nastran {
 
 /// What becomes of the line feeds in a card's text.
 enum class LineFeeds {
     kPad,   ///< they go; one before column 72 leaves blanks up to there
-    kDrop,  ///< they go
     kKeep,  ///< they stay
 };
 
@@ -38,16 +37,16 @@ class CardText {
 
     /// Wipes the zeros and "EL" labels that the two lines of a `CHEXA` card leave between its
     /// numbers: the first of them is kept, later ones become blanks, and an "EL" takes what follows
-    /// it along. `before` is what stands in front of the text, where it is the rest of one.
-    void clearHexFiller(char before = '\0');
+    /// it along.
+    void clearHexFiller();
 
-    std::string_view view() const { return {text_.data(), length_}; }
+    std::string_view view() const { return characters_; }
 
   private:
-    void putField(const char* field, std::size_t length);
+    void putField(std::string_view field);
 
-    std::vector<char> text_;
-    std::size_t length_ = 0;
+    std::string expanded_;
+    std::string characters_;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::nastran

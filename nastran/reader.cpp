@@ -1,64 +1,9 @@
-/// The exported reader and the arrays that it hands out.
+/// The exported reader: the arrays of the deck that it read last.
 #include <algorithm>
-#include <cstdio>
-#include <exception>
-#include <span>
-#include <string_view>
-#include <vector>
 
-#include "nastran/deck_passes.h"
-#include "text/file.h"
-#include "text/zeroed_array.h"
+#include "nastran/import.h"
+#include "nastran/tables.h"
 #include <kvocaeio/nastran.h>
-
-namespace kvocaeio {
-
-namespace {
-
-struct DeckArrays {
-    text::ZeroedArray<float> nodes;
-    text::ZeroedArray<int> elements;
-    text::ZeroedArray<int> sections;
-    text::ZeroedArray<int> materialFlags;
-    std::size_t sectionRows = 0;  // rows of `sections` that hold a card
-};
-
-}  // namespace
-
-struct NastranFileInfo {
-    char path[512] = {};
-    DeckExtent extent;
-    // All decks ever read: what was handed out stays valid for the reader's life.
-    std::vector<DeckArrays> decks;
-};
-
-namespace {
-
-DeckArrays readDeck(std::FILE* deck, const DeckExtent& extent, DeckTables& tables) {
-    DeckArrays arrays;
-    arrays.nodes = text::makeZeroed<float>(text::asSize(extent.maxNodeId), kNodeWidth);
-    arrays.elements = text::makeZeroed<int>(text::asSize(extent.maxElemId), kElemWidth);
-    tables.extent = extent;
-    tables.nodes = arrays.nodes.get();
-    tables.elements = arrays.elements.get();
-    readCards(deck, tables);
-    // One row more than there are sections, as flags go from 0 and a vector of no rows is not null.
-    const std::size_t sectionCount = text::asSize(tables.sectionCount);
-    arrays.sections = text::makeZeroed<int>(sectionCount + 1, kSectionWidth);
-    arrays.materialFlags = text::makeZeroed<int>(sectionCount + 1);
-    arrays.sectionRows = std::min(tables.sections.size(), sectionCount);
-    int* row = arrays.sections.get();
-    for (const SectionRow& section : std::span(tables.sections).first(arrays.sectionRows)) {
-        *row++ = section.propertyId;
-        *row++ = section.materialId;
-        *row++ = section.value;
-    }
-    return arrays;
-}
-
-}  // namespace
-
-}  // namespace kvocaeio
 
 using namespace kvocaeio;
 
@@ -68,7 +13,7 @@ KVONASTRAN_Reader::KVONASTRAN_Reader()
       sectionVector(nullptr),
       materialFlags(nullptr),
       sectionCount(0),
-      info(new NastranFileInfo) {}
+      info(new nastran::NastranFileInfo) {}
 
 KVONASTRAN_Reader::KVONASTRAN_Reader(const KVONASTRAN_Reader&) = default;
 KVONASTRAN_Reader& KVONASTRAN_Reader::operator=(const KVONASTRAN_Reader&) = default;
@@ -78,30 +23,15 @@ KVONASTRAN_Reader::~KVONASTRAN_Reader() {
 }
 
 bool KVONASTRAN_Reader::SetFilePath(const char* path) {
-    info->extent = {};
-    const text::File deck = text::openFile(path, "rb");
-    if (deck == nullptr)
+    if (!nastran::importDeck(path, *info))
         return false;
-    info->path[std::string_view(path).copy(info->path, sizeof info->path - 1)] = '\0';
-    try {
-        info->extent = scanIdentifiers(deck.get());
-        if (info->extent.maxNodeId < 1 || info->extent.maxElemId < 1 || info->extent.maxPropId < 1)
-            return false;
-        if (!text::rewindFile(deck.get()))
-            return false;
-        DeckTables tables;
-        info->decks.push_back(readDeck(deck.get(), info->extent, tables));
-        const DeckArrays& arrays = info->decks.back();
-        nodeVector = arrays.nodes.get();
-        elemVector = arrays.elements.get();
-        sectionVector = arrays.sections.get();
-        materialFlags = arrays.materialFlags.get();
-        sectionCount = tables.sectionCount;
-        return true;
-    } catch (const std::exception&) {  // memory ran out
-        info->extent = {};
-        return false;
-    }
+    const nastran::DeckTables& deck = info->decks.back();
+    nodeVector = deck.nodes.get();
+    elemVector = deck.elements.get();
+    sectionVector = deck.sections.get();
+    materialFlags = deck.materialFlags.get();
+    sectionCount = deck.sectionCount;
+    return true;
 }
 
 int KVONASTRAN_Reader::GetNodeCout() {
@@ -116,24 +46,13 @@ int KVONASTRAN_Reader::GetSectionCout() {
     return sectionCount;
 }
 
-// Rows behind the last card are zero and name no material. A copy of the reader may have read
-// another deck since: the rows are those of the deck whose arrays are held here.
+// A copy of the reader may have read another deck since: the rows are those of the deck whose
+// arrays are held here.
 int KVONASTRAN_Reader::GetPropertiesCout() {
-    const auto deck = std::ranges::find_if(info->decks, [this](const DeckArrays& arrays) {
-        return arrays.sections.get() == sectionVector;
+    const auto deck = std::ranges::find_if(info->decks, [this](const nastran::DeckTables& tables) {
+        return tables.sections.get() == sectionVector;
     });
-    const std::size_t rows = deck == info->decks.end() ? 0 : deck->sectionRows;
-    int different = 0;
-    for (const bool counting : {false, true})
-        for (std::size_t row = 0; row < rows; ++row) {
-            const int material = sectionVector[row * kSectionWidth + 1];
-            if (material < 1 || material > sectionCount)
-                continue;
-            int& flag = materialFlags[material];
-            different += counting && flag == 0 ? 1 : 0;
-            flag = counting ? 1 : 0;
-        }
-    return different;
+    return deck == info->decks.end() ? 0 : nastran::countMaterials(*deck);
 }
 
 float* KVONASTRAN_Reader::GetNodeVector() {

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Measures the library against the floor, the least that any program must do for the same job.
+# Measures the library against the floor, the least that any program must do for the same job, and
+# `kvocaeio info` against the import in it.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
 #   FORMAT   abaqus, 3di, nastran or patran (all of them)
@@ -23,6 +24,14 @@ cases=(
     'patran  patran      patran-bridge  bridge=patran'
     'patran  patran      patran-reader  reader=patran'
     'patran  patran      write-patran   write=write-patran'
+)
+# Format, file, and the jobs of the library that `kvocaeio info` has done of it.
+infoCases=(
+    'abaqus  abaqus-hex  abaqus'
+    'abaqus  abaqus-tet  abaqus'
+    '3di     3di         3di'
+    'nastran nastran     nastran'
+    'patran  patran      patran-bridge patran-reader'
 )
 declare -A extensions=([abaqus-hex]=inp [abaqus-tet]=inp [3di]=3di [nastran]=bdf [patran]=pat)
 
@@ -48,7 +57,7 @@ done
 
 scripts/setup.sh build bench
 cmake --preset linux-release -DKVOCAEIO_BUILD_BENCH=ON >/dev/null
-cmake --build --preset linux-release --target kvocaeio_bench kvocaeio_bench_generate \
+cmake --build --preset linux-release --target kvocaeio kvocaeio_bench kvocaeio_bench_generate \
     kvocaeio_bench_floor kvocaeio_bench_library
 bin=build/linux-release/bin
 data=build/bench-data
@@ -127,6 +136,43 @@ compareWithFloor() {
     done
 }
 
+# processorSeconds COMMAND...: what the whole process takes.
+processorSeconds() {
+    local TIMEFORMAT='%3U %3S'
+    { time "$@" >/dev/null; } 2>&1 | awk '{ print $1 + $2 }'
+}
+
+# importSeconds FILE JOB...: processor time of the first step, the import or reading, of all jobs.
+importSeconds() {
+    local file=$1 job
+    shift
+    for job in "$@"; do
+        "$bin/kvocaeio_bench_library" "$job" "$file" 0
+    done | awk '{ split($1, field, "="); sum += field[2] } END { print sum }'
+}
+
+compareInfo() {
+    local each format kind jobs file round info import
+    printf '\nkvocaeio info, %d elements, %d rounds\n' "$elements" "$rounds"
+    printf '%-11s %9s %9s %7s\n' file 'info s' 'import s' ratio
+    for each in "${infoCases[@]}"; do
+        read -r format kind jobs <<<"$each"
+        isChosen "$format" || continue
+        read -ra jobs <<<"$jobs"
+        file=$(input "$kind" "$elements")
+        info=()
+        import=()
+        for ((round = 0; round < rounds; ++round)); do
+            import+=("$(importSeconds "$file" "${jobs[@]}")")
+            info+=("$(processorSeconds "$bin/kvocaeio" info "$file")")
+        done
+        printf '%-11s %9.3f %9.3f %7.2f\n' "$kind" "$(printf '%s\n' "${info[@]}" | median)" \
+            "$(printf '%s\n' "${import[@]}" | median)" \
+            "$(paste <(printf '%s\n' "${info[@]}") <(printf '%s\n' "${import[@]}") |
+                awk '{ print $1 / $2 }' | median)"
+    done
+}
+
 compareSizes() {
     local each format kind job steps step size line library
     local -A floors
@@ -173,6 +219,7 @@ print(meshio.__version__, time.process_time() - start)'
 }
 
 compareWithFloor
+compareInfo
 [ -z "$scale" ] || compareSizes
 [ -z "$peers" ] || comparePeers
 [ -z "$parts" ] || "$bin/kvocaeio_bench"

@@ -3,7 +3,7 @@
 #
 # usage: scripts/setup.sh [build | test | fuzz | bench]...
 #   build  what the Linux build needs
-#   test   and what scripts/test.sh needs: clang, mingw-w64, Wine, a locale with a decimal comma
+#   test   and what scripts/test.sh needs: clang, mingw-w64, Wine, Python, a locale with a decimal comma
 #   fuzz   clang with libFuzzer
 #   bench  Google Benchmark
 # Without a word: all of them.
@@ -18,7 +18,7 @@ for part in "$@"; do
         build) ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev locales
-                g++-mingw-w64-x86-64-posix wine64)
+                g++-mingw-w64-x86-64-posix python3 wine64)
             locales+=(de_DE)
             ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;

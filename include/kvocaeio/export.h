@@ -1,4 +1,4 @@
-/// The macro that marks what leaves the shared library, and the version of the interface.
+/// The macro that marks the exported classes, and the version of the interface.
 #ifndef KVOCAEIO_EXPORT_H
 #define KVOCAEIO_EXPORT_H
 

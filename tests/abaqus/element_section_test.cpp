@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// What is printed and stored of a keyword line's two parameters, as "type|elset".
-std::string parametersOf(const std::string& keywordLine) {
+std::string elementParameters(const std::string& keywordLine) {
     ImportedDeck deck(keywordLine + "\n");
     const std::string part = deck.logOf(LogPart::kElements);
     const std::size_t type = part.find("TYPE = ") + 7;
@@ -30,56 +30,56 @@ std::vector<Section> sectionsOf(const std::string& deck) {
 }
 
 TEST(ElementParameters, EitherOrder) {
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=S3, ELSET=A"), "S3|A");
-    EXPECT_EQ(parametersOf("*ELEMENT, ELSET=A, TYPE=S3"), "S3|A");
-    EXPECT_EQ(parametersOf("*ELEMENT,FILE=x,ELSET=A,INPUT=y,TYPE=S3"), "S3|A");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=S3, ELSET=A"), "S3|A");
+    EXPECT_EQ(elementParameters("*ELEMENT, ELSET=A, TYPE=S3"), "S3|A");
+    EXPECT_EQ(elementParameters("*ELEMENT,FILE=x,ELSET=A,INPUT=y,TYPE=S3"), "S3|A");
 }
 
 TEST(ElementParameters, AreStoredInUpperCase) {
-    EXPECT_EQ(parametersOf("*Element, type=c3d8r, elset=Rib-left_1"), "C3D8R|RIB-LEFT_1");
+    EXPECT_EQ(elementParameters("*Element, type=c3d8r, elset=Rib-left_1"), "C3D8R|RIB-LEFT_1");
 }
 
 TEST(ElementParameters, AbsentOnesAreEmpty) {
-    EXPECT_EQ(parametersOf("*ELEMENT"), "|");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=S3"), "S3|");
-    EXPECT_EQ(parametersOf("*ELEMENT, ELSET=A"), "|A");
+    EXPECT_EQ(elementParameters("*ELEMENT"), "|");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=S3"), "S3|");
+    EXPECT_EQ(elementParameters("*ELEMENT, ELSET=A"), "|A");
 }
 
 TEST(ElementParameters, ANameWithoutValueIsEmpty) {
-    EXPECT_EQ(parametersOf("*ELEMENT, ELSET=A, TYPE"), "|A");
-    EXPECT_EQ(parametersOf("*ELEMENT, ELSET=A, TYPE="), "|A");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=S3, ELSET"), "S3|");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=S3, ELSET=,,"), "S3|");
+    EXPECT_EQ(elementParameters("*ELEMENT, ELSET=A, TYPE"), "|A");
+    EXPECT_EQ(elementParameters("*ELEMENT, ELSET=A, TYPE="), "|A");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=S3, ELSET"), "S3|");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=S3, ELSET=,,"), "S3|");
 }
 
 TEST(ElementParameters, AValueKeepsItsBlanks) {
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE= S3, ELSET=TOP SIDE "), " S3|TOP SIDE ");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=S3 , ELSET=  A"), "S3 |  A");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE= S3, ELSET=TOP SIDE "), " S3|TOP SIDE ");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=S3 , ELSET=  A"), "S3 |  A");
 }
 
 TEST(ElementParameters, ABlankBeforeTheEqualsSignIsTheValue) {
     // The first blank ends the name; the rest up to the equals sign is the value.
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE  =S3"), " |");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE =S3, ELSET =A"), "S3|A");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE  =S3"), " |");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE =S3, ELSET =A"), "S3|A");
 }
 
 TEST(ElementParameters, AMissingValueTakesTheNextWord) {
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=,ELSET=A"), "ELSET|A");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE, S3"), " S3|");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=,ELSET=A"), "ELSET|A");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE, S3"), " S3|");
 }
 
 TEST(ElementParameters, AValueThatEqualsANameIsTakenForIt) {
-    EXPECT_EQ(parametersOf("*ELEMENT, ELSET=TYPE, TYPE=S3"), " TYPE|TYPE");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=ELSET, ELSET=A"), "ELSET| ELSET");
+    EXPECT_EQ(elementParameters("*ELEMENT, ELSET=TYPE, TYPE=S3"), " TYPE|TYPE");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=ELSET, ELSET=A"), "ELSET| ELSET");
 }
 
 TEST(ElementParameters, TheFirstOfTwoCounts) {
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=S3, TYPE=S4, ELSET=A, ELSET=B"), "S3|A");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=S3, TYPE=S4, ELSET=A, ELSET=B"), "S3|A");
 }
 
 TEST(ElementParameters, NamesMustBeWholeWords) {
-    EXPECT_EQ(parametersOf("*ELEMENT, XTYPE=S3, ELSETS=A"), "|");
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE\t=S3, \tELSET=A"), "|");
+    EXPECT_EQ(elementParameters("*ELEMENT, XTYPE=S3, ELSETS=A"), "|");
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE\t=S3, \tELSET=A"), "|");
 }
 
 TEST(ElementParameters, ALongNameIsCutTo79CharactersInTheRecordOnly) {
@@ -88,7 +88,7 @@ TEST(ElementParameters, ALongNameIsCutTo79CharactersInTheRecordOnly) {
     EXPECT_EQ(sectionsOf("*ELEMENT, TYPE=S3, ELSET=" + name79 + "M\n")[0].elset, name79);
     const std::string name480(480, 'N');
     EXPECT_EQ(sectionsOf("*ELEMENT, TYPE=S3, ELSET=" + name480 + "\n")[0].elset, name79);
-    EXPECT_EQ(parametersOf("*ELEMENT, TYPE=S3, ELSET=" + name480), "S3|" + name480);
+    EXPECT_EQ(elementParameters("*ELEMENT, TYPE=S3, ELSET=" + name480), "S3|" + name480);
 }
 
 TEST(ElementSection, OneLinePerElement) {

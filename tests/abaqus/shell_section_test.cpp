@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// What is stored of a keyword line's two parameters, as "material|elset".
-std::string parametersOf(const std::string& keywordLine) {
+std::string shellParameters(const std::string& keywordLine) {
     const std::string part = ImportedDeck(keywordLine + "\n").logOf(LogPart::kShells);
     const std::size_t material = part.find("material = ") + 11;
     const std::size_t elset = part.find(" , elset = ");
@@ -64,25 +64,25 @@ TEST(ShellSection, TheVariableIsZeroAtTheStartOfEachSection) {
 }
 
 TEST(ShellSection, ParametersInEitherOrder) {
-    EXPECT_EQ(parametersOf("*SHELL SECTION, MATERIAL=STEEL, ELSET=A"), "STEEL|A");
-    EXPECT_EQ(parametersOf("*Shell Section, elset=a, offset=0, material=steel"), "STEEL|A");
+    EXPECT_EQ(shellParameters("*SHELL SECTION, MATERIAL=STEEL, ELSET=A"), "STEEL|A");
+    EXPECT_EQ(shellParameters("*Shell Section, elset=a, offset=0, material=steel"), "STEEL|A");
 }
 
 TEST(ShellSection, ParameterValuesKeepTheirBlanks) {
-    EXPECT_EQ(parametersOf("*SHELL SECTION, MATERIAL= PC + ABS , ELSET=TOP SIDE "),
+    EXPECT_EQ(shellParameters("*SHELL SECTION, MATERIAL= PC + ABS , ELSET=TOP SIDE "),
               " PC + ABS |TOP SIDE ");
 }
 
 TEST(ShellSection, AbsentParametersAreEmpty) {
-    EXPECT_EQ(parametersOf("*SHELL SECTION, MATERIAL=STEEL"), "STEEL|");
-    EXPECT_EQ(parametersOf("*SHELL SECTION, ELSET=A, MATERIAL"), "|A");
-    EXPECT_EQ(parametersOf("*SHELL SECTION, ELSET=A, MATERIAL="), "|A");
-    EXPECT_EQ(parametersOf("*SHELL SECTION, MATERIAL=STEEL, ELSET"), "STEEL|");
+    EXPECT_EQ(shellParameters("*SHELL SECTION, MATERIAL=STEEL"), "STEEL|");
+    EXPECT_EQ(shellParameters("*SHELL SECTION, ELSET=A, MATERIAL"), "|A");
+    EXPECT_EQ(shellParameters("*SHELL SECTION, ELSET=A, MATERIAL="), "|A");
+    EXPECT_EQ(shellParameters("*SHELL SECTION, MATERIAL=STEEL, ELSET"), "STEEL|");
 }
 
 TEST(ShellSection, MaterialInsideAnotherWordIsEnoughToReadOn) {
-    EXPECT_EQ(parametersOf("*SHELL SECTION, ELSET=MATERIAL-1"), "|MATERIAL-1");
-    EXPECT_EQ(parametersOf("*SHELL SECTION, ELSET=A, XMATERIAL=B"), "|A");
+    EXPECT_EQ(shellParameters("*SHELL SECTION, ELSET=MATERIAL-1"), "|MATERIAL-1");
+    EXPECT_EQ(shellParameters("*SHELL SECTION, ELSET=A, XMATERIAL=B"), "|A");
 }
 
 TEST(ShellSection, WithoutMaterialTheReadingEnds) {
@@ -108,7 +108,7 @@ TEST(ShellSection, ALongNameIsCutTo79CharactersInTheRecordOnly) {
     const std::string name(200, 'N');
     ImportedDeck deck("*SHELL SECTION, MATERIAL=M, ELSET=" + name + "\n1\n");
     EXPECT_THAT(deck.shellSections(), ElementsAre(ShellThickness{std::string(79, 'N'), 1.0}));
-    EXPECT_EQ(parametersOf("*SHELL SECTION, MATERIAL=M, ELSET=" + name), "M|" + name);
+    EXPECT_EQ(shellParameters("*SHELL SECTION, MATERIAL=M, ELSET=" + name), "M|" + name);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-/// Fuzz target: any bytes as a Nastran deck, read twice and asked for all that came of it.
+/// Fuzz target: any bytes as a Nastran deck, read twice, asked for all that came of it, and held
+/// against imports by other roads.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -7,6 +8,7 @@
 #include <string_view>
 
 #include "fuzz/long_numbers.h"
+#include "nastran/twin_imports.h"
 #include "support/files.h"
 #include <kvocaeio/nastran.h>
 
@@ -52,6 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     KVONASTRAN_Reader reader;
     const bool read = reader.SetFilePath(path.c_str());
     if (read != (reader.GetNodeCout() > 0 && reader.GetElemCout() > 0))
+        std::abort();
+    if (!kvocaeio::test::differenceToTwins(reader, read, path.c_str()).empty())
         std::abort();
     if (!read)
         return 0;

@@ -13,6 +13,7 @@ set(expected
     include/kvocaeio/nastran.h
     include/kvocaeio/package.h
     include/kvocaeio/patran.h
+    include/kvocaeio/version.h
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfigVersion.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig-${config}.cmake
@@ -28,7 +29,7 @@ if(SYSTEM STREQUAL Windows)
 else()
     set(name kvocaeio-0.1.0-linux-x86_64)
     set(archive ${folder}/${name}.tar.gz)
-    list(APPEND expected bin/kvocaeio ${LIB}/libKVOCAEIO.so ${LIB}/libKVOCAEIO.so.0 ${LIB}/libKVOCAEIO.so.0.1.0)
+    list(APPEND expected bin/kvocaeio ${LIB}/libKVOCAEIO.so ${LIB}/libKVOCAEIO.so.0.1 ${LIB}/libKVOCAEIO.so.0.1.0)
 endif()
 
 execute_process(COMMAND ${CMAKE_COMMAND} -E tar tf ${archive}

@@ -1,6 +1,6 @@
-# Reads the built library's tables: it hands out the exported classes' members and nothing else, it
-# needs nothing beyond the standard library, and its code calls nothing that a guest in the host's
-# process must not call.
+# Reads the built library's tables: it hands out the exported classes' members and the functions of
+# the C interface and nothing else, it needs nothing beyond the standard library, and its code calls
+# nothing that a guest in the host's process must not call.
 #
 # LIBRARY, OBJECTS: the library and the object files that it is made of. SANITIZERS: those
 # that are built in, if any. NM, OBJDUMP, CXXFILT: the toolchain's programs.
@@ -38,7 +38,7 @@ if(LIBRARY MATCHES "\\.dll$")
     string(REGEX REPLACE ".*\\[Ordinal/Name Pointer\\] Table" "" exportTable "${headers}")
     names(exported "${exportTable}" "\t\\[ *[0-9]+\\] ")
     names(needed "${headers}" "DLL Name: ")
-    set(system KERNEL32.dll msvcrt.dll)
+    set(system KERNEL32.dll msvcrt.dll ADVAPI32.dll)  # the last for the stack guard's random value
 else()
     run(dynamic ${NM} --dynamic --defined-only ${LIBRARY})
     names(exported "${dynamic}" "[0-9a-f]+ [A-Za-z] ")
@@ -47,8 +47,8 @@ else()
     if(SANITIZERS)
         list(FILTER needed EXCLUDE REGEX "^lib(asan|ubsan)\\.so")
     endif()
-    if(NOT headers MATCHES "SONAME +libKVOCAEIO\\.so\\.0\n")
-        message(SEND_ERROR "The shared library's soname is not libKVOCAEIO.so.0")
+    if(NOT headers MATCHES "SONAME +libKVOCAEIO\\.so\\.0\\.1\n")
+        message(SEND_ERROR "The shared library's soname is not libKVOCAEIO.so.0.1")
     endif()
 endif()
 

@@ -17,8 +17,8 @@ using SectionRowOfThree = std::array<int, 3>;
 
 /// A deck that is read as it is made.
 struct ReadDeck {
-    explicit ReadDeck(std::string_view text)
-        : result(reader.SetFilePath(folder.write("deck.nas", text).c_str())) {}
+    explicit ReadDeck(std::string_view content)
+        : result(reader.SetFilePath(folder.write("deck.nas", content).c_str())) {}
 
     NodeRow node(int oid) { return row<NodeRow>(reader.GetNodeVector(), oid); }
     ElementRow element(int oid) { return row<ElementRow>(reader.GetElemVector(), oid); }

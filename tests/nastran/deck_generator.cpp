@@ -45,6 +45,120 @@ std::string DeckGenerator::deck() {
     return deck;
 }
 
+std::string DeckGenerator::nearlyPlainDeck() {
+    std::string deck =
+        "GRID           2       0     0.5    1.25     -3.\n"
+        "CTETRA         2       1       1       2       3       4\n";
+    for (std::size_t cards = 1 + random_.below(15); cards > 0; --cards)
+        for (const std::string& line : nearlyPlainCard())
+            deck += line;
+    return deck;
+}
+
+std::vector<std::string> DeckGenerator::nearlyPlainCard() {
+    std::vector<std::string> lines = plainCard();
+    for (std::string& line : lines) {
+        if (random_.oneIn(3))
+            spoil(line);
+        if (!random_.oneIn(60))
+            line += random_.oneIn(20) ? "\r\n" : "\n";
+    }
+    return lines;
+}
+
+std::string DeckGenerator::nearlyPlainField() {
+    constexpr const char* kFields[] = {
+        "",      "0",    "00000007", "1234567890", "12345678", "-1",   "+5",   "1.5-3", "1.5+3",
+        "1.E-3", "-.5",  ".",        "-",          "-.",       "1..2", "1 2",  "5.",    "-0.",
+        "-0",    "0.0",  ".25",      "9999.999",   "-9999999", "1e2",  "1.5-", "--1",   "- 1",
+        "1.-2",  "1\t2", "\t7",      "7\t",        "7\r",      "A",    "EL",   "0EL",   "G",
+        "1,2",   "1+2",  "010",      "0.",         "-.0",      "00",   "c",    "1.d0",  "0x1"};
+    const std::size_t kind = random_.below(8);
+    std::string field = kind == 0  ? oneOf(kFields)
+                        : kind < 3 ? real()
+                                   : std::to_string(1 + random_.below(kind == 3 ? 99999999 : 40));
+    // Right in the field, left in it, or somewhere.
+    field.resize(std::min<std::size_t>(field.size(), random_.oneIn(200) ? 9 : 8));
+    const std::size_t room = field.size() < 8 ? 8 - field.size() : 0;
+    const std::size_t before = rightAligned_      ? room
+                               : random_.oneIn(4) ? random_.below(room + 1)
+                                                  : 0;
+    return std::string(before, ' ') + field + std::string(room - before, ' ');
+}
+
+// Without line ends.
+std::vector<std::string> DeckGenerator::plainCard() {
+    constexpr const char* kNames[] = {"GRID    ", "GRID    ", "GRID    ", "CTETRA  ", "CPENTA  ",
+                                      "CBAR    ", "CROD    ", "CTUBE   ", "CBEAM   ", "CHEXA   ",
+                                      "CHEXA   ", "CHEXA   ", "CHEXA   ", "CQUAD4  ", "CQUAD8  ",
+                                      "CTRIA3  ", "CSHEAR  ", "PSOLID  ", "PSHELL  ", "PBAR    ",
+                                      "FORCE   ", "+       ", "CHEXA",    "$ CHEXA ", "        "};
+    constexpr const char* kTails[] = {
+        "",         "",         "",  "+",  "+       ", "        ", "+EL1    ", "+EL12345", "*",
+        "       +", "+000001 ", ",", "+G", " ",        "  7",      "+      0", "+12"};
+    constexpr const char* kFronts[] = {"+       ", "+       ", "        ", "+EL1    ", "+,",
+                                       ",",        "",         "       ",  "       ,", "*       ",
+                                       "+  ,",     "\t",       "+0000001", "34"};
+    std::string line = oneOf(kNames);
+    const std::size_t most = line[1] == 'H' || line[2] == 'H' ? 8 : 9;
+    const bool isGrid = line[0] == 'G';
+    std::size_t fields = isGrid ? 5 : random_.oneIn(4) ? random_.below(most + 1) : most - 1;
+    if (most == 8 && !random_.oneIn(8))
+        fields = 8;
+    for (std::size_t i = 0; i < fields; ++i) {
+        if (random_.oneIn(6)) {
+            line += nearlyPlainField();
+            continue;
+        }
+        const std::string plain = isGrid && i > 1   ? std::to_string(random_.below(99)) + ".5"
+                                  : isGrid && i > 0 ? ""
+                                                    : std::to_string(1 + random_.below(40));
+        line += placed(plain, 8);
+    }
+    line += oneOf(kTails);
+    std::vector<std::string> lines{line};
+    if (most == 8 && !random_.oneIn(6)) {
+        std::string next = oneOf(kFronts);
+        for (std::size_t i = random_.oneIn(4) ? random_.below(4) : 2; i > 0; --i)
+            next += random_.oneIn(4) ? nearlyPlainField() : placed(id(), 8);
+        lines.push_back(next);
+    }
+    return lines;
+}
+
+// One change, small enough that a hasty look may miss it.
+void DeckGenerator::spoil(std::string& line) {
+    constexpr const char* kNames[] = {"GRID",  "CBAR",  "CHEXA", "CQUAD8", "PSOLID", "CTUB-",
+                                      "PBEAM", "CTRIA", "PTUB-", "GRI",    "CHEX"};
+    const std::size_t at = random_.below(line.size() + 1);
+    switch (random_.below(8)) {
+        case 0:
+            line.insert(at, 1, "\0\t\r $"[random_.below(5)]);
+            break;
+        case 1:
+            if (at < line.size())
+                line.erase(at, 1);
+            break;
+        case 2: {
+            const std::string name = oneOf(kNames);
+            line.replace(at, std::min(name.size(), line.size() - at), name);
+            break;
+        }
+        case 3: {  // about the ends of the fields, of the columns, of the longest line
+            constexpr std::size_t kEnds[] = {8, 16, 24, 48, 72, 80, 254};
+            const std::size_t wanted = kEnds[random_.below(7)] + random_.below(5) - 2;
+            line.resize(wanted, " 0,+"[random_.below(4)]);
+            break;
+        }
+        case 4:
+            line.resize(at);
+            break;
+        default:
+            if (at < line.size())
+                line[at] = "\0\t\r 0.-+,$*eEGLx9\x80\xFF"[random_.below(19)];
+    }
+}
+
 std::vector<std::string> DeckGenerator::card() {
     switch (random_.below(12)) {
         case 0:
@@ -108,10 +222,10 @@ void DeckGenerator::mutate(std::string& line) {
 }
 
 std::string DeckGenerator::junk() {
-    std::string text;
+    std::string characters;
     for (std::size_t count = random_.below(random_.oneIn(4) ? 300 : 90); count > 0; --count)
-        text += "          0000,,+--.eEELL12\n\tAx"[random_.below(31)];
-    return text;
+        characters += "          0000,,+--.eEELL12\n\tAx"[random_.below(31)];
+    return characters;
 }
 
 std::string DeckGenerator::id() {

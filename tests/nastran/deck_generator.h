@@ -16,6 +16,10 @@ class DeckGenerator {
     explicit DeckGenerator(std::uint64_t seed);
 
     std::string deck();
+    /// A deck of fixed fields most of which are plain, with cards that stop short of that by a
+    /// character, a field, a length or a name.
+    std::string nearlyPlainDeck();
+    std::vector<std::string> nearlyPlainCard();
     /// The lines of one card, each with its line feed.
     std::vector<std::string> card();
     /// Changes a few characters of a line.
@@ -26,6 +30,9 @@ class DeckGenerator {
   private:
     enum class Layout { kFixed, kCommas, kBlanks, kLarge };
 
+    std::string nearlyPlainField();
+    std::vector<std::string> plainCard();
+    void spoil(std::string& line);
     std::string id();
     std::string real();
     std::string nodeId();

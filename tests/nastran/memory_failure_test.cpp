@@ -105,9 +105,9 @@ TEST_F(MemoryFailure, OfAWriterGivesFalseAndLeaksNothing) {
         ASSERT_EQ(outstanding, before) << "after " << failures << " allocations";
         ASSERT_LT(failures, 1000);
     }
-    const std::string text = readText(deckPath);
-    EXPECT_NE(text.find("CHEXA  ,      1,      1,      1"), std::string::npos);
-    EXPECT_TRUE(text.ends_with(kFooter));
+    const std::string content = readText(deckPath);
+    EXPECT_NE(content.find("CHEXA  ,      1,      1,      1"), std::string::npos);
+    EXPECT_TRUE(content.ends_with(kFooter));
 }
 
 }  // namespace

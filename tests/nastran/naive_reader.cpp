@@ -10,13 +10,13 @@
 namespace kvocaeio::test {
 namespace {
 
-bool holds(const std::string& text, const char* word) {
-    return text.find(word) != std::string::npos;
+bool holds(const std::string& characters, const char* word) {
+    return characters.find(word) != std::string::npos;
 }
 
-bool holdsOneOf(const std::string& text, std::initializer_list<const char*> words) {
+bool holdsOneOf(const std::string& characters, std::initializer_list<const char*> words) {
     return std::any_of(words.begin(), words.end(),
-                       [&](const char* word) { return holds(text, word); });
+                       [&](const char* word) { return holds(characters, word); });
 }
 
 // What a conversion to int gives on the x64 machines that the decks are read on.
@@ -46,18 +46,20 @@ LargestIds scanIdentifiers(const std::string& bytes) {
     for (std::string line; lines.next(line);) {
         if (!line.empty() && line[0] == '$')
             continue;
-        const std::string text = fixExponent(splitFields(fillBlankFields(expandSeparators(line))));
-        std::string word(text.size() + 1, '\0');
-        if (holds(text, "GRID")) {
+        const std::string characters =
+            fixExponent(splitFields(fillBlankFields(expandSeparators(line))));
+        std::string word(characters.size() + 1, '\0');
+        if (holds(characters, "GRID")) {
             int id = 0;
-            if (std::sscanf(text.c_str(), "%s%d", word.data(), &id) == 2)
+            if (std::sscanf(characters.c_str(), "%s%d", word.data(), &id) == 2)
                 largest.node = std::max(largest.node, id);
         }
-        if (holdsOneOf(text, {"CROD", "CTUBE", "CBAR", "CBEAM", "CQUAD", "CTRIA", "CSHEAR",
-                              "CTETRA", "CPENTA", "CHEXA"})) {
+        if (holdsOneOf(characters, {"CROD", "CTUBE", "CBAR", "CBEAM", "CQUAD", "CTRIA", "CSHEAR",
+                                    "CTETRA", "CPENTA", "CHEXA"})) {
             int id = 0;
             int property = 0;
-            const int count = std::sscanf(text.c_str(), "%s%d%d", word.data(), &id, &property);
+            const int count =
+                std::sscanf(characters.c_str(), "%s%d%d", word.data(), &id, &property);
             if (count >= 2)
                 largest.elem = std::max(largest.elem, id);
             if (count == 3)
@@ -123,16 +125,16 @@ void readElements(const std::string& bytes, NaiveDeck& deck) {
 
 }  // namespace
 
-std::string padLine(std::string text) {
-    for (std::size_t i; (i = text.find('\n')) != std::string::npos;)
-        text.replace(i, 1, i < 72 ? 72 - i : 0, ' ');
-    return text;
+std::string padLine(std::string characters) {
+    for (std::size_t i; (i = characters.find('\n')) != std::string::npos;)
+        characters.replace(i, 1, i < 72 ? 72 - i : 0, ' ');
+    return characters;
 }
 
-std::string expandSeparators(const std::string& text) {
+std::string expandSeparators(const std::string& characters) {
     std::string out;
-    out.reserve(2 * text.size());
-    for (const char c : text)
+    out.reserve(2 * characters.size());
+    for (const char c : characters)
         if (c == ',' || c == '+')
             out.append(8, ' ');
         else
@@ -140,56 +142,57 @@ std::string expandSeparators(const std::string& text) {
     return out;
 }
 
-std::string fillBlankFields(const std::string& text) {
+std::string fillBlankFields(const std::string& characters) {
     std::string out;
-    out.reserve(text.size() + 8);
-    for (std::size_t i = 0; i < text.size(); i += 8) {
-        const std::string group = text.substr(i, 8);
+    out.reserve(characters.size() + 8);
+    for (std::size_t i = 0; i < characters.size(); i += 8) {
+        const std::string group = characters.substr(i, 8);
         out += group.find_first_not_of(' ') == std::string::npos ? "       0" : group;
     }
     return out;
 }
 
-std::string splitFields(const std::string& text) {
+std::string splitFields(const std::string& characters) {
     std::string out;
-    out.reserve(2 * text.size());
-    for (std::size_t i = 0; i < text.size(); i += 8) {
-        out.append(text, i, 8);
-        if (i + 8 <= text.size())
+    out.reserve(2 * characters.size());
+    for (std::size_t i = 0; i < characters.size(); i += 8) {
+        out.append(characters, i, 8);
+        if (i + 8 <= characters.size())
             out += ' ';
     }
     return out;
 }
 
-std::string fixExponent(const std::string& text) {
+std::string fixExponent(const std::string& characters) {
     std::string out;
-    out.reserve(2 * text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool sign = text[i] == '+' || text[i] == '-';
-        if (sign && i > 0 && text[i - 1] != ' ' && text[i - 1] != 'e' && text[i - 1] != 'E')
+    out.reserve(2 * characters.size());
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        const bool sign = characters[i] == '+' || characters[i] == '-';
+        if (sign && i > 0 && characters[i - 1] != ' ' && characters[i - 1] != 'e' &&
+            characters[i - 1] != 'E')
             out += 'E';
-        out += text[i];
+        out += characters[i];
     }
     return out;
 }
 
-std::string clearHexFiller(std::string text) {
+std::string clearHexFiller(std::string characters) {
     bool kept = false;
     const auto keepOrClear = [&](char& c) {
         if (kept)
             c = ' ';
         kept = true;
     };
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '0' && i > 0 && text[i - 1] == ' ') {
-            keepOrClear(text[i]);
-        } else if (text.compare(i, 2, "EL") == 0) {
-            keepOrClear(text[i]);
-            for (std::size_t k = i + 1; k < text.size() && k < i + 17; ++k)
-                text[k] = ' ';
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        if (characters[i] == '0' && i > 0 && characters[i - 1] == ' ') {
+            keepOrClear(characters[i]);
+        } else if (characters.compare(i, 2, "EL") == 0) {
+            keepOrClear(characters[i]);
+            for (std::size_t k = i + 1; k < characters.size() && k < i + 17; ++k)
+                characters[k] = ' ';
         }
     }
-    return text;
+    return characters;
 }
 
 std::string continuationOf(const std::string& line) {
@@ -208,62 +211,64 @@ bool takesNextLine(const std::string& line) {
 int naiveParse(const std::string& card, NaiveNumbers& numbers) {
     if (!card.empty() && card[0] == '$')
         return 1;
-    std::string text = fixExponent(splitFields(fillBlankFields(expandSeparators(padLine(card)))));
-    std::string word(text.size() + 1, '\0');
+    std::string characters =
+        fixExponent(splitFields(fillBlankFields(expandSeparators(padLine(card)))));
+    std::string word(characters.size() + 1, '\0');
     char* const s = word.data();
     auto& i = numbers.ints;
     auto& f = numbers.floats;
     auto& d = numbers.doubles;
-    if (holds(text, "GRID")) {
-        std::sscanf(text.c_str(), "%s%d%d%lf%lf%lf", s, &i[0], &i[1], &d[0], &d[1], &d[2]);
+    if (holds(characters, "GRID")) {
+        std::sscanf(characters.c_str(), "%s%d%d%lf%lf%lf", s, &i[0], &i[1], &d[0], &d[1], &d[2]);
         return 101;
     }
-    if (holdsOneOf(text, {"CROD", "CTUBE", "CBAR", "CBEAM"})) {
-        std::sscanf(text.c_str(), "%s%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3]);
+    if (holdsOneOf(characters, {"CROD", "CTUBE", "CBAR", "CBEAM"})) {
+        std::sscanf(characters.c_str(), "%s%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3]);
         return 1001;
     }
-    if (holds(text, "CTETRA")) {
-        std::sscanf(text.c_str(), "%s%d%d%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3], &i[4], &i[5]);
+    if (holds(characters, "CTETRA")) {
+        std::sscanf(characters.c_str(), "%s%d%d%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3], &i[4],
+                    &i[5]);
         return 1301;
     }
-    if (holds(text, "CPENTA")) {
-        std::sscanf(text.c_str(), "%s%d%d%d%d%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3], &i[4], &i[5],
-                    &i[6], &i[7]);
+    if (holds(characters, "CPENTA")) {
+        std::sscanf(characters.c_str(), "%s%d%d%d%d%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3], &i[4],
+                    &i[5], &i[6], &i[7]);
         return 1321;
     }
-    if (holds(text, "CHEXA")) {
-        text = clearHexFiller(text);
-        std::sscanf(text.c_str(), "%s%d%d%d%d%d%d%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3], &i[4],
-                    &i[5], &i[6], &i[7], &i[8], &i[9]);
+    if (holds(characters, "CHEXA")) {
+        characters = clearHexFiller(characters);
+        std::sscanf(characters.c_str(), "%s%d%d%d%d%d%d%d%d%d%d", s, &i[0], &i[1], &i[2], &i[3],
+                    &i[4], &i[5], &i[6], &i[7], &i[8], &i[9]);
         return 1331;
     }
-    if (holds(text, "PROD")) {
-        std::sscanf(text.c_str(), "%s%d%d%f%f", s, &i[0], &i[1], &f[0], &f[1]);
+    if (holds(characters, "PROD")) {
+        std::sscanf(characters.c_str(), "%s%d%d%f%f", s, &i[0], &i[1], &f[0], &f[1]);
         f[0] = equivalentDiameter(f[0]);
         return 2001;
     }
-    if (holds(text, "PTUBE")) {
-        std::sscanf(text.c_str(), "%s%d%d%f%f", s, &i[0], &i[1], &f[0], &f[1]);
+    if (holds(characters, "PTUBE")) {
+        std::sscanf(characters.c_str(), "%s%d%d%f%f", s, &i[0], &i[1], &f[0], &f[1]);
         f[0] = static_cast<float>(static_cast<double>(f[0]) * 2.0);
         return 2001;
     }
-    if (holds(text, "PBAR")) {
-        std::sscanf(text.c_str(), "%s%d%d%f%f%f", s, &i[0], &i[1], &f[0], &f[1], &f[2]);
+    if (holds(characters, "PBAR")) {
+        std::sscanf(characters.c_str(), "%s%d%d%f%f%f", s, &i[0], &i[1], &f[0], &f[1], &f[2]);
         f[0] = equivalentDiameter(f[0]);
         return 2001;
     }
-    if (holds(text, "PBEAM")) {
-        std::sscanf(text.c_str(), "%s%d%d%f%f%f%f%f", s, &i[0], &i[1], &f[0], &f[1], &f[2], &f[3],
-                    &f[4]);
+    if (holds(characters, "PBEAM")) {
+        std::sscanf(characters.c_str(), "%s%d%d%f%f%f%f%f", s, &i[0], &i[1], &f[0], &f[1], &f[2],
+                    &f[3], &f[4]);
         f[0] = equivalentDiameter(f[0]);
         return 2001;
     }
-    if (holdsOneOf(text, {"PSHELL", "PSHEAR"})) {
-        std::sscanf(text.c_str(), "%s%d%d%f", s, &i[0], &i[1], &f[0]);
+    if (holdsOneOf(characters, {"PSHELL", "PSHEAR"})) {
+        std::sscanf(characters.c_str(), "%s%d%d%f", s, &i[0], &i[1], &f[0]);
         return 2005;
     }
-    if (holds(text, "PSOLID")) {
-        std::sscanf(text.c_str(), "%s%d%d%f", s, &i[0], &i[1], &f[0]);
+    if (holds(characters, "PSOLID")) {
+        std::sscanf(characters.c_str(), "%s%d%d%f", s, &i[0], &i[1], &f[0]);
         return 2301;
     }
     return 1;

@@ -10,12 +10,12 @@
 namespace kvocaeio::test {
 
 // The steps that bring a card's text to words parted by blanks.
-std::string padLine(std::string text);
-std::string expandSeparators(const std::string& text);
-std::string fillBlankFields(const std::string& text);
-std::string splitFields(const std::string& text);
-std::string fixExponent(const std::string& text);
-std::string clearHexFiller(std::string text);
+std::string padLine(std::string characters);
+std::string expandSeparators(const std::string& characters);
+std::string fillBlankFields(const std::string& characters);
+std::string splitFields(const std::string& characters);
+std::string fixExponent(const std::string& characters);
+std::string clearHexFiller(std::string characters);
 
 /// `line` as it stands behind the first line of a card.
 std::string continuationOf(const std::string& line);

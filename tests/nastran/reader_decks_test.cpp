@@ -12,9 +12,9 @@ const std::string kHexa =
     "CHEXA          7       1     101     102     103     104     105     106";
 
 // The `CHEXA` 7 of a deck: its first line, then what follows it, byte for byte.
-ElementRow hexaOf(const std::string& text) {
-    ReadDeck deck(kGrid + text);
-    EXPECT_TRUE(deck.result) << text;
+ElementRow hexaOf(const std::string& cards) {
+    ReadDeck deck(kGrid + cards);
+    EXPECT_TRUE(deck.result) << cards;
     return deck.result ? deck.element(7) : kNoElement;
 }
 
@@ -175,6 +175,7 @@ TEST(Continuation, ThatIsShortStaysAsItIs) {
     EXPECT_EQ(hexaOf(kHexa + "\n1234567\n"), (ElementRow{7, 101, 102, 103, 104, 105, 106, 0, 0}));
     EXPECT_EQ(hexaOf(kHexa + "\n1234567"),
               (ElementRow{7, 101, 102, 103, 104, 105, 106, 1234567, 0}));
+    EXPECT_EQ(hexaOf(kHexa + "+12\n34\n"), (ElementRow{7, 101, 102, 103, 104, 105, 106, 0, 1234}));
     EXPECT_EQ(hexaOf(kHexa + "\n"
                              "\n"),
               (ElementRow{7, 101, 102, 103, 104, 105, 106, 0, 0}));

@@ -11,9 +11,9 @@ namespace kvocaeio::test {
 namespace {
 
 // Reads a deck against the clock, with all that the accessors give.
-bool readsInTime(const std::string& text, int& nodes, int& sections) {
+bool readsInTime(const std::string& content, int& nodes, int& sections) {
     const TimeLimit limit;
-    ReadDeck deck(text);
+    ReadDeck deck(content);
     nodes = deck.reader.GetNodeCout();
     sections = deck.reader.GetSectionCout();
     deck.reader.GetPropertiesCout();
@@ -22,7 +22,7 @@ bool readsInTime(const std::string& text, int& nodes, int& sections) {
 
 struct Nasty {
     const char* name;
-    std::string text;
+    std::string content;
 };
 
 std::vector<Nasty> nastyTexts() {
@@ -52,11 +52,11 @@ TEST(HostileDeck, IsReadOrRefusedInTime) {
         SCOPED_TRACE(nasty.name);
         int nodes = 0;
         int sections = 0;
-        readsInTime(nasty.text, nodes, sections);
+        readsInTime(nasty.content, nodes, sections);
         // The sound cards stand in lines of their own behind it.
-        const bool ends = nasty.text.find('\x1A') != std::string::npos;
-        EXPECT_EQ(readsInTime(nasty.text + "\n\n" + kGrid + kTetra, nodes, sections), !ends);
-        EXPECT_TRUE(readsInTime(kGrid + kTetra + nasty.text, nodes, sections));
+        const bool ends = nasty.content.find('\x1A') != std::string::npos;
+        EXPECT_EQ(readsInTime(nasty.content + "\n\n" + kGrid + kTetra, nodes, sections), !ends);
+        EXPECT_TRUE(readsInTime(kGrid + kTetra + nasty.content, nodes, sections));
         EXPECT_EQ(nodes, 1);
     }
 }

@@ -17,12 +17,12 @@ static_assert(std::has_virtual_destructor_v<KVONASTRAN_Writer>);
 
 void expectNoDeck(KVONASTRAN_Writer& writer) {
     std::array<int, 8> nodes{1, 2, 3, 4, 5, 6, 7, 8};
-    char text[] = "text\n";
+    char content[] = "text\n";
     EXPECT_FALSE(writer.AddNode(1, 0, 0, 0));
     EXPECT_FALSE(writer.AddSection(1, 1));
     for (const int count : {4, 5, 6, 8})
         EXPECT_FALSE(writer.AddElement(1, 1, count, nodes.data()));
-    EXPECT_FALSE(writer.WriteStringEntry(text));
+    EXPECT_FALSE(writer.WriteStringEntry(content));
     EXPECT_FALSE(writer.EndWriting());
 }
 
@@ -30,10 +30,10 @@ void expectNoDeck(KVONASTRAN_Writer& writer) {
 std::string dateNow() {
     const std::time_t now = std::time(nullptr);
     const std::tm* const t = std::localtime(&now);
-    char text[50];
-    std::snprintf(text, sizeof text, "%02d/%02d/%02d  %02d:%02d:%02d", t->tm_mon + 1, t->tm_mday,
-                  t->tm_year % 100, t->tm_hour, t->tm_min, t->tm_sec);
-    return text;
+    char content[50];
+    std::snprintf(content, sizeof content, "%02d/%02d/%02d  %02d:%02d:%02d", t->tm_mon + 1,
+                  t->tm_mday, t->tm_year % 100, t->tm_hour, t->tm_min, t->tm_sec);
+    return content;
 }
 
 TEST(WrittenDecks, TellTheLocalTime) {

@@ -57,9 +57,9 @@ TEST(WrittenDecks, WithCardsOfAllKinds) {
 
 TEST(WrittenDecks, HaveThePlatformsLineEnds) {
     WrittenDeck deck;
-    char text[] = "one\ntwo\n";
+    char content[] = "one\ntwo\n";
     EXPECT_TRUE(deck.writer.AddNode(1, 0, 0, 0));
-    EXPECT_TRUE(deck.writer.WriteStringEntry(text));
+    EXPECT_TRUE(deck.writer.WriteStringEntry(content));
     EXPECT_TRUE(deck.writer.EndWriting());
     const std::string bytes = readBytes(deck.path);
     std::size_t lineFeeds = 0, carriageReturns = 0;

@@ -62,19 +62,19 @@ inline std::string headerOf(const std::string& unit, const std::string& module,
 inline const std::string kHeader = headerOf("mm", "N/mm^2", "T/mm^3");
 
 // The text of a deck with its 18 characters of date replaced by "DATE", checked to be ones.
-inline std::string withoutDate(std::string text) {
+inline std::string withoutDate(std::string content) {
     constexpr std::size_t kLength = 18;
     const std::string prefix = "$ Date: ";
-    const std::size_t start = text.find(prefix) + prefix.size();
-    if (text.find(prefix) == std::string::npos || text.size() < start + kLength)
-        return text;
+    const std::size_t start = content.find(prefix) + prefix.size();
+    if (content.find(prefix) == std::string::npos || content.size() < start + kLength)
+        return content;
     const std::string pattern = "dd/dd/dd  dd:dd:dd";
     for (std::size_t i = 0; i < kLength; ++i) {
-        const char c = text[start + i];
+        const char c = content[start + i];
         if (pattern[i] == 'd' ? c < '0' || c > '9' : c != pattern[i])
-            return text;
+            return content;
     }
-    return text.replace(start, kLength, "DATE");
+    return content.replace(start, kLength, "DATE");
 }
 
 /// A writer at work on a deck.

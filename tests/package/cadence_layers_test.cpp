@@ -7,7 +7,7 @@ namespace kvocaeio::test {
 namespace {
 
 /// The outcome of an .mcm design with a substrate, a die and these layers.
-std::string mcm(const std::string& rows, const std::string& unit = "MM") {
+std::string layered(const std::string& rows, const std::string& unit = "MM") {
     return imported(symbols("a.mcm", kSubstrateRow + kDieRow, unit), layers("a.mcm", rows));
 }
 
@@ -23,28 +23,28 @@ const std::string k10Mils = heights("0.127", "0.254", "0.254", "0");
 const std::string k20Mils = heights("0.254", "0.508", "0.508", "0");
 
 TEST(CadenceLayers, TheSubstrateReachesFromTheFirstConductorToTheSecond) {
-    EXPECT_EQ(mcm(layer("CONDUCTOR", "1 MIL") + layer("DIELECTRIC", "1 MIL") +
-                  layer("CONDUCTOR", "1 MIL") + layer("DIELECTRIC", "1 MIL") +
-                  layer("CONDUCTOR", "1 MIL")),
+    EXPECT_EQ(layered(layer("CONDUCTOR", "1 MIL") + layer("DIELECTRIC", "1 MIL") +
+                      layer("CONDUCTOR", "1 MIL") + layer("DIELECTRIC", "1 MIL") +
+                      layer("CONDUCTOR", "1 MIL")),
               heights("0.0381", "0.0762", "0.0762", "0"));
-    EXPECT_EQ(mcm(layer("PLANE", "90 MIL") + layer("CONDUCTOR", "4 MIL") +
-                  layer("CONDUCTOR", "6 MIL") + layer("CONDUCTOR", "50 MIL")),
+    EXPECT_EQ(layered(layer("PLANE", "90 MIL") + layer("CONDUCTOR", "4 MIL") +
+                      layer("CONDUCTOR", "6 MIL") + layer("CONDUCTOR", "50 MIL")),
               k10Mils);
-    EXPECT_EQ(mcm(layer("Conductor", "4 MIL") + layer("conductor", "6 MIL") +
-                  layer("DIELECTRIC", "1 MIL")),
+    EXPECT_EQ(layered(layer("Conductor", "4 MIL") + layer("conductor", "6 MIL") +
+                      layer("DIELECTRIC", "1 MIL")),
               k10Mils)
         << "in any case";
 }
 
 TEST(CadenceLayers, WithOneConductorItReachesToTheEnd) {
-    EXPECT_EQ(mcm(layer("X", "5 MIL") + layer("CONDUCTOR", "1 MIL") + layer("", "2 MIL") +
-                  layer("CONDUCTORS", "3 MIL") + layer(" CONDUCTOR", "4 MIL")),
+    EXPECT_EQ(layered(layer("X", "5 MIL") + layer("CONDUCTOR", "1 MIL") + layer("", "2 MIL") +
+                      layer("CONDUCTORS", "3 MIL") + layer(" CONDUCTOR", "4 MIL")),
               k10Mils);
 }
 
 TEST(CadenceLayers, WithoutConductorThereIsNoHeight) {
-    EXPECT_EQ(mcm(layer("DIELECTRIC", "5 MIL") + layer("CONDUCTOR1", "5 MIL")), kNoHeight);
-    EXPECT_EQ(mcm(""), kNoHeight);
+    EXPECT_EQ(layered(layer("DIELECTRIC", "5 MIL") + layer("CONDUCTOR1", "5 MIL")), kNoHeight);
+    EXPECT_EQ(layered(""), kNoHeight);
 }
 
 TEST(CadenceLayers, AirRightBeforeTheFirstConductorCounts) {
@@ -52,32 +52,33 @@ TEST(CadenceLayers, AirRightBeforeTheFirstConductorCounts) {
         layer("CONDUCTOR", "1 MIL") + layer("DIELECTRIC", "1 MIL") + layer("CONDUCTOR", "1 MIL");
     const std::string k5Mils = heights("0.0635", "0.127", "0.127", "0");
     const std::string k3Mils = heights("0.0381", "0.0762", "0.0762", "0");
-    EXPECT_EQ(mcm(layer("SURFACE", "2 MIL", "AIR") + rest), k5Mils);
-    EXPECT_EQ(mcm(layer("X", "9 MIL", "AIR") + layer("", "2 MIL", "AIR") + rest), k5Mils)
+    EXPECT_EQ(layered(layer("SURFACE", "2 MIL", "AIR") + rest), k5Mils);
+    EXPECT_EQ(layered(layer("X", "9 MIL", "AIR") + layer("", "2 MIL", "AIR") + rest), k5Mils)
         << "one layer of it";
-    EXPECT_EQ(mcm(layer("SURFACE", "2 MIL", "AIR") + layer("X", "9 MIL") + rest), k3Mils);
+    EXPECT_EQ(layered(layer("SURFACE", "2 MIL", "AIR") + layer("X", "9 MIL") + rest), k3Mils);
     for (const char* material : {"air", "Air", "AIR ", " AIR", "AIR1", "AI", ""})
-        EXPECT_EQ(mcm(layer("SURFACE", "2 MIL", material) + rest), k3Mils) << material;
-    EXPECT_EQ(mcm(layer("SURFACE", "2", "AIR") + rest), k3Mils) << "no value";
-    EXPECT_EQ(mcm(rest + layer("SURFACE", "2 MIL", "AIR")), k3Mils);
-    EXPECT_EQ(mcm(layer("CONDUCTOR", "2 MIL", "AIR") + layer("CONDUCTOR", "3 MIL", "AIR")), k5Mils)
+        EXPECT_EQ(layered(layer("SURFACE", "2 MIL", material) + rest), k3Mils) << material;
+    EXPECT_EQ(layered(layer("SURFACE", "2", "AIR") + rest), k3Mils) << "no value";
+    EXPECT_EQ(layered(rest + layer("SURFACE", "2 MIL", "AIR")), k3Mils);
+    EXPECT_EQ(layered(layer("CONDUCTOR", "2 MIL", "AIR") + layer("CONDUCTOR", "3 MIL", "AIR")),
+              k5Mils)
         << "no look back from the first row, nor from the second conductor";
 }
 
 TEST(CadenceLayers, DieStackRowsBeforeTheFirstConductorAreTheDie) {
+    EXPECT_EQ(layered(layer("DIESTACK", "4 MIL") + layer("Diestack", "6 MIL") +
+                      layer("CONDUCTOR", "5 MIL") + layer("CONDUCTOR", "5 MIL") +
+                      layer("DIESTACK", "7 MIL")),
+              heights("0.127", "0.254", "0.381", "0.254"));
     EXPECT_EQ(
-        mcm(layer("DIESTACK", "4 MIL") + layer("Diestack", "6 MIL") + layer("CONDUCTOR", "5 MIL") +
-            layer("CONDUCTOR", "5 MIL") + layer("DIESTACK", "7 MIL")),
-        heights("0.127", "0.254", "0.381", "0.254"));
-    EXPECT_EQ(
-        mcm(layer("DIESTACK", "10 MIL") + layer("DIESTACKS", "3 MIL") + layer("DIESTACK", "9")),
+        layered(layer("DIESTACK", "10 MIL") + layer("DIESTACKS", "3 MIL") + layer("DIESTACK", "9")),
         heights("0", "0", "0.127", "0.254"))
         << "without a conductor";
-    EXPECT_EQ(
-        mcm(layer("CONDUCTOR", "1 MIL") + layer("DIESTACK", "4 MIL") + layer("CONDUCTOR", "5 MIL")),
-        k10Mils)
+    EXPECT_EQ(layered(layer("CONDUCTOR", "1 MIL") + layer("DIESTACK", "4 MIL") +
+                      layer("CONDUCTOR", "5 MIL")),
+              k10Mils)
         << "behind it they are the substrate's";
-    EXPECT_EQ(mcm(layer("DIESTACK", "10 MIL", "AIR") + layer("CONDUCTOR", "10 MIL")),
+    EXPECT_EQ(layered(layer("DIESTACK", "10 MIL", "AIR") + layer("CONDUCTOR", "10 MIL")),
               heights("0.254", "0.508", "0.635", "0.254"))
         << "of air, right before it, they are both";
 }
@@ -114,12 +115,12 @@ TEST(CadenceLayers, AThicknessIsTwoWordsAndTheFirstIsMils) {
     for (const char* cell :
          {"10 MIL", "10 mil", "10 MM", "10 x", " \t10\v\f MIL", "10 MIL of it all", "1e1 MIL",
           "1E1\tMIL", "10mm MIL", "+10. 10", "10 \rMIL"})
-        EXPECT_EQ(mcm(layer("CONDUCTOR", cell)), k10Mils) << cell;
+        EXPECT_EQ(layered(layer("CONDUCTOR", cell)), k10Mils) << cell;
     for (const char* cell :
          {"10", "10MIL", "10 ", " 10 ", "", " ", "\t", "x MIL", "MIL 10", "- 10"})
-        EXPECT_EQ(mcm(layer("CONDUCTOR", cell)), kNoHeight) << cell;
-    EXPECT_EQ(mcm(layer("CONDUCTOR", "1.5 MM")), heights("0.01905", "0.0381", "0.0381", "0"));
-    EXPECT_EQ(mcm(layer("CONDUCTOR", "-10 MIL")), heights("-0.127", "-0.254", "-0.254", "0"));
+        EXPECT_EQ(layered(layer("CONDUCTOR", cell)), kNoHeight) << cell;
+    EXPECT_EQ(layered(layer("CONDUCTOR", "1.5 MM")), heights("0.01905", "0.0381", "0.0381", "0"));
+    EXPECT_EQ(layered(layer("CONDUCTOR", "-10 MIL")), heights("-0.127", "-0.254", "-0.254", "0"));
 }
 
 TEST(CadenceLayers, TheUnitOfTheReportsDoesNotMatter) {
@@ -130,23 +131,25 @@ TEST(CadenceLayers, TheUnitOfTheReportsDoesNotMatter) {
 
 TEST(CadenceLayers, ASecondConductorWithoutValueEndsAtTheNextValue) {
     const std::string start = layer("CONDUCTOR", "1 MIL") + layer("X", "2 MIL");
-    EXPECT_EQ(mcm(start + layer("CONDUCTOR", "50") + layer("X", "7 MIL") + layer("X", "90 MIL")),
+    EXPECT_EQ(
+        layered(start + layer("CONDUCTOR", "50") + layer("X", "7 MIL") + layer("X", "90 MIL")),
+        k10Mils);
+    EXPECT_EQ(layered(start + layer("CONDUCTOR", "") + layer("X", "8") +
+                      layer("CONDUCTOR", "7 MIL") + layer("CONDUCTOR", "90 MIL")),
               k10Mils);
-    EXPECT_EQ(mcm(start + layer("CONDUCTOR", "") + layer("X", "8") + layer("CONDUCTOR", "7 MIL") +
-                  layer("CONDUCTOR", "90 MIL")),
-              k10Mils);
-    EXPECT_EQ(mcm(start + layer("CONDUCTOR", "y MIL") + layer("X", "7 MIL")),
+    EXPECT_EQ(layered(start + layer("CONDUCTOR", "y MIL") + layer("X", "7 MIL")),
               heights("0.0381", "0.0762", "0.0762", "0"))
         << "two words are a value, be it 0";
-    EXPECT_EQ(mcm(layer("CONDUCTOR", "") + layer("X", "") + layer("CONDUCTOR", "10 MIL") +
-                  layer("X", "90 MIL")),
+    EXPECT_EQ(layered(layer("CONDUCTOR", "") + layer("X", "") + layer("CONDUCTOR", "10 MIL") +
+                      layer("X", "90 MIL")),
               k10Mils)
         << "the first may have none";
 }
 
 TEST(CadenceLayers, RowsAreTakenInTheOrderOfTheFile) {
-    EXPECT_EQ(mcm("S!3!S!CONDUCTOR!X!4 MIL!\nS!2!S!CONDUCTOR!X!6 MIL!\nS!1!S!CONDUCTOR!X!9 MIL!\n"),
-              k10Mils);
+    EXPECT_EQ(
+        layered("S!3!S!CONDUCTOR!X!4 MIL!\nS!2!S!CONDUCTOR!X!6 MIL!\nS!1!S!CONDUCTOR!X!9 MIL!\n"),
+        k10Mils);
     EXPECT_EQ(imported(symbols("a.mcm", kSubstrateRow + kDieRow),
                        "A!LAYER_thickness!layer_material!X!Layer_Type!LAYER_SUBCLASS!layer_sort!\n"
                        "J!!\nS!10 MIL!AIR!!X!!!\nS!10 MIL!!!CONDUCTOR!!!\n"),

@@ -9,7 +9,7 @@
 
 namespace kvocaeio::test {
 
-struct NaiveBody {
+struct NaiveComponent {
     int type = 0;
     std::string name;
     double center[3] = {};
@@ -28,7 +28,7 @@ class NaiveCadence {
     /// where the layer report has no job.
     bool import(const std::filesystem::path& folder);
 
-    std::optional<std::vector<NaiveBody>> components;
+    std::optional<std::vector<NaiveComponent>> components;
 
   private:
     bool readReport(const std::filesystem::path& path, NaiveReport& report);

@@ -12,12 +12,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<std::string> bodiesOf(const std::string& geometries) {
-    Package package(kTables + geometries);
-    EXPECT_EQ(package.result, "true");
-    return bodies(package.reader);
-}
-
 /// The head of a die named D, from 0 to 1 in z.
 const std::string kHead = "GEOM\nNAME D\nOBJECT 1\nLAYER 2\nCOLOR 1\nEXTR 0 0 1\n";
 const std::string kSquare = "2DPG 4\n0 0 2 0 2 2 0 2\n";
@@ -30,14 +24,14 @@ const std::string kNextMade = "NEXT: centre -2 -2 1.5, size 2 2 1, colour 167444
 
 TEST(GeometryBlock, BeginsAtALineThatHoldsGeom) {
     for (const char* line : {"GEOM", "geom", "GEOM 12", "XGEOMX", "a GEOM", "GEOMETRY"}) {
-        std::string text = kDie;
-        text.replace(0, 4, line);
-        EXPECT_THAT(bodiesOf(text), ElementsAre(kDieMade)) << line;
+        std::string content = kDie;
+        content.replace(0, 4, line);
+        EXPECT_THAT(bodiesOf(content), ElementsAre(kDieMade)) << line;
     }
     for (const char* line : {"", "####", "GEO", "GEOMETRIES", "GEOM GEOMETRIES"}) {
-        std::string text = kDie;
-        text.replace(0, 4, line);
-        EXPECT_THAT(bodiesOf(text), IsEmpty()) << line;
+        std::string content = kDie;
+        content.replace(0, 4, line);
+        EXPECT_THAT(bodiesOf(content), IsEmpty()) << line;
     }
 }
 

@@ -25,7 +25,7 @@ std::string outcomeOf(const Call& call) {
 }
 
 /// Writes the text to a file, imports that and removes it.
-std::string importText(CKVOCadenceReader& reader, std::string_view text);
+std::string importText(CKVOCadenceReader& reader, std::string_view content);
 
 /// A number with up to twelve digits; "nan" for any that is none.
 std::string numberText(double value);
@@ -50,7 +50,7 @@ std::string profileData(CKVOCadenceReader& reader, int profile);
 
 /// One file imported by a new reader.
 struct Package {
-    explicit Package(std::string_view text) : result(importText(reader, text)) {}
+    explicit Package(std::string_view content) : result(importText(reader, content)) {}
     Package(const Package&) = delete;
     Package& operator=(const Package&) = delete;
 
@@ -66,5 +66,10 @@ inline const std::string kNames =
     "TABLE LAYER\n1 OUTLINE\n2 TOP\n3 PACKAGE CAP\nTABLE END\n";
 /// All that stands before wire models and geometries.
 inline const std::string kTables = "3DI MM\n" + kColors + kNames;
+
+/// All bodies of a file of `tables` and then `geometries`; the import's result alone where it is
+/// not "true".
+std::vector<std::string> bodiesOf(const std::string& geometries,
+                                  const std::string& tables = kTables);
 
 }  // namespace kvocaeio::test

@@ -13,22 +13,21 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<std::string> wiresOf(const std::string& lines) {
-    Package package(kTables + lines);
-    EXPECT_EQ(package.result, "true");
-    return wires(package.reader);
+    Package loaded(kTables + lines);
+    EXPECT_EQ(loaded.result, "true");
+    return wires(loaded.reader);
 }
 
 /// Names of the wire models: the query sets the name also where no wire uses the model.
 std::vector<std::string> models(const std::string& lines) {
-    Package package(kTables + lines);
-    EXPECT_EQ(package.result, "true");
+    Package loaded(kTables + lines);
+    EXPECT_EQ(loaded.result, "true");
     std::vector<std::string> out;
     for (int profile = 1;; ++profile) {
         const char* name = nullptr;
         double diameter = 0.0;
         unsigned color = 0;
-        outcomeOf(
-            [&] { return package.reader.GetWireProfileData(profile, name, diameter, color); });
+        outcomeOf([&] { return loaded.reader.GetWireProfileData(profile, name, diameter, color); });
         if (name == nullptr)
             return out;
         out.emplace_back(name);
@@ -43,8 +42,8 @@ const std::string kPoints = "3DPL 2\n0 0 0 1 2 3\n";
 const std::string kEnd = "####\nGEOM\n";
 const std::string kMade = "profile 1, diameter 0.5: 0 0 0; 1 2 3";
 /// A wire behind the one in question, by which it shows in what state that left off.
-const std::string kNext = "COLOR 2\nWIRE_MODEL 2\nWIRE 4 1\n3DPL 1\n9 9 9\n####\nGEOM\n";
-const std::string kNextMade = "profile 2, diameter 4: 9 9 9";
+const std::string kNextWire = "COLOR 2\nWIRE_MODEL 2\nWIRE 4 1\n3DPL 1\n9 9 9\n####\nGEOM\n";
+const std::string kNextWireMade = "profile 2, diameter 4: 9 9 9";
 
 TEST(WireModels, AreTwoLinesEachBehindTheirHeading) {
     EXPECT_THAT(models("WIRE_MODELS\nWIRE_MODEL 1\nAU25 0.025 1 GOLD\nWIRE_MODEL 2\n"
@@ -100,15 +99,15 @@ TEST(Wire, IsStoredWithItsGroups) {
     EXPECT_THAT(wiresOf(kColor + kModel + kWire + kPoints + kEnd), ElementsAre(kMade));
     EXPECT_THAT(wiresOf("color 1\nwire_model 1\nwire .5 1\n3dpl 2\n0 0 0 1 2 3\n-\n-"),
                 ElementsAre(kMade));
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + kPoints + kEnd + kNext),
-                ElementsAre(kMade, kNextMade));
+    EXPECT_THAT(wiresOf(kColor + kModel + kWire + kPoints + kEnd + kNextWire),
+                ElementsAre(kMade, kNextWireMade));
 }
 
 TEST(Wire, AwaitingAColourOtherLinesAreSkipped) {
     for (const char* line :
          {"", "COLOR", "COLOR X", "COLORS 1", "XCOLOR 1", "#COLOR 1", "MY COLOR 1", "TABLE COLOR"})
-        EXPECT_THAT(wiresOf(std::string(line) + "\n" + kModel + kWire + kPoints + kEnd + kNext),
-                    ElementsAre(kNextMade))
+        EXPECT_THAT(wiresOf(std::string(line) + "\n" + kModel + kWire + kPoints + kEnd + kNextWire),
+                    ElementsAre(kNextWireMade))
             << line;
     for (const char* line : {"COLOR 1 X", "COLOR 1.5", " color +1", "C 1 COLOR", "COL -1 COLORS"})
         EXPECT_THAT(wiresOf(std::string(line) + "\n" + kModel + kWire + kPoints + kEnd),
@@ -127,8 +126,8 @@ TEST(Wire, AwaitingAModelOtherLinesAreSkipped) {
 TEST(Wire, AModelLineThatDoesNotMatchStartsAgain) {
     for (const char* line :
          {"WIRE_MODEL", "WIRE_MODEL X", "XWIRE_MODEL 1", "WIRE_MODELS", "WIRE_MODELS 1"}) {
-        EXPECT_THAT(wiresOf(kColor + line + "\n" + kModel + kWire + kPoints + kEnd + kNext),
-                    ElementsAre(kNextMade))
+        EXPECT_THAT(wiresOf(kColor + line + "\n" + kModel + kWire + kPoints + kEnd + kNextWire),
+                    ElementsAre(kNextWireMade))
             << line;
         EXPECT_THAT(wiresOf(kColor + line + "\n" + kColor + kModel + kWire + kPoints + kEnd),
                     ElementsAre(kMade))
@@ -147,8 +146,8 @@ TEST(Wire, AwaitingTheDiameterLinesWithoutWireAreSkipped) {
 TEST(Wire, AWireLineThatDoesNotMatchStartsAgain) {
     for (const char* line : {"WIRE", "WIRE 0.5", "WIRE X 1", "WIRE 0.5 X", "WIRES 0.5 1",
                              "XWIRE 0.5 1", "WIREBOND", "WIRE_MODEL 1", "WIRE_MODEL 1 1"}) {
-        EXPECT_THAT(wiresOf(kColor + kModel + line + "\n" + kWire + kPoints + kEnd + kNext),
-                    ElementsAre(kNextMade))
+        EXPECT_THAT(wiresOf(kColor + kModel + line + "\n" + kWire + kPoints + kEnd + kNextWire),
+                    ElementsAre(kNextWireMade))
             << line;
         EXPECT_THAT(
             wiresOf(kColor + kModel + line + "\n" + kColor + kModel + kWire + kPoints + kEnd),
@@ -160,8 +159,8 @@ TEST(Wire, AWireLineThatDoesNotMatchStartsAgain) {
 TEST(Wire, TheNextLineMustBeThePolyline) {
     for (const char* line : {"", "####", "3DPL", "3DPL X", "3DPLX 2", "X3DPL 2", "MY 3DPL 2",
                              "3DP 2", "WIRE 0.5 1", "COLOR 1"})
-        EXPECT_THAT(wiresOf(kColor + kModel + kWire + line + "\n" + kPoints + kEnd + kNext),
-                    ElementsAre(kNextMade))
+        EXPECT_THAT(wiresOf(kColor + kModel + kWire + line + "\n" + kPoints + kEnd + kNextWire),
+                    ElementsAre(kNextWireMade))
             << line;
     for (const char* line : {"3DPL 2 X", "3D 2 3DPL", "3 2 3DPL", " 3dpl\t+2.5"})
         EXPECT_THAT(wiresOf(kColor + kModel + kWire + line + "\n0 0 0 1 2 3\n" + kEnd),
@@ -184,18 +183,18 @@ TEST(Wire, ThirtyNumbersOfARowAreRead) {
         wiresOf(kColor + kModel + kWire + "3DPL 11\n" + nine + " 0 0 0 5 5 5 5\n8 8 8\n" + kEnd),
         ElementsAre("profile 1, diameter 0.5: 1 2 3; 4 5 6; 7 8 9; 1 2 3; 4 5 6; 7 8 9; "
                     "1 2 3; 4 5 6; 7 8 9; 0 0 0; 8 8 8"));
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 10\n" + nine + " 0 0\n" + kEnd + kNext),
-                ElementsAre(kNextMade));
+    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 10\n" + nine + " 0 0\n" + kEnd + kNextWire),
+                ElementsAre(kNextWireMade));
 }
 
 TEST(Wire, ALineThatIsNoRowDropsItWhilePointsAreMissing) {
     for (const char* line : {"", " \t", "1 2", "1 2 3 4", "1", "2DPG 4", "0 0 0 1 2 x"}) {
         EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 3\n0 0 0\n" + line + "\n1 2 3 4 5 6\n" +
-                            kEnd + kNext),
-                    ElementsAre(kNextMade))
+                            kEnd + kNextWire),
+                    ElementsAre(kNextWireMade))
             << line;
-        EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 1\n" + line + "\n" + kNext),
-                    ElementsAre(kNextMade))
+        EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 1\n" + line + "\n" + kNextWire),
+                    ElementsAre(kNextWireMade))
             << line;
     }
 }
@@ -210,32 +209,33 @@ TEST(Wire, NeedsTwoLinesBehindItsRows) {
 
 TEST(Wire, AColourOnThoseTwoLinesIsUsedUp) {
     const std::string start = kColor + kModel + kWire + kPoints;
-    EXPECT_THAT(wiresOf(start + kNext), ElementsAre(kMade));
-    EXPECT_THAT(wiresOf(start + "####\n" + kNext), ElementsAre(kMade));
-    EXPECT_THAT(wiresOf(start + "####\nGEOM\n" + kNext), ElementsAre(kMade, kNextMade));
+    EXPECT_THAT(wiresOf(start + kNextWire), ElementsAre(kMade));
+    EXPECT_THAT(wiresOf(start + "####\n" + kNextWire), ElementsAre(kMade));
+    EXPECT_THAT(wiresOf(start + "####\nGEOM\n" + kNextWire), ElementsAre(kMade, kNextWireMade));
 }
 
 TEST(Wire, TooManyPointsDropItAtTheNextLine) {
     const std::string start = kColor + kModel + kWire;
-    EXPECT_THAT(wiresOf(start + "3DPL 1\n0 0 0 1 2 3\n" + kEnd + kNext), ElementsAre(kNextMade));
-    EXPECT_THAT(wiresOf(start + "3DPL 1\n0 0 0 1 2 3\n" + kNext + kEnd), IsEmpty());
-    EXPECT_THAT(wiresOf(start + "3DPL 3\n0 0 0 1 2 3\n4 4 4 5 5 5\n-\n-\n-\n" + kNext),
-                ElementsAre(kNextMade));
+    EXPECT_THAT(wiresOf(start + "3DPL 1\n0 0 0 1 2 3\n" + kEnd + kNextWire),
+                ElementsAre(kNextWireMade));
+    EXPECT_THAT(wiresOf(start + "3DPL 1\n0 0 0 1 2 3\n" + kNextWire + kEnd), IsEmpty());
+    EXPECT_THAT(wiresOf(start + "3DPL 3\n0 0 0 1 2 3\n4 4 4 5 5 5\n-\n-\n-\n" + kNextWire),
+                ElementsAre(kNextWireMade));
 }
 
 TEST(Wire, ACountOfZeroIsAWireWithoutPoints) {
     const std::string start = kColor + kModel + kWire + "3DPL 0\n";
-    EXPECT_THAT(wiresOf(start + "-\n-\n" + kNext),
-                ElementsAre("profile 1, diameter 0.5:", kNextMade));
-    EXPECT_THAT(wiresOf(start + "1 2 3\n4 5 6\n" + kNext),
-                ElementsAre("profile 1, diameter 0.5:", kNextMade));
+    EXPECT_THAT(wiresOf(start + "-\n-\n" + kNextWire),
+                ElementsAre("profile 1, diameter 0.5:", kNextWireMade));
+    EXPECT_THAT(wiresOf(start + "1 2 3\n4 5 6\n" + kNextWire),
+                ElementsAre("profile 1, diameter 0.5:", kNextWireMade));
     EXPECT_THAT(wiresOf(start + "-\n"), IsEmpty());
 }
 
 TEST(Wire, ACountBelowZeroDropsItAtTheNextLine) {
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL -1\n1 2 3\n" + kNext),
-                ElementsAre(kNextMade));
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL -1\n" + kNext), IsEmpty());
+    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL -1\n1 2 3\n" + kNextWire),
+                ElementsAre(kNextWireMade));
+    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL -1\n" + kNextWire), IsEmpty());
 }
 
 TEST(Wire, MayHaveMoreThanTwentyPoints) {
@@ -245,22 +245,24 @@ TEST(Wire, MayHaveMoreThanTwentyPoints) {
         rows += point + (i % 5 == 4 ? "\n" : "");
         made += (i == 0 ? "" : ";") + point;
     }
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 25\n" + rows + kEnd + kNext),
-                ElementsAre(made, kNextMade));
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 26\n" + rows + kEnd + "\n" + kNext),
-                ElementsAre(kNextMade));
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 2147483647\n" + rows + kEnd + "\n" + kNext),
-                ElementsAre(kNextMade));
+    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 25\n" + rows + kEnd + kNextWire),
+                ElementsAre(made, kNextWireMade));
+    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 26\n" + rows + kEnd + "\n" + kNextWire),
+                ElementsAre(kNextWireMade));
+    EXPECT_THAT(
+        wiresOf(kColor + kModel + kWire + "3DPL 2147483647\n" + rows + kEnd + "\n" + kNextWire),
+        ElementsAre(kNextWireMade));
     // 23 announced, 25 there: the row that overruns is taken whole.
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 23\n" + rows + kEnd + kNext),
-                ElementsAre(kNextMade));
+    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 23\n" + rows + kEnd + kNextWire),
+                ElementsAre(kNextWireMade));
 }
 
 TEST(Wire, ARowThatOverrunsTwentyPointsDropsIt) {
     const std::string three = "1 1 1 2 2 2 3 3 3\n";
     const std::string eighteen = three + three + three + three + three + three;
-    EXPECT_THAT(wiresOf(kColor + kModel + kWire + "3DPL 20\n" + eighteen + three + kEnd + kNext),
-                ElementsAre(kNextMade));
+    EXPECT_THAT(
+        wiresOf(kColor + kModel + kWire + "3DPL 20\n" + eighteen + three + kEnd + kNextWire),
+        ElementsAre(kNextWireMade));
 }
 
 TEST(Wire, UnfinishedAtTheEndOfTheFileIsDropped) {
@@ -279,23 +281,23 @@ TEST(Wire, LengthsAreScaledToMillimetres) {
 }
 
 TEST(Wire, ProfileAndColourAreNotTestedWhenRead) {
-    Package package(kTables + "COLOR -7\nWIRE_MODEL -3\nWIRE -1 1\n3DPL 1\n1 1 1\n" + kEnd +
-                    "COLOR 2147483647\nWIRE_MODEL 2147483647\nWIRE 0 1\n3DPL 1\n2 2 2\n" + kEnd);
-    EXPECT_EQ(package.result, "true");
-    EXPECT_THAT(wires(package.reader), ElementsAre("profile -3, diameter -1: 1 1 1",
-                                                   "profile 2147483647, diameter 0: 2 2 2"));
-    EXPECT_EQ(package.reader.GetWireProfileCount(), 2147483647);
+    Package loaded(kTables + "COLOR -7\nWIRE_MODEL -3\nWIRE -1 1\n3DPL 1\n1 1 1\n" + kEnd +
+                   "COLOR 2147483647\nWIRE_MODEL 2147483647\nWIRE 0 1\n3DPL 1\n2 2 2\n" + kEnd);
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_THAT(wires(loaded.reader), ElementsAre("profile -3, diameter -1: 1 1 1",
+                                                  "profile 2147483647, diameter 0: 2 2 2"));
+    EXPECT_EQ(loaded.reader.GetWireProfileCount(), 2147483647);
 }
 
 TEST(Wire, TheHighestProfileCounts) {
-    EXPECT_EQ(Package(kTables + kNext + kColor + kModel + kWire + kPoints + kEnd)
+    EXPECT_EQ(Package(kTables + kNextWire + kColor + kModel + kWire + kPoints + kEnd)
                   .reader.GetWireProfileCount(),
               2);
     EXPECT_EQ(Package(kTables + kColor + "WIRE_MODEL -3\n" + kWire + kPoints + kEnd)
                   .reader.GetWireProfileCount(),
               0);
     // A wire that is dropped does not count.
-    EXPECT_EQ(Package(kTables + kColor + "WIRE_MODEL 9\n" + kWire + "3DPL 1\n\n" + kNext)
+    EXPECT_EQ(Package(kTables + kColor + "WIRE_MODEL 9\n" + kWire + "3DPL 1\n\n" + kNextWire)
                   .reader.GetWireProfileCount(),
               2);
 }

@@ -17,14 +17,6 @@ using testing::IsEmpty;
 
 using Corners = std::array<int, 4>;
 
-/// Nodes of the ids 1 ... 10, at (id, 0, 0).
-std::string tenNodes() {
-    std::string file;
-    for (int id = 1; id <= 10; ++id)
-        file += node(id, id, 0, 0);
-    return file;
-}
-
 /// The one element of a file with properties, which names the property `pid`.
 ElementData elementWithProperty(int propertyCount, const std::string& properties, int pid) {
     const BridgeMesh mesh(summary(10, 1, propertyCount) + properties + tenNodes() +

@@ -16,13 +16,6 @@ using testing::IsEmpty;
 
 using Slots = std::array<int, 8>;
 
-std::string tenNodes() {
-    std::string file;
-    for (int id = 1; id <= 10; ++id)
-        file += node(id, id, 0, 0);
-    return file;
-}
-
 TEST(PatranReader, NodesStandInFileOrderWhateverTheirIds) {
     const FlatMesh mesh(summary(3, 0, 6) + node(30, 1, 2, 3) + node(10, -4, 5.5, 1e10) +
                         node(20, 7, 8, 9) + endOfFile());

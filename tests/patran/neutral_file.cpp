@@ -63,6 +63,13 @@ std::string node(int id, double x, double y, double z) {
     return header(1, id, 0, 2) + reals({x, y, z}) + "1G       6       0       0  000000\n";
 }
 
+std::string tenNodes() {
+    std::string file;
+    for (int id = 1; id <= 10; ++id)
+        file += node(id, id, 0, 0);
+    return file;
+}
+
 std::string element(int id, int shape, int property, const std::vector<int>& nodes) {
     return header(2, id, shape, 2) + integers({static_cast<int>(nodes.size()), 0, property}) +
            integers(nodes);

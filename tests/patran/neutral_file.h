@@ -22,6 +22,8 @@ std::string integers(const std::vector<int>& values);
 std::string reals(const std::vector<double>& values);
 /// Packet 1 with its two data cards.
 std::string node(int id, double x, double y, double z);
+/// Nodes of the ids 1 ... 10, at (id, 0, 0).
+std::string tenNodes();
 /// Packet 2 with its two data cards.
 std::string element(int id, int shape, int property, const std::vector<int>& nodes);
 /// Packet 4 with its data card.

@@ -21,7 +21,7 @@ constexpr int kMeshes = 300;
 #else
 constexpr int kMeshes = 3000;
 #endif
-constexpr std::uint64_t kFirstSeed = 20241103;
+constexpr std::uint64_t kFirstMeshSeed = 20241103;
 
 struct Element {
     int nodes[8] = {};
@@ -170,7 +170,7 @@ TEST(PatranWriterDifferential, RandomMeshesAreWrittenAlike) {
     TempFolder folder;
     std::size_t bytes = 0;
     for (int m = 0; m < kMeshes; ++m) {
-        const std::uint64_t seed = kFirstSeed + static_cast<std::uint64_t>(m);
+        const std::uint64_t seed = kFirstMeshSeed + static_cast<std::uint64_t>(m);
         CKVO_PATWriter_Bridge writer;
         NaiveWriter naive;
         RandomMesh(seed).write(writer, naive);

@@ -1,7 +1,9 @@
 /// The place of a finding in its file, and a host that follows a pass and stops it.
 #include "text/pass_lines.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,20 +14,25 @@
 namespace kvocaeio::text {
 namespace {
 
-enum class Kind { kNoted, kCut };
-constexpr std::array kKinds{FindingKind{"test.noted", "it is noted"},
-                            FindingKind{"test.cut", "the line is cut"}};
-constexpr std::size_t kNoted = 0;
-constexpr std::size_t kCut = 1;
+enum class LineKind { kNoted, kCut };
+constexpr std::array kLineKinds{FindingKind{"test.noted", "it is noted"},
+                                FindingKind{"test.cut", "the line is cut"}};
 
 class PassLinesTest : public testing::Test {
   protected:
     PassLines linesOf(std::string_view content, std::size_t bound, LineMode mode) {
         file_ = openFile(folder_.write("file", content).c_str(), "rb");
-        return {file_.get(), bound, mode, listener_, Kind::kCut};
+        return {file_.get(), bound, mode, listener_, LineKind::kCut};
     }
 
-    Findings findings_{kKinds};
+    std::size_t countOf(LineKind kind) const {
+        return findings_.count(static_cast<std::size_t>(kind));
+    }
+    std::span<const FindingPlace> placesOf(LineKind kind) const {
+        return findings_.places(static_cast<std::size_t>(kind));
+    }
+
+    Findings findings_{kLineKinds};
     Watch watch_;
     Listener listener_{&findings_, nullptr};
 
@@ -38,39 +45,39 @@ TEST_F(PassLinesTest, NotesALineByItsNumber) {
     PassLines lines = linesOf("a\n\nbad\r\nc", 80, LineMode::kText);
     while (lines.next())
         if (lines.line() == "bad\n" || lines.line() == "c")
-            lines.note(Kind::kNoted);
-    ASSERT_EQ(findings_.count(kNoted), 2u);
-    EXPECT_EQ(findings_.places(kNoted)[0].line, 3u);
-    EXPECT_EQ(findings_.places(kNoted)[0].column, 0u);
-    EXPECT_EQ(findings_.places(kNoted)[0].text(), "bad");
-    EXPECT_EQ(findings_.places(kNoted)[1].line, 4u);
+            lines.note(LineKind::kNoted);
+    ASSERT_EQ(countOf(LineKind::kNoted), 2u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].line, 3u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].column, 0u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].text(), "bad");
+    EXPECT_EQ(placesOf(LineKind::kNoted)[1].line, 4u);
 }
 
 TEST_F(PassLinesTest, NotesAFieldByItsColumn) {
     PassLines lines = linesOf("first\n1, x, 3\n", 80, LineMode::kBinary);
     lines.next();
     lines.next();
-    lines.note(Kind::kNoted, lines.line().substr(3, 1));
+    lines.note(LineKind::kNoted, lines.line().substr(3, 1));
     const std::string other = "x";
-    lines.note(Kind::kNoted, other);
-    EXPECT_EQ(findings_.places(kNoted)[0].line, 2u);
-    EXPECT_EQ(findings_.places(kNoted)[0].column, 4u);
-    EXPECT_EQ(findings_.places(kNoted)[0].text(), "x");
-    EXPECT_EQ(findings_.places(kNoted)[1].column, 0u);
+    lines.note(LineKind::kNoted, other);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].line, 2u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].column, 4u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].text(), "x");
+    EXPECT_EQ(placesOf(LineKind::kNoted)[1].column, 0u);
 }
 
 TEST_F(PassLinesTest, CountsColumnsOfTheFileAcrossPiecesOfALine) {
     PassLines lines = linesOf("abcdefg\nhi\n", 4, LineMode::kBinary);
     lines.next();  // abc
     lines.next();  // def
-    lines.note(Kind::kNoted, lines.line().substr(1, 1));
+    lines.note(LineKind::kNoted, lines.line().substr(1, 1));
     lines.next();  // g
     lines.next();  // hi
-    lines.note(Kind::kNoted, lines.line().substr(1, 1));
-    EXPECT_EQ(findings_.places(kNoted)[0].line, 1u);
-    EXPECT_EQ(findings_.places(kNoted)[0].column, 5u);
-    EXPECT_EQ(findings_.places(kNoted)[1].line, 2u);
-    EXPECT_EQ(findings_.places(kNoted)[1].column, 2u);
+    lines.note(LineKind::kNoted, lines.line().substr(1, 1));
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].line, 1u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].column, 5u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[1].line, 2u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[1].column, 2u);
 }
 
 TEST_F(PassLinesTest, NotesEachPieceThatIsCutOnce) {
@@ -79,10 +86,22 @@ TEST_F(PassLinesTest, NotesEachPieceThatIsCutOnce) {
     lines.giveBack();
     while (lines.next()) {
     }
-    ASSERT_EQ(findings_.count(kCut), 2u);
-    EXPECT_EQ(findings_.places(kCut)[0].text(), "abc");
-    EXPECT_EQ(findings_.places(kCut)[1].text(), "def");
-    EXPECT_EQ(findings_.places(kCut)[1].line, 1u);
+    ASSERT_EQ(countOf(LineKind::kCut), 2u);
+    EXPECT_EQ(placesOf(LineKind::kCut)[0].text(), "abc");
+    EXPECT_EQ(placesOf(LineKind::kCut)[1].text(), "def");
+    EXPECT_EQ(placesOf(LineKind::kCut)[1].line, 1u);
+}
+
+TEST_F(PassLinesTest, NotesAPieceThatIsCutAndHasWhatIsSought) {
+    PassLines lines = linesOf("abcdefg\nwxyz\nw\n", 4, LineMode::kBinary);
+    const auto find = [](const char* first, const char* last) {
+        return std::find(first, last, 'w');
+    };
+    while (lines.nextWith(find)) {
+    }
+    ASSERT_EQ(countOf(LineKind::kCut), 1u);
+    EXPECT_EQ(placesOf(LineKind::kCut)[0].line, 2u);
+    EXPECT_EQ(placesOf(LineKind::kCut)[0].text(), "wxy");
 }
 
 TEST_F(PassLinesTest, CountsLinesAcrossManyBlocksAndSkippedLines) {
@@ -95,19 +114,19 @@ TEST_F(PassLinesTest, CountsLinesAcrossManyBlocksAndSkippedLines) {
         return std::find(first, last, 'w');
     };
     while (lines.nextWith(find))
-        lines.note(Kind::kNoted);
-    ASSERT_EQ(findings_.count(kNoted), 4u);
-    EXPECT_EQ(findings_.places(kNoted)[0].line, 50'000u);
-    EXPECT_EQ(findings_.places(kNoted)[3].line, 200'000u);
+        lines.note(LineKind::kNoted);
+    ASSERT_EQ(countOf(LineKind::kNoted), 4u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].line, 50'000u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[3].line, 200'000u);
 }
 
 TEST_F(PassLinesTest, NotesNothingWhereNobodyListens) {
     listener_ = Listener{&findings_, nullptr}.withoutFindings();
     PassLines lines = linesOf("abcdefg\n", 4, LineMode::kBinary);
     while (lines.next())
-        lines.note(Kind::kNoted);
-    EXPECT_EQ(findings_.count(kNoted), 0u);
-    EXPECT_EQ(findings_.count(kCut), 0u);
+        lines.note(LineKind::kNoted);
+    EXPECT_EQ(countOf(LineKind::kNoted), 0u);
+    EXPECT_EQ(countOf(LineKind::kCut), 0u);
 }
 
 TEST_F(PassLinesTest, TellsAHostHowFarItIsOncePerBlock) {

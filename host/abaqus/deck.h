@@ -1,0 +1,29 @@
+/// An Abaqus deck, imported and normalised as far as it can be.
+#pragma once
+
+#include <string>
+
+#include "abaqus/tables.h"
+#include "platform.h"
+#include <kvocaeio/abaqus.h>
+
+namespace kvocaeio::host {
+
+class AbaqusDeck {
+  public:
+    /// Reads the deck at `path`. The library's progress lines go to `progress`. Throws `FileError`
+    /// where there is nothing to report.
+    AbaqusDeck(const std::string& path, PrintTarget progress);
+    AbaqusDeck(const AbaqusDeck&) = delete;  // `tables` points into the reader
+    AbaqusDeck& operator=(const AbaqusDeck&) = delete;
+
+    DeckTables tables;
+    double importSeconds = 0.0;
+    double normalisationSeconds = 0.0;
+    std::string sortFailure;  ///< why there is no normalised mesh; empty when there is one
+
+  private:
+    CKVOAbaqusReader reader_;
+};
+
+}  // namespace kvocaeio::host

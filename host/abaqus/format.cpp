@@ -1,0 +1,35 @@
+/// Abaqus input decks: how they are told from other files, and how they are read.
+#include "abaqus/format.h"
+
+#include <array>
+
+#include "abaqus/deck.h"
+#include "abaqus/report.h"
+#include "abaqus/solids.h"
+#include "file_head.h"
+
+namespace kvocaeio::host {
+
+namespace {
+
+constexpr std::array<std::string_view, 1> kExtensions = {".inp"};
+
+// A file without any of them holds nothing that the reader takes in.
+constexpr std::array<std::string_view, 6> kKeywords = {"*NODE",    "*ELEMENT", "*ELSET",
+                                                       "*SURFACE", "*DLOAD",   "*SHELL SECTION"};
+
+bool recognises(std::string_view head) {
+    return anyLine(head, [](std::string_view line) {
+        return contains(kKeywords, upperCase(trimmed(line.substr(0, line.find(',')))));
+    });
+}
+
+std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
+    return std::make_unique<AbaqusReport>(AbaqusDeck(path, progress));
+}
+
+}  // namespace
+
+const Format kAbaqusFormat = {"Abaqus input deck", kExtensions, recognises, read, takeAbaqusSolids};
+
+}  // namespace kvocaeio::host

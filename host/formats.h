@@ -1,0 +1,36 @@
+/// The formats that the host knows, and how it tells them apart.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "file_report.h"
+#include "platform.h"
+
+namespace kvocaeio::host {
+
+struct SolidMesh;
+
+/// One format: each has a folder of its own that defines one of these, and a row in the table of
+/// formats.cpp.
+struct Format {
+    std::string_view name;
+    std::span<const std::string_view> extensions;  ///< with the point, in lower case
+    /// Whether `head`, the first part of a file, can only be of this format.
+    bool (*recognises)(std::string_view head);
+    /// Reads the file through the library. The library's progress lines go to `progress`.
+    std::unique_ptr<FileReport> (*read)(const std::string& path, PrintTarget progress);
+    /// The file's solids, for `convert`; null where the format is not converted.
+    SolidMesh (*takeSolids)(const std::string& path, PrintTarget progress);
+};
+
+/// The end of a file's name from its last point on, in lower case.
+std::string extensionOf(const std::string& path);
+
+/// The format of the file at `path`, told by its content, else by its extension. Throws `FileError`
+/// when the file cannot be read or is of no known format.
+const Format& findFormat(const std::string& path);
+
+}  // namespace kvocaeio::host

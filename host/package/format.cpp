@@ -1,0 +1,58 @@
+/// 3DI package files: how they are told from other files, and how they are read.
+#include "package/format.h"
+
+#include <array>
+#include <stdexcept>
+
+#include "file_head.h"
+#include "package/report.h"
+#include "timed.h"
+#include <kvocaeio/package.h>
+
+namespace kvocaeio::host {
+
+namespace {
+
+constexpr std::array<std::string_view, 1> kExtensions = {".3di"};
+constexpr std::array<std::string_view, 5> kFirstWords = {"3DI", "GEOMETRIES", "GEOM", "3DPL",
+                                                         "WIRE_MODELS"};
+constexpr std::array<std::string_view, 3> kTables = {"COLOR", "OBJECT", "LAYER"};
+
+bool recognises(std::string_view head) {
+    return anyLine(head, [](std::string_view line) {
+        const std::string_view first = firstWord(line);
+        const std::string word = upperCase(first);
+        if (word == "TABLE") {
+            const std::string_view rest = trimmed(line).substr(first.size());
+            return contains(kTables, upperCase(firstWord(rest)));
+        }
+        return contains(kFirstWords, word);
+    });
+}
+
+std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
+    CKVOCadenceReader reader;
+    std::string failure;
+    const double seconds = timed(progress, [&] {
+        try {
+            if (!reader.Import3DIFile(path.c_str()))
+                failure =
+                    "its object table has no SYMBOL or its layer table no OUTLINE (or there "
+                    "is not enough memory)";
+        } catch (const std::out_of_range&) {
+            failure =
+                "a body has no colour of the colour table, or no name and no layer; bodies "
+                "behind it and all wires are missing";
+        }
+    });
+    auto report = std::make_unique<PackageReport>(reader, PackageSource::k3di);
+    report->seconds = seconds;
+    report->importFailure = failure;
+    return report;
+}
+
+}  // namespace
+
+const Format k3diFormat = {"3DI package", kExtensions, recognises, read, nullptr};
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,227 @@
+/// The report on a chip package, written as text and as JSON.
+#include "package/report.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <stdexcept>
+
+#include "bounding_box.h"
+#include "kind_counts.h"
+#include "text_table.h"
+#include "timed.h"
+#include <kvocaeio/package.h>
+
+namespace kvocaeio::host {
+
+namespace {
+
+// The longest name that a file or report can give, terminator included.
+constexpr std::size_t kNameRoom = 1024;
+
+double lengthOf(const std::vector<double>& points) {
+    double length = 0.0;
+    for (std::size_t i = 3; i + 2 < points.size(); i += 3)
+        length += std::hypot(points[i] - points[i - 3], points[i + 1] - points[i - 2],
+                             points[i + 2] - points[i - 1]);
+    return length;
+}
+
+/// "#rrggbb"; the first colour value is in the lowest byte.
+std::string colorText(unsigned color) {
+    char digits[8];
+    std::snprintf(digits, sizeof digits, "#%02x%02x%02x", color & 0xffu, color >> 8 & 0xffu,
+                  color >> 16 & 0xffu);
+    return digits;
+}
+
+std::string number(double value) {
+    std::ostringstream digits;
+    digits << value;
+    return digits.str();
+}
+
+std::string range(double low, double high) {
+    return low == high ? number(low) : number(low) + " to " + number(high);
+}
+
+}  // namespace
+
+// The reader hands out no kinds but that of a ball. A 3DI file's own names tell the others.
+std::string PackageReport::kindOf(const PackageBody& body) const {
+    if (body.isBall)
+        return "solder ball";
+    if (body.name == "SUBSTRATE")
+        return "substrate";
+    if (source_ == PackageSource::kCadence)
+        return "stack member";
+    if (body.name == "PACKAGECAP")
+        return "package cap";
+    if (body.name.find("INTERPOSER") != std::string::npos)
+        return "interposer";
+    return body.name.find("SPACER") != std::string::npos ? "spacer" : "die";
+}
+
+// Cadence designs give no colours.
+std::string PackageReport::colorOf(const PackageBody& body) const {
+    return source_ == PackageSource::k3di ? colorText(body.color) : "";
+}
+
+PackageReport::PackageReport(CKVOCadenceReader& reader, PackageSource source) : source_(source) {
+    takeBodies(reader);
+    takeWires(reader);
+}
+
+void PackageReport::takeBodies(CKVOCadenceReader& reader) {
+    char name[kNameRoom];
+    for (int i = 0; i < reader.GetComponentCount(); ++i) {
+        PackageBody body{};
+        int isBall = 0;
+        reader.GetComponentData(i, name, isBall, body.center.data(), body.size.data(), body.color);
+        body.name = name;
+        body.isBall = isBall != 0;
+        body.kind = kindOf(body);
+        bodies_.push_back(std::move(body));
+    }
+}
+
+void PackageReport::takeWires(CKVOCadenceReader& reader) {
+    std::map<int, WireProfile> profiles;
+    std::vector<double> points;
+    for (int i = 0; i < reader.GetWireLineCount(); ++i) {
+        int profile = 0;
+        double diameter = 0.0;
+        reader.GetWirePolyLine(i, points, profile, diameter);
+        WireProfile& sum = profiles[profile];
+        sum.smallestDiameter = sum.wires == 0 ? diameter : std::min(sum.smallestDiameter, diameter);
+        sum.largestDiameter = sum.wires == 0 ? diameter : std::max(sum.largestDiameter, diameter);
+        ++sum.wires;
+        sum.points += points.size() / 3;
+        sum.length += lengthOf(points);
+        ++wires_;
+    }
+    // Models come first, without a gap: the first number that has none ends them.
+    const auto describe = [&](int profileNumber) {
+        const char* name = nullptr;
+        double diameter = 0.0;
+        unsigned color = 0;
+        bool isUsed = false;
+        try {
+            isUsed = reader.GetWireProfileData(profileNumber, name, diameter, color);
+        } catch (const std::out_of_range&) {
+            // No such model, or no colour at the place that the profile's number names.
+        }
+        if (name == nullptr)
+            return false;
+        profiles[profileNumber].name = name;
+        if (isUsed)
+            profiles[profileNumber].color = color;
+        return true;
+    };
+    for (int n = 1; describe(n); ++n) {
+    }
+    for (auto& [profileNumber, profile] : profiles) {
+        profile.number = profileNumber;
+        profiles_.push_back(std::move(profile));
+    }
+}
+
+void PackageReport::print(std::ostream& out) const {
+    KindCounts kinds;
+    for (const PackageBody& body : bodies_)
+        count(kinds, body.kind);
+    for (auto& [kind, number] : kinds)
+        kind += number == 1 ? "" : "s";
+    TextTable table("ll");
+    table.add(
+        {"bodies", std::to_string(bodies_.size()) + (kinds.empty() ? "" : ": ") + asText(kinds)});
+    table.add({"wires", std::to_string(wires_)});
+    table.add({"time taken", secondsText(seconds)});
+    table.print(out, "  ");
+    printBodies(out);
+    printWires(out);
+    out << '\n';
+}
+
+void PackageReport::printBodies(std::ostream& out) const {
+    if (bodies_.empty())
+        return;
+    TextTable table("lllll");
+    table.add(
+        {"body", "name", "centre mm", "size mm", source_ == PackageSource::k3di ? "colour" : ""});
+    // A package may have thousands of balls: those that look the same share a line.
+    struct Balls {
+        std::size_t number = 0;
+        BoundingBox centers;
+    };
+    std::map<std::array<std::string, 3>, Balls> balls;
+    for (const PackageBody& body : bodies_) {
+        const auto& [x, y, z, ignored1, ignored2] = body.size;
+        if (!body.isBall) {
+            table.add({body.kind, printable(body.name), asText(body.center),
+                       number(x) + " x " + number(y) + " x " + number(z), colorOf(body)});
+            continue;
+        }
+        Balls& group = balls[{printable(body.name), "diameter " + number(x), colorOf(body)}];
+        ++group.number;
+        group.centers.add(body.center.data());
+    }
+    for (const auto& [key, group] : balls) {
+        const auto& [name, size, color] = key;
+        table.add({group.number == 1 ? "solder ball" : std::to_string(group.number) + " balls",
+                   name, group.number == 1 ? asText(group.centers.low) : asText(group.centers),
+                   size, color});
+    }
+    out << '\n';
+    table.print(out, "  ");
+}
+
+void PackageReport::printWires(std::ostream& out) const {
+    if (profiles_.empty())
+        return;
+    TextTable table("rlrlrrl");
+    table.add({"profile", "model", "wires", "diameter mm", "points", "length mm", "colour"});
+    for (const WireProfile& profile : profiles_)
+        table.add(
+            {std::to_string(profile.number),
+             profile.name ? printable(*profile.name) : "(no such model)",
+             std::to_string(profile.wires),
+             profile.wires == 0 ? "-" : range(profile.smallestDiameter, profile.largestDiameter),
+             std::to_string(profile.points), number(profile.length),
+             profile.color ? colorText(*profile.color) : "-"});
+    out << '\n';
+    table.print(out, "  ");
+}
+
+void PackageReport::addTo(Json& object) const {
+    object["bodies"] = Json::array();
+    for (const PackageBody& body : bodies_) {
+        Json entry = {{"kind", body.kind}, {"name", body.name}, {"center", body.center}};
+        if (body.isBall)
+            entry["diameter"] = body.size[0];
+        else
+            entry["size"] = {body.size[0], body.size[1], body.size[2]};
+        if (source_ == PackageSource::k3di)
+            entry["color"] = colorOf(body);
+        object["bodies"].push_back(std::move(entry));
+    }
+    object["wires"] = wires_;
+    object["wireProfiles"] = Json::array();
+    for (const WireProfile& profile : profiles_)
+        object["wireProfiles"].push_back(
+            {{"profile", profile.number},
+             {"model", profile.name ? Json(*profile.name) : Json()},
+             {"wires", profile.wires},
+             {"diameters", profile.wires == 0
+                               ? Json()
+                               : Json{profile.smallestDiameter, profile.largestDiameter}},
+             {"points", profile.points},
+             {"length", profile.length},
+             {"color", profile.color ? Json(colorText(*profile.color)) : Json()}});
+    object["seconds"] = seconds;
+}
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,43 @@
+/// Solids of a Patran neutral file, for another format.
+#include "patran/solids.h"
+
+#include <algorithm>
+#include <map>
+
+#include "kind_counts.h"
+#include "patran/arrays.h"
+#include "timed.h"
+#include <kvocaeio/patran.h>
+
+namespace kvocaeio::host {
+
+SolidMesh takePatranSolids(const std::string& path, PrintTarget progress) {
+    CPatranReader reader;
+    timed(progress, [&] { import(reader, path); });
+    SolidMesh mesh;
+    mesh.nodes.resize(static_cast<std::size_t>(std::max(0, reader.GetNodeCout())));
+    int row = 0;
+    for (std::array<double, 3>& node : mesh.nodes) {
+        const std::array<float, 3> place = nodeAt(reader, row++);
+        std::copy(place.begin(), place.end(), node.begin());
+    }
+    std::map<int, std::size_t> sections;  // by property id
+    KindCounts others;
+    for (int i = 0; i < reader.GetElemCount(); ++i) {
+        const ArrayElement element = elementAt(reader, i);
+        const Shape& shape = shapeOf(element.shape);
+        if (!shape.solid) {
+            count(others, shape.name);
+            continue;
+        }
+        const auto [section, isNew] = sections.emplace(element.property, sections.size());
+        if (isNew)
+            mesh.sections.push_back("property " + std::to_string(element.property));
+        mesh.elements.push_back({section->second, shape.corners, element.nodes});
+    }
+    for (const auto& [name, number] : others)
+        note(mesh.losses, number, name);
+    return mesh;
+}
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,14 @@
+/// The solids of a Patran neutral file, as `CPatranReader` returns them, for another format.
+#pragma once
+
+#include <string>
+
+#include "platform.h"
+#include "solid_mesh.h"
+
+namespace kvocaeio::host {
+
+/// Throws `FileError` where there is no mesh to take.
+SolidMesh takePatranSolids(const std::string& path, PrintTarget progress);
+
+}  // namespace kvocaeio::host

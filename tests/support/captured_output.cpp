@@ -1,0 +1,84 @@
+/// Standard output caught while the library speaks.
+#include "support/captured_output.h"
+
+#include <atomic>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+#include "support/files.h"
+
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace kvocaeio::test {
+namespace {
+
+#if defined(_WIN32)
+int duplicate(int fd) {
+    return _dup(fd);
+}
+void redirect(int from, int to) {
+    _dup2(from, to);
+}
+int descriptor(std::FILE* file) {
+    return _fileno(file);
+}
+void closeDescriptor(int fd) {
+    _close(fd);
+}
+#else
+int duplicate(int fd) {
+    return ::dup(fd);
+}
+void redirect(int from, int to) {
+    ::dup2(from, to);
+}
+int descriptor(std::FILE* file) {
+    return ::fileno(file);
+}
+void closeDescriptor(int fd) {
+    ::close(fd);
+}
+#endif
+
+/// One folder serves all captures: a folder takes far longer to remove than a file.
+std::filesystem::path nextFile() {
+    static const TempFolder folder;
+    static std::atomic<unsigned> count{0};
+    return folder.path() / ("stdout-" + std::to_string(count++));
+}
+
+}  // namespace
+
+CapturedOutput::CapturedOutput() : path_(nextFile()) {
+    std::fflush(stdout);
+    saved_ = duplicate(1);
+    std::FILE* file = std::fopen(path_.string().c_str(), "wb");
+    redirect(descriptor(file), 1);
+    std::fclose(file);
+}
+
+CapturedOutput::~CapturedOutput() {
+    restore();
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
+}
+
+std::string CapturedOutput::text() {
+    restore();
+    return readText(path_);
+}
+
+void CapturedOutput::restore() {
+    if (saved_ < 0)
+        return;
+    std::fflush(stdout);
+    redirect(saved_, 1);
+    closeDescriptor(std::exchange(saved_, -1));
+}
+
+}  // namespace kvocaeio::test
