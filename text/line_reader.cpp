@@ -3,6 +3,8 @@
 
 #include <cassert>
 
+#include "text/file.h"
+
 namespace kvocaeio::text {
 
 namespace {
@@ -27,13 +29,6 @@ LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode, Watch*
       watch_(watch),
       counted_(line_) {
     assert(bound > 1);
-}
-
-void LineReader::rewind() {
-    std::rewind(file_);
-    line_ = position_ = end_ = counted_ = buffer_.get();
-    length_ = bytesRead_ = lineFeeds_ = charactersBefore_ = 0;
-    heldCr_ = holdsNul_ = atEnd_ = metEnd_ = false;
 }
 
 // Passes over all lines before the one that `place` stands in; over all complete ones where it is
@@ -92,6 +87,7 @@ bool LineReader::fill() {
     char* const fresh = first + (heldCr_ ? 1 : 0);
     const std::size_t count = goesOn() ? std::fread(fresh, 1, kBlockSize, file_) : 0;
     bytesRead_ += count;
+    hasFailed_ = hasFailed_ || std::ferror(file_) != 0;
     char* last = fresh + count;
     if (mode_ == LineMode::kText)
         last = translateText(first, last);

@@ -18,6 +18,10 @@
 #include "support/files.h"
 #include "text/file.h"
 
+#if defined(__linux__)
+#include <unistd.h>
+#endif
+
 namespace kvocaeio::test {
 namespace {
 
@@ -328,6 +332,21 @@ TEST_F(PatranListener, TheInnerReaderOfTheBridgeReadsFromWhereTheFileStands) {
     EXPECT_TRUE(reader.ReadPackets(file.get()));
     EXPECT_THAT(reader.mesh.nodes, ElementsAre(std::array{4.0F, 5.0F, 6.0F}));
 }
+
+#if defined(__linux__)
+TEST_F(PatranListener, AFileThatCannotBeGoneThroughTwiceEndsTheImport) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const std::string content = summary(1, 0) + node(1, 1, 2, 3) + endOfFile();
+    ASSERT_EQ(write(ends[1], content.data(), content.size()), static_cast<ssize_t>(content.size()));
+    close(ends[1]);
+    const text::File file(fdopen(ends[0], "rb"));
+    patran::CKVO_PatranIO reader;
+    reader.mesh.nodes.push_back({1, 2, 3});
+    EXPECT_FALSE(reader.ReadPackets(file.get()));
+    EXPECT_TRUE(reader.mesh.nodes.empty());
+}
+#endif
 
 }  // namespace
 }  // namespace kvocaeio::test
