@@ -3,9 +3,8 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <numeric>
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
 
@@ -27,21 +26,17 @@ std::size_t countDataTokens(std::string_view line) {
     constexpr std::size_t kRun = 128;
     if (line.empty())
         return 0;
-    const char* const text = line.data();
-    std::size_t count = isTokenPart(text[0]);
+    const char* const at = line.data();
+    std::size_t count = isTokenPart(at[0]);
     for (std::size_t first = 1; first < line.size(); first += kRun) {
         const std::size_t last = std::min(first + kRun, line.size());
         std::uint8_t starts = 0;
         for (std::size_t i = first; i < last; ++i)
-            starts = static_cast<std::uint8_t>(starts +
-                                               (isTokenPart(text[i]) & ~isTokenPart(text[i - 1])));
+            starts =
+                static_cast<std::uint8_t>(starts + (isTokenPart(at[i]) & ~isTokenPart(at[i - 1])));
         count += starts;
     }
     return count;
 }
 
-std::size_t DeckCounts::nodes() const {
-    return std::accumulate(nodeBlocks.begin(), nodeBlocks.end(), std::size_t{0});
-}
-
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -1,24 +1,15 @@
 /// Storing the values of the data lines.
 #include "abaqus/deck_store.h"
 
-#include <vector>
-
-#include "abaqus/deck_lines.h"
 #include "text/ascii.h"
 #include "text/scan.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
 
-// The entry at `index`, which moves on; null behind the end of the table.
-template <class Section>
-Section* takeEntry(std::vector<Section>& table, std::size_t& index) {
-    return index < table.size() ? &table[index++] : nullptr;
-}
-
-// Reads the token at `at`, which is not at a delimiter, into `value`, as "%d" reads it. Gives the
-// token's end.
+// Reads the token at `at`, which is not at a delimiter, into `value`, as "%d" reads it. Returns
+// the token's end.
 const char* readInteger(const char* at, const char* end, int& value) {
     constexpr int kDigitsThatFit = 9;
     const char* const token = at;
@@ -37,22 +28,34 @@ const char* readInteger(const char* at, const char* end, int& value) {
 
 }  // namespace
 
-bool DeckStore::addNode(std::string_view line) {
+// Notes the field after `field` commas, or after the last one where there are fewer.
+void DeckStore::noteUnread(std::string_view line, std::size_t field) {
+    if (!lines_.areNoted())
+        return;
+    for (; field > 0; --field)
+        line.remove_prefix(line.find(',') + 1);  // 0 where there is no further comma
+    std::string_view unread;
+    text::Tokens(line.substr(0, line.find(','))).next(kKeywordField, unread);
+    lines_.noteField(Finding::kFieldUnread, text::trimBlanks(unread));
+}
+
+void DeckStore::addNode(std::string_view line) {
     NodeBlock& block = model_.nodeBlock;
     if (nodeRow_ == block.ids.size())
-        return true;
+        return;
     double* const coord = &block.coords[3 * nodeRow_];
+    std::size_t field = 0;
     text::Scan scan(line);
-    return scan.integer(block.ids[nodeRow_++]) && scan.separator(',') && scan.real(coord[0]) &&
-           scan.separator(',') && scan.real(coord[1]) && scan.separator(',') && scan.real(coord[2]);
+    const auto nextField = [&] { return scan.separator(',') && ++field > 0; };
+    if (!(scan.integer(block.ids[nodeRow_++]) && nextField() && scan.real(coord[0]) &&
+          nextField() && scan.real(coord[1]) && nextField() && scan.real(coord[2])))
+        noteUnread(line, field);
 }
 
 void DeckStore::beginElements(std::string_view typeName, std::string_view elset, ElementType type) {
-    elements_ = takeEntry(model_.elemSections, elementSections_);
+    elements_.takeFrom(model_.elemSections);
     elementRow_ = 0;
     elementNumber_ = 0;
-    if (elements_ == nullptr)
-        return;
     elements_->type = typeName;
     elements_->elset = elset;
     elements_->geometryType = type.geometry;
@@ -81,7 +84,7 @@ void DeckStore::storeElementNumber() {
     }
     oidTaken_ = true;
     nextNode_ = behindNodes_ = nullptr;
-    if (elements_ == nullptr || elementRow_ == elements_->ids.size())
+    if (elementRow_ == elements_->ids.size())
         return;
     const auto width = static_cast<std::size_t>(elements_->nodesPerElem);
     elements_->ids[elementRow_] = elementNumber_;
@@ -100,100 +103,87 @@ void DeckStore::endElement() {
 }
 
 void DeckStore::beginElset(std::string_view name, bool generated) {
-    elset_ = takeEntry(model_.elsets, elsets_);
-    if (elset_ == nullptr)
-        return;
+    elset_.takeFrom(model_.elsets);
     elset_->name = name;
     if (generated)
         elset_->parameter = "GENERATE";
 }
 
-bool DeckStore::addMembers(std::string_view line) {
+void DeckStore::addMembers(std::string_view line) {
     text::foldToUpper(line, folded_);
     text::Tokens tokens(folded_);
-    for (std::string_view token; elset_ != nullptr && tokens.next(kDataField, token);)
+    for (std::string_view token; tokens.next(kDataField, token);)
         elset_->members.emplace_back(token);
-    return true;
 }
 
 // The last line counts that holds a number at all. A missing end is the start, a missing step 1.
-bool DeckStore::setRange(std::string_view line) {
+void DeckStore::setRange(std::string_view line) {
     int start = 0;
     text::Scan scan(line);
     if (!scan.integer(start))
-        return false;
+        return noteUnread(line, 0);
     int end = start;
     int step = 1;
-    const bool complete =
-        scan.literal(',') && scan.integer(end) && scan.literal(',') && scan.integer(step);
-    if (elset_ != nullptr) {
-        elset_->genStart = start;
-        elset_->genEnd = end;
-        elset_->genStep = step > 0 ? step : 1;
-    }
-    return complete;
+    std::size_t field = 0;
+    const auto nextField = [&] { return scan.literal(',') && ++field > 0; };
+    if (!(nextField() && scan.integer(end) && nextField() && scan.integer(step)))
+        noteUnread(line, field);
+    elset_->genStart = start;
+    elset_->genEnd = end;
+    elset_->genStep = step;
 }
 
 void DeckStore::beginSurface(std::string_view type, std::string_view name) {
-    surface_ = takeEntry(model_.surfaces, surfaces_);
-    if (surface_ == nullptr)
-        return;
+    surface_.takeFrom(model_.surfaces);
     surface_->type = type;
     surface_->name = name;
 }
 
-bool DeckStore::addSurfaceItem(std::string_view line) {
+void DeckStore::addSurfaceItem(std::string_view line) {
     text::foldToUpper(line, folded_);
     text::Tokens tokens(folded_);
     std::string_view item;
     if (!tokens.next(kDataField, item))
-        return false;
+        return lines_.note(Finding::kLineWithoutEntry);
     std::string_view face;
     tokens.next(kDataField, face);
-    if (surface_ != nullptr) {
-        surface_->faces.emplace_back(face);
-        surface_->items.emplace_back(item);
-    }
-    return true;
+    surface_->faces.emplace_back(face);
+    surface_->items.emplace_back(item);
 }
 
 void DeckStore::beginDload() {
-    dload_ = takeEntry(model_.dloads, dloads_);
+    dload_.takeFrom(model_.dloads);
     loadElement_ = 0;
     loadValue_ = 0.0;
 }
 
-bool DeckStore::addLoad(std::string_view line) {
+void DeckStore::addLoad(std::string_view line) {
     text::Tokens tokens(line);
     std::string_view oid, label, value;
     if (!tokens.next(kDataField, oid))
-        return false;
+        return lines_.note(Finding::kLineWithoutEntry);
     tokens.next(kDataField, label);
     tokens.next(kDataField, value);
-    const bool oidRead = text::Scan(oid).integer(loadElement_);
-    const bool valueRead = text::Scan(value).real(loadValue_);
-    if (dload_ != nullptr) {
-        dload_->values.push_back(loadValue_);
-        dload_->faceIdx.emplace_back(label);
-        dload_->elemIDs.push_back(loadElement_);
-    }
-    return oidRead && !label.empty() && valueRead;
+    if (!text::Scan(oid).integer(loadElement_))
+        lines_.noteField(Finding::kFieldUnread, oid);
+    if (!text::Scan(value).real(loadValue_))
+        lines_.noteField(Finding::kFieldUnread, value);
+    dload_->values.push_back(loadValue_);
+    dload_->faceIdx.emplace_back(label);
+    dload_->elemIDs.push_back(loadElement_);
 }
 
 void DeckStore::beginShellSection(std::string_view material, std::string_view elset) {
-    shellSection_ = takeEntry(model_.shellSections, shellSections_);
+    shellSection_.takeFrom(model_.shellSections);
     thickness_ = 0.0;
-    if (shellSection_ == nullptr)
-        return;
     shellSection_->material = material;
     shellSection_->elset = elset;
 }
 
-bool DeckStore::setThickness(std::string_view line) {
-    const bool read = text::Scan(line).real(thickness_);
-    if (shellSection_ != nullptr)
-        shellSection_->thickness = thickness_;
-    return read;
+void DeckStore::setThickness(std::string_view line) {
+    if (!text::Scan(line).real(thickness_))
+        noteUnread(line, 0);
+    shellSection_->thickness = thickness_;
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -6,24 +6,24 @@
 #include <string>
 #include <string_view>
 
-#include "abaqus/deck_lines.h"
 #include "abaqus/element_type.h"
+#include "abaqus/lines.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 /// One element: its OID and its nodes, over as many lines as it takes. The lines that continue it
 /// are taken whatever they are, keyword lines and comments included.
-template <class Observer, class Sink>
-void readElement(DeckLines<Observer>& lines, std::size_t tokens, Sink& sink) {
+template <class Sink>
+void readElement(DeckLines& lines, std::size_t tokens, Sink& sink) {
     std::size_t taken = sink.addElementTokens(lines.line(), tokens);
     if (taken == 0) {
-        lines.note(text::Finding::kPassedOver, lines.line(), "no element stands on the line");
+        lines.note(Finding::kLineWithoutEntry);
         return;
     }
     bool atEnd = false;
     while (taken < tokens) {
         if (!atEnd && !lines.next()) {
-            lines.note(text::Finding::kEndedEarly, lines.line(), "the deck ends inside an element");
+            lines.note(Finding::kElementIncomplete);
             atEnd = true;
         }
         // At the end of the deck the last line comes again, from its first token, until the element
@@ -38,21 +38,23 @@ void readElement(DeckLines<Observer>& lines, std::size_t tokens, Sink& sink) {
     sink.endElement();
 }
 
-template <class Observer, class Sink>
-void readElementSection(DeckLines<Observer>& lines, std::string_view keywordLine, Sink& sink) {
-    std::fputs("Reading Element Section...\n", stdout);
-    const std::string typeName(parameterValue(keywordLine, "TYPE", kOpenValue));
+template <class Sink>
+void readElementSection(DeckLines& lines, std::string_view keywordLine, Sink& sink) {
+    const std::string_view typeValue = parameterValue(keywordLine, "TYPE", kOpenValue);
+    const std::string typeName(typeValue);
     const std::string elset(parameterValue(keywordLine, "ELSET", kOpenValue));
     const ElementType type = elementType(typeName);
     std::printf("  element type = %s\n", typeName.c_str());
     std::printf("  geometry type = %d\n", static_cast<int>(type.geometry));
     std::printf("  node num per element = %d\n", type.nodesPerElem);
     std::printf("  elset name = %s\n", elset.c_str());
-    if (type.geometry == GeometryType::kUnknown)
-        lines.note(text::Finding::kPassedOver, typeName, "the element type is unknown");
+    if (type.geometry == GeometryType::kUnknown) {
+        const auto at = static_cast<std::size_t>(typeValue.data() - keywordLine.data());
+        lines.noteField(Finding::kElementTypeUnknown, lines.line().substr(at, typeValue.size()));
+    }
     sink.beginElements(typeName, elset, type);
     const std::size_t tokens = static_cast<std::size_t>(type.nodesPerElem) + 1;
     lines.forEachDataLine([&] { readElement(lines, tokens, sink); });
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

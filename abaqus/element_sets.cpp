@@ -5,17 +5,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <limits>
 #include <stdexcept>
 #include <utility>
 
 #include "text/scan.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
-
-constexpr int kLargestInt = std::numeric_limits<int>::max();
 
 bool isGenerated(const ElsetSection& set) {
     return set.parameter == "GENERATE";
@@ -32,7 +29,7 @@ void appendId(ElemList& list, int id) {
         IdRun& run = list.back();
         const std::int64_t distance = std::int64_t{id} - run.last;
         const bool isSingle = run.first == run.last;
-        if (distance == run.step || (isSingle && distance > 0 && distance <= kLargestInt)) {
+        if (distance == run.step || (isSingle && distance > 0 && std::in_range<int>(distance))) {
             run.step = static_cast<int>(distance);
             run.last = id;
             return;
@@ -55,7 +52,7 @@ void appendMembers(ElemList& list, const ElsetSection& set) {
 // Number of ids in the range, whatever the step; the rows that the step leaves over stay blank.
 std::size_t rowsOf(const ElsetSection& set) {
     const std::int64_t count = std::int64_t{set.genEnd} - set.genStart + 1;
-    if (count < 0 || count > kLargestInt)
+    if (count < 0 || !std::in_range<int>(count))
         throw std::length_error("vector<T> too long");
     return static_cast<std::size_t>(count);
 }
@@ -81,21 +78,23 @@ void fillFromSource(ElemSection& section, const ElsetSection& set, const ElemSec
 }  // namespace
 
 void ExpandElsets(const std::vector<ElsetSection>& elsets,
-                  std::map<std::string, int>& elsetIndexMap, std::vector<ElemList>& elsetElems) {
+                  std::map<std::string, int>& elsetIndexMap, std::vector<ElemList>& elsetElems,
+                  const text::Listener& listener) {
     for (std::size_t i = 0; i < elsets.size(); ++i) {
         // The value is the record's place, which runs ahead of the lists once a name is repeated.
         const auto [known, isNew] = elsetIndexMap.try_emplace(elsets[i].name, static_cast<int>(i));
+        const auto place = static_cast<std::size_t>(known->second);
         if (isNew)
             appendMembers(elsetElems.emplace_back(), elsets[i]);
-        else if (const auto place = static_cast<std::size_t>(known->second);
-                 place < elsetElems.size())
+        else if (listener.note(Finding::kSetRepeated, known->first); place < elsetElems.size())
             appendMembers(elsetElems[place], elsets[i]);
     }
 }
 
 void SplitSectionByGeneratedSets(const std::vector<ElsetSection>& elsets,
                                  std::vector<ElemSection>& solidSections,
-                                 std::vector<ElemSection>& shellElemSections) {
+                                 std::vector<ElemSection>& shellElemSections,
+                                 const text::Listener& listener) {
     if (solidSections.size() != 1 && shellElemSections.size() != 1)
         return;
     std::vector<ElemSection>& list = solidSections.size() == 1 ? solidSections : shellElemSections;
@@ -104,8 +103,7 @@ void SplitSectionByGeneratedSets(const std::vector<ElsetSection>& elsets,
     for (const ElsetSection& set : elsets) {
         if (!isGenerated(set))
             continue;
-        std::printf("generate found\n");
-        std::printf("  start ID = %d , End ID = %d\n", set.genStart, set.genEnd);
+        std::printf("generate found\n  start ID = %d , End ID = %d\n", set.genStart, set.genEnd);
         generated.push_back(&set);
     }
     if (generated.empty())
@@ -115,22 +113,18 @@ void SplitSectionByGeneratedSets(const std::vector<ElsetSection>& elsets,
     // here, and not when half of the machine's memory is filled.
     std::vector<ElemSection> sections(generated.size());
     for (std::size_t k = 0; k < sections.size(); ++k) {
-        sections[k].elset = elsets[k].name;  // of the k-th set of all, be it generated or not
-        sections[k].geometryType = source.geometryType;
-        sections[k].nodesPerElem = source.nodesPerElem;
+        // The name is that of the k-th set of all, be it generated or not.
+        sections[k] = {elsets[k].name, "", source.geometryType, source.nodesPerElem, {}, {}};
         const std::size_t rows = rowsOf(*generated[k]);
         sections[k].ids.reserve(rows);
         sections[k].nodes.reserve(rows * static_cast<std::size_t>(source.nodesPerElem));
     }
     OidMap<int> rowOfOid;
-    rowOfOid.assign([&source](const auto& visit) {
-        int row = 0;
-        for (const int oid : source.ids)
-            visit(oid, row++);
-    });
+    assignRows(rowOfOid, source.ids);
     for (std::size_t k = 0; k < sections.size(); ++k)
         fillFromSource(sections[k], *generated[k], source, rowOfOid);
+    listener.note(Finding::kSectionSplit, source.elset);
     list = std::move(sections);
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

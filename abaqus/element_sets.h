@@ -7,15 +7,17 @@
 #include <string>
 #include <vector>
 
+#include "abaqus/findings.h"
 #include "abaqus/model.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
-/// Gives each set name its list of element OIDs. A name that is known already gets its members
-/// behind those it has. Members that are no numbers count as OID 0; names of other sets are not
+/// Makes each set name its list of element OIDs. A name that is known already gets its members
+/// after those it has. Members that are no numbers count as OID 0; names of other sets are not
 /// resolved.
 void ExpandElsets(const std::vector<ElsetSection>& elsets,
-                  std::map<std::string, int>& elsetIndexMap, std::vector<ElemList>& elsetElems);
+                  std::map<std::string, int>& elsetIndexMap, std::vector<ElemList>& elsetElems,
+                  const text::Listener& listener);
 
 /// Where the deck has generated sets and one of the lists, solids first, has exactly one section:
 /// replaces it by one section per generated set. Throws `std::length_error` for a set that ends
@@ -23,7 +25,8 @@ void ExpandElsets(const std::vector<ElsetSection>& elsets,
 /// as they were, as they are when memory runs out.
 void SplitSectionByGeneratedSets(const std::vector<ElsetSection>& elsets,
                                  std::vector<ElemSection>& solidSections,
-                                 std::vector<ElemSection>& shellElemSections);
+                                 std::vector<ElemSection>& shellElemSections,
+                                 const text::Listener& listener);
 
 /// The list at a value of `elsetIndexMap`; empty where the value lies beyond the lists.
 inline std::span<const IdRun> elemsAt(const std::vector<ElemList>& elsetElems, int value) {
@@ -31,4 +34,4 @@ inline std::span<const IdRun> elemsAt(const std::vector<ElemList>& elsetElems, i
     return place < elsetElems.size() ? elsetElems[place] : std::span<const IdRun>();
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -5,7 +5,7 @@
 
 #include "abaqus/model.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 struct ElementType {
     GeometryType geometry = GeometryType::kUnknown;
@@ -16,4 +16,4 @@ struct ElementType {
 /// unknown geometry without nodes.
 ElementType elementType(std::string_view name);
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -3,71 +3,73 @@
 
 #include <array>
 #include <charconv>
-#include <chrono>
 #include <cstdio>
+#include <mutex>
+#include <utility>
 
 #include "text/platform.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
 
-int milliseconds() {
-    using std::chrono::milliseconds;
-    using std::chrono::steady_clock;
-    const auto now = steady_clock::now().time_since_epoch();
-    // Only differences count, and those of unsigned numbers survive the clock's running over.
-    return static_cast<int>(
-        static_cast<unsigned>(std::chrono::duration_cast<milliseconds>(now).count()));
-}
+// Ready before anything can ask for it: its members are initialised without running code.
+struct {
+    std::mutex mutex;  // of all that follows
+    DebugFolder folder;
+    std::string elapsedText;  // time of the latest import or sort; kept, shown nowhere
+} state;
 
 }  // namespace
 
-ImportState& importState() {
-    static ImportState state;
-    return state;
+std::string DebugFolder::sayDumpPath(std::string_view name) const {
+    std::string file = path;
+    file += text::kPathSeparator;
+    file += name;
+    std::printf("log file path = %s\n", file.c_str());
+    return file;
 }
 
-void startClock() {
-    importState().clockStart = milliseconds();
+text::File DebugFolder::openDump(std::string_view name) const {
+    return text::openFile(sayDumpPath(name).c_str(), "w");
 }
 
-void stopClock() {
-    ImportState& state = importState();
-    state.clockStop = milliseconds();
-    const int elapsed = static_cast<int>(static_cast<unsigned>(state.clockStop) -
-                                         static_cast<unsigned>(state.clockStart));
-    std::array<char, 32> seconds;
-    const auto [end, error] = std::to_chars(seconds.begin(), seconds.end(), elapsed / 1000.0,
-                                            std::chars_format::fixed, 6);
-    state.elapsedText = "elapsed time = " + std::string(seconds.begin(), end) + " s\n";
-    state.clockStart = state.clockStop;
-}
-
-void findDebugFolder(std::string_view deckPath) {
+DebugFolder findDebugFolder(std::string_view deckPath) {
     const std::size_t drive = text::driveLength(deckPath);
     const std::size_t lastSeparator = deckPath.substr(drive).find_last_of(text::kPathSeparators);
     const std::size_t directoryEnd =
         lastSeparator == std::string_view::npos ? drive : drive + lastSeparator + 1;
+    DebugFolder folder;
     // The directory part ends in a separator of its own, so that a second one follows it here.
-    std::string folder(deckPath.substr(0, directoryEnd));
-    folder += text::kPathSeparator;
-    folder += "debug";
-    const bool usable = text::isReadableAndWritable(folder.c_str());
-    std::printf("debug folder state = %d\n", usable ? 0 : -1);
-    ImportState& state = importState();
-    state.debug = usable;
-    if (usable) {
-        state.debugFolder = folder;
-        std::printf("log file path = %s\n", debugFilePath(kImportLogName).c_str());
-    }
+    folder.path = deckPath.substr(0, directoryEnd);
+    folder.path += text::kPathSeparator;
+    folder.path += "debug";
+    folder.usable = text::isReadableAndWritable(folder.path.c_str());
+    std::printf("debug folder state = %d\n", folder.usable ? 0 : -1);
+    if (folder.usable)
+        folder.sayDumpPath(kImportLogName);
+    return folder;
 }
 
-std::string debugFilePath(std::string_view name) {
-    std::string path = importState().debugFolder;
-    path += text::kPathSeparator;
-    path += name;
-    return path;
+void publish(DebugFolder folder) noexcept {
+    const std::lock_guard lock(state.mutex);
+    state.folder = std::move(folder);
 }
 
-}  // namespace kvocaeio
+DebugFolder latestDebugFolder() {
+    const std::lock_guard lock(state.mutex);
+    return state.folder;
+}
+
+void publishTimeSince(Clock::time_point start) {
+    const auto milliseconds = (Clock::now() - start) / std::chrono::milliseconds(1);
+    const double taken = static_cast<double>(milliseconds) / 1000.0;
+    std::array<char, 32> seconds;
+    const auto [end, error] =
+        std::to_chars(seconds.begin(), seconds.end(), taken, std::chars_format::fixed, 6);
+    std::string elapsed = "elapsed time = " + std::string(seconds.begin(), end) + " s\n";
+    const std::lock_guard lock(state.mutex);
+    state.elapsedText = std::move(elapsed);
+}
+
+}  // namespace kvocaeio::abaqus

@@ -1,36 +1,43 @@
-/// The state that all imports of the process share: the debug folder and the clock. It is not
-/// guarded, so two imports must not run at once.
+/// What imports and sorts leave to those after them in the process, whatever readers and threads
+/// they are of: the debug folder and the clock. Each works with its own and publishes them under a
+/// lock.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
-namespace kvocaeio {
+#include "text/file.h"
 
-struct ImportState {
-    bool debug = false;       ///< whether the latest import found a usable debug folder
-    std::string debugFolder;  ///< its path; out of date while `debug` is false
-    int clockStart = 0;       ///< milliseconds
-    int clockStop = 0;        ///< milliseconds
-    std::string elapsedText;  ///< time of the latest import or sort; kept, shown nowhere
+namespace kvocaeio::abaqus {
+
+/// The folder that dumps are written into, if it is usable.
+struct DebugFolder {
+    bool usable = false;
+    std::string path;
+
+    /// Path of the dump `name` in the folder, which is also said on standard output.
+    std::string sayDumpPath(std::string_view name) const;
+    /// Opens that file, in place of an older one.
+    text::File openDump(std::string_view name) const;
 };
 
-ImportState& importState();
+/// Tests for a folder named debug beside the deck at `deckPath`, and says on standard output what
+/// it found.
+DebugFolder findDebugFolder(std::string_view deckPath);
 
-/// Notes the time at which an import or a sort starts.
-void startClock();
+/// Makes `folder` the one that the latest import found.
+void publish(DebugFolder folder) noexcept;
 
-/// Notes the time at which it ends, and formats the time between into the elapsed text.
-void stopClock();
+/// The one that the latest import found.
+DebugFolder latestDebugFolder();
 
-/// Tests for a folder named debug beside the deck at `deckPath`, says on standard output what it
-/// found, and notes it in the shared state.
-void findDebugFolder(std::string_view deckPath);
+using Clock = std::chrono::steady_clock;
 
-/// Path of the file `name` in the debug folder.
-std::string debugFilePath(std::string_view name);
+/// Publishes the time that an import or a sort has taken since `start`.
+void publishTimeSince(Clock::time_point start);
 
 /// The leaf name of the import's own dump.
 inline constexpr std::string_view kImportLogName = "InputAbaqus.log";
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

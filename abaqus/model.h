@@ -7,7 +7,7 @@
 
 #include "abaqus/oid_map.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 /// What an element is to the host, from its type name.
 enum class GeometryType : int { kUnknown = 0, kShell = 1, kSolid = 2 };
@@ -106,4 +106,4 @@ struct AbaqusModel : RawModel {
     std::vector<int> surfaceFaces;  ///< likewise, from surfaces
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -1,21 +1,17 @@
 /// The reader of a `*NODE` block.
 #pragma once
 
-#include <cstdio>
+#include <string_view>
 
-#include "abaqus/deck_lines.h"
+#include "abaqus/lines.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 /// Every data line is one node, blank ones too. All parameters of the keyword line are ignored.
-template <class Observer, class Sink>
-void readNodeSection(DeckLines<Observer>& lines, Sink& sink) {
-    std::fputs("Reading Node Section...\n", stdout);
+template <class Sink>
+void readNodeSection(DeckLines& lines, std::string_view /*keywordLine*/, Sink& sink) {
     sink.beginNodes();
-    lines.forEachDataLine([&] {
-        if (!sink.addNode(lines.line()))
-            lines.note(text::Finding::kStale, lines.line(), "not all of OID, x, y, z can be read");
-    });
+    lines.forEachDataLine([&] { sink.addNode(lines.line()); });
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

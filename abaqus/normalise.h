@@ -2,12 +2,13 @@
 #pragma once
 
 #include "abaqus/model.h"
+#include "text/findings.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 /// Runs all stages in their order. Does nothing to a model without nodes or element sections. A
 /// failure of memory and the length errors of the stages pass out of it; every table is consistent
-/// in itself then.
-void SortData(AbaqusModel& model);
+/// in itself then. The listener's watch is not asked: no file is read.
+void SortData(AbaqusModel& model, const text::Listener& listener = {});
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 /// Maps 0 to a largest OID to values; an OID that was never set gives `Value()`.
 ///
@@ -52,9 +52,7 @@ class OidMap {
     /// it give `Value()`. Leaps over whole empty pages, so that a walk need not visit large gaps.
     std::size_t skipGap(std::size_t oid, std::size_t end) const {
         if (!scattered_.empty()) {
-            const auto next = std::lower_bound(
-                scattered_.begin(), scattered_.end(), oid,
-                [](const Entry& entry, std::size_t wanted) { return entry.first < wanted; });
+            const auto next = std::ranges::lower_bound(scattered_, oid, {}, &Entry::first);
             return next != scattered_.end() ? std::min<std::size_t>(next->first, end) : end;
         }
         const std::size_t page = oid >> kPageBits;
@@ -121,14 +119,11 @@ class OidMap {
             if (oid >= 0)
                 scattered_.emplace_back(static_cast<std::uint32_t>(oid), value);
         });
-        std::stable_sort(scattered_.begin(), scattered_.end(),
-                         [](const Entry& a, const Entry& b) { return a.first < b.first; });
+        std::ranges::stable_sort(scattered_, {}, &Entry::first);
     }
 
     Value findScattered(std::size_t oid) const {
-        const auto behind = std::upper_bound(
-            scattered_.begin(), scattered_.end(), oid,
-            [](std::size_t wanted, const Entry& entry) { return wanted < entry.first; });
+        const auto behind = std::ranges::upper_bound(scattered_, oid, {}, &Entry::first);
         const bool found = behind != scattered_.begin() && std::prev(behind)->first == oid;
         return found ? std::prev(behind)->second : Value();
     }
@@ -141,4 +136,13 @@ class OidMap {
     std::vector<Entry> scattered_;  // by OID; of one OID the last entry counts
 };
 
-}  // namespace kvocaeio
+/// Fills the map of each OID's row in `oids`.
+inline void assignRows(OidMap<int>& rowOfOid, const std::vector<int>& oids) {
+    rowOfOid.assign([&oids](const auto& visit) {
+        int row = 0;
+        for (const int oid : oids)
+            visit(oid, row++);
+    });
+}
+
+}  // namespace kvocaeio::abaqus

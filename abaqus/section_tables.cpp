@@ -8,27 +8,22 @@
 #include <string>
 #include <utility>
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
 
-/// Quadratic solids and the corner nodes that stand first in them.
-struct Reduction {
-    int nodes;
-    int corners;
-};
-constexpr Reduction kReductions[] = {{10, 4}, {15, 6}, {20, 8}};
+// Nodes of quadratic solids, and how many of them are corners, which stand first.
+constexpr std::pair<int, int> kReductions[] = {{10, 4}, {15, 6}, {20, 8}};
 
 /// What merged sections become, whatever their elements were.
 struct MergedForm {
     const char* type;
     int nodesPerElem;
 };
-constexpr MergedForm kMergedSolid = {"C3D8", 8};
-constexpr MergedForm kMergedShell = {"S4", 4};
 
-const MergedForm& mergedForm(const SectionSources& sources) {
-    return sources.front()->geometryType == GeometryType::kSolid ? kMergedSolid : kMergedShell;
+MergedForm mergedForm(const SectionSources& sources) {
+    const bool areSolids = sources.front()->geometryType == GeometryType::kSolid;
+    return areSolids ? MergedForm{"C3D8", 8} : MergedForm{"S4", 4};
 }
 
 std::size_t elementTotal(const SectionSources& sources) {
@@ -40,9 +35,9 @@ std::size_t elementTotal(const SectionSources& sources) {
 
 // An empty block of quadratic solids keeps its width.
 int cornersOf(const ElemSection& source) {
-    for (const Reduction& reduction : kReductions)
-        if (reduction.nodes == source.nodesPerElem && !source.ids.empty())
-            return reduction.corners;
+    for (const auto& [nodes, corners] : kReductions)
+        if (nodes == source.nodesPerElem && !source.ids.empty())
+            return corners;
     return source.nodesPerElem;
 }
 
@@ -91,7 +86,8 @@ ElemSection makeSection(const SectionSources& sources, const OidMap<int>& nodeOi
 }  // namespace
 
 void selectSections(const std::vector<ElemSection>& elemSections,
-                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells) {
+                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells,
+                    const text::Listener& listener) {
     std::printf("elem sec num = %d\n", static_cast<int>(elemSections.size()));
     int number = 0;
     for (const ElemSection& section : elemSections) {
@@ -101,11 +97,13 @@ void selectSections(const std::vector<ElemSection>& elemSections,
         } else if (section.geometryType == GeometryType::kSolid) {
             std::printf("element node num = %d\n", section.nodesPerElem);
             solids.push_back({&section});
+        } else {
+            listener.note(Finding::kSectionLeftOut, section.type);
         }
     }
 }
 
-void MergeSectionsByElset(std::vector<SectionSources>& sections) {
+void MergeSectionsByElset(std::vector<SectionSources>& sections, const text::Listener& listener) {
     std::map<std::string, SectionSources> byName;
     for (const SectionSources& section : sections)
         byName[section.front()->elset].push_back(section.front());
@@ -120,6 +118,7 @@ void MergeSectionsByElset(std::vector<SectionSources>& sections) {
                         static_cast<int>(sources.size()));
             std::printf("Total Element num = %d , Total node num = %d\n", static_cast<int>(total),
                         static_cast<int>(total * width));
+            listener.note(Finding::kSectionsMerged, name);
         }
         sections.push_back(std::move(sources));
     }
@@ -133,4 +132,4 @@ void makeSections(const std::vector<SectionSources>& sources, const OidMap<int>&
         sections.push_back(makeSection(section, nodeOidMap));
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

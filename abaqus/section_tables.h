@@ -3,9 +3,10 @@
 
 #include <vector>
 
+#include "abaqus/findings.h"
 #include "abaqus/model.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 /// The raw sections that one sorted section is made of: one, or all of a set name in deck order.
 /// The stages first settle these lists; the elements are moved once, when that is done.
@@ -14,15 +15,16 @@ using SectionSources = std::vector<const ElemSection*>;
 /// Lists the solids and the shells of the deck apart, in deck order. Says on standard output what
 /// sections it meets.
 void selectSections(const std::vector<ElemSection>& elemSections,
-                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells);
+                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells,
+                    const text::Listener& listener);
 
 /// Where a set name stands on two or more sections of the list: puts those of one name together,
 /// and the whole list in the order of the names. Otherwise the list stays as it is.
-void MergeSectionsByElset(std::vector<SectionSources>& sections);
+void MergeSectionsByElset(std::vector<SectionSources>& sections, const text::Listener& listener);
 
 /// Makes the sections anew: solids reduced to their corner nodes, merged sections filled up to
 /// eight-node solids or four-node shells, connectivity in new node IDs.
 void makeSections(const std::vector<SectionSources>& sources, const OidMap<int>& nodeOidMap,
                   std::vector<ElemSection>& sections);
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <numeric>
 #include <optional>
 #include <stdexcept>
@@ -13,7 +12,7 @@
 
 #include "abaqus/element_sets.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
 
@@ -36,13 +35,10 @@ constexpr FaceTable kFaceTables[] = {
 bool faceNodes(const std::vector<ElemSection>& sections, ElemLocation location, int face,
                FaceTuple& out) {
     const ElemSection& section = sections[location.section];
-    const auto table = std::find_if(
-        std::begin(kFaceTables), std::end(kFaceTables), [&section](const FaceTable& t) {
-            return t.width == section.nodesPerElem || t.quadraticWidth == section.nodesPerElem;
-        });
-    if (table == std::end(kFaceTables) || face < 1 || face > kMostFaces)
-        return false;
-    const std::string_view positions = table->faces[face - 1];
+    std::string_view positions;
+    for (const auto& [width, quadraticWidth, faces] : kFaceTables)
+        if (section.nodesPerElem == width || section.nodesPerElem == quadraticWidth)
+            positions = face < 1 || face > kMostFaces ? "" : faces[face - 1];
     // An unused OID gives the first element of the first section, which may have none.
     if (positions.empty() || location.row >= section.ids.size())
         return false;
@@ -51,26 +47,6 @@ bool faceNodes(const std::vector<ElemSection>& sections, ElemLocation location, 
     std::transform(positions.begin(), positions.end(), out.begin(),
                    [nodes](char position) { return nodes[position - '0']; });
     return true;
-}
-
-// Calls `visit(location, times)` for the ids of the run that the map covers, in order. Unused OIDs
-// all have the first element's location; stretches of them come in one call.
-template <class Visit>
-void forEachLocation(const OidMap<ElemLocation>& elemOidMap, const IdRun& run, const Visit& visit) {
-    const std::int64_t step = run.step;
-    const auto size = static_cast<std::int64_t>(elemOidMap.size());
-    const std::int64_t end = std::min(std::int64_t{run.last} + 1, size);
-    std::int64_t id = run.first;
-    if (id < 0)
-        id += (step - 1 - id) / step * step;
-    while (id < end) {
-        const auto oid = static_cast<std::size_t>(id);
-        const std::size_t next = elemOidMap.skipGap(oid, static_cast<std::size_t>(end));
-        const auto gap = static_cast<std::int64_t>(next - oid);
-        const std::int64_t times = std::max<std::int64_t>((gap + step - 1) / step, 1);
-        visit(elemOidMap[oid], static_cast<std::size_t>(times));
-        id += times * step;
-    }
 }
 
 // The digit in second place: S1 and SX1 differ, S1 and S10 do not. 0 for what is no digit.
@@ -83,7 +59,7 @@ struct SetFace {
     int set;
     int face;
     bool operator<(const SetFace& other) const {
-        return set != other.set ? set < other.set : face < other.face;
+        return std::pair(set, face) < std::pair(other.set, other.face);
     }
 };
 
@@ -94,10 +70,11 @@ struct FaceStretch {
     std::optional<std::size_t> begin;  // place of the first line's nodes, once they are there
 };
 
-// Calls `visit(named)` for each line that names a known set and a face.
-template <class Visit>
-void forEachSurfaceLine(const std::vector<SurfaceSection>& surfaces,
-                        const std::map<std::string, int>& elsetIndexMap, const Visit& visit) {
+// What the lines of all surfaces name, where it is a known set and a face.
+std::vector<SetFace> namedFaces(const std::vector<SurfaceSection>& surfaces,
+                                const std::map<std::string, int>& elsetIndexMap,
+                                const text::Listener& listener) {
+    std::vector<SetFace> named;
     for (const SurfaceSection& surface : surfaces) {
         if (surface.type != "ELEMENT")
             continue;
@@ -105,21 +82,37 @@ void forEachSurfaceLine(const std::vector<SurfaceSection>& surfaces,
             const auto set = elsetIndexMap.find(surface.items[i]);
             const int face = faceOfSurfaceLabel(surface.faces[i]);
             if (set != elsetIndexMap.end() && face >= 1 && face <= kMostFaces)
-                visit(SetFace{set->second, face});
+                named.push_back({set->second, face});
+            else
+                listener.note(Finding::kSurfaceItemUnknown, surface.items[i]);
         }
     }
+    return named;
 }
 
-// Calls `visit(tuple, times)` for the faces named, in the order of the set.
+// Calls `visit(tuple, times)` for the faces named, in the order of the set, of the elements that
+// the map covers. Unused OIDs all have the first element's location; stretches of them come in one
+// call.
 template <class Visit>
 void forEachFace(const RawModel& raw, const std::vector<ElemList>& elsetElems, const SetFace& named,
                  const Visit& visit) {
+    const auto size = static_cast<std::int64_t>(raw.elemOidMap.size());
     FaceTuple tuple;
-    for (const IdRun& run : elemsAt(elsetElems, named.set))
-        forEachLocation(raw.elemOidMap, run, [&](ElemLocation location, std::size_t times) {
-            if (faceNodes(raw.elemSections, location, named.face, tuple))
-                visit(tuple, times);
-        });
+    for (const auto& [first, last, step] : elemsAt(elsetElems, named.set)) {
+        const std::int64_t end = std::min(std::int64_t{last} + 1, size);
+        std::int64_t id = first;
+        if (id < 0)
+            id += (step - 1 - id) / step * step;
+        while (id < end) {
+            const auto oid = static_cast<std::size_t>(id);
+            const std::size_t next = raw.elemOidMap.skipGap(oid, static_cast<std::size_t>(end));
+            const auto gap = static_cast<std::int64_t>(next - oid);
+            const std::int64_t times = std::max<std::int64_t>((gap + step - 1) / step, 1);
+            if (faceNodes(raw.elemSections, raw.elemOidMap[oid], named.face, tuple))
+                visit(tuple, static_cast<std::size_t>(times));
+            id += times * step;
+        }
+    }
 }
 
 // Turns the node OIDs of `faces` into new node IDs and appends a section of them, if there are any.
@@ -130,14 +123,9 @@ void appendFaceSection(const char* name, const OidMap<int>& nodeOidMap, std::vec
         return;
     for (int& node : faces)
         node = nodeOidMap.find(node);
-    ElemSection section;
-    section.elset = name;
-    section.type = "S4";
-    section.geometryType = GeometryType::kShell;
-    section.nodesPerElem = 4;
+    ElemSection section{name, "S4", GeometryType::kShell, 4, {}, faces};
     section.ids.resize(faces.size() / 4);
     std::iota(section.ids.begin(), section.ids.end(), 0);
-    section.nodes = faces;
     shellElemSections.push_back(std::move(section));
 }
 
@@ -149,7 +137,7 @@ bool GetElemFaceNodes(const RawModel& raw, int elemOid, int face, FaceTuple& out
 }
 
 void AddDloadFaces(const RawModel& raw, std::vector<int>& dloadFaces,
-                   std::vector<ElemSection>& shellElemSections) {
+                   std::vector<ElemSection>& shellElemSections, const text::Listener& listener) {
     FaceTuple tuple;
     for (const DloadSection& dload : raw.dloads)
         for (std::size_t i = 0; i < dload.elemIDs.size(); ++i) {
@@ -157,29 +145,32 @@ void AddDloadFaces(const RawModel& raw, std::vector<int>& dloadFaces,
             if (label.size() == 2 && label[0] == 'P' &&
                 GetElemFaceNodes(raw, dload.elemIDs[i], label[1] - '0', tuple))
                 dloadFaces.insert(dloadFaces.end(), tuple.begin(), tuple.end());
+            else
+                listener.note(Finding::kLoadWithoutFace, label);
         }
     appendFaceSection("Dload_Shell", raw.nodeOidMap, dloadFaces, shellElemSections);
 }
 
 void AddSurfaceFaces(const RawModel& raw, const std::map<std::string, int>& elsetIndexMap,
                      const std::vector<ElemList>& elsetElems, std::vector<int>& surfaceFaces,
-                     std::vector<ElemSection>& shellElemSections) {
+                     std::vector<ElemSection>& shellElemSections, const text::Listener& listener) {
     // Counted first, since a few lines may ask for more faces than there is memory: nothing is
     // filled then.
     std::map<SetFace, FaceStretch> stretches;
     std::size_t faceNum = surfaceFaces.size() / 4;
-    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](const SetFace& named) {
+    const std::vector<SetFace> lines = namedFaces(raw.surfaces, elsetIndexMap, listener);
+    for (const SetFace& named : lines) {
         const auto [entry, isNew] = stretches.try_emplace(named);
         std::size_t& count = entry->second.faceNum;
         if (isNew)
             forEachFace(raw, elsetElems, named,
                         [&count](const FaceTuple&, std::size_t times) { count += times; });
         faceNum += count;
-        if (faceNum > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        if (!std::in_range<int>(faceNum))
             throw std::length_error("vector<T> too long");
-    });
+    }
     surfaceFaces.reserve(faceNum * 4);
-    forEachSurfaceLine(raw.surfaces, elsetIndexMap, [&](const SetFace& named) {
+    for (const SetFace& named : lines) {
         FaceStretch& stretch = stretches[named];
         const std::size_t begin = surfaceFaces.size();
         if (stretch.begin) {
@@ -193,8 +184,8 @@ void AddSurfaceFaces(const RawModel& raw, const std::map<std::string, int>& else
                     surfaceFaces.insert(surfaceFaces.end(), tuple.begin(), tuple.end());
             });
         }
-    });
+    }
     appendFaceSection("Surface_Shell", raw.nodeOidMap, surfaceFaces, shellElemSections);
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -3,102 +3,84 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include "abaqus/dump.h"
 #include "abaqus/element_sets.h"
-#include "abaqus/import_state.h"
-#include "text/file.h"
-#include "text/format.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
 
-int asInt(std::size_t number) {
-    return static_cast<int>(number);
-}
-
 void writeNodeIds(text::Writer& log, const RawModel& raw) {
-    log.text("--------------- Node ID Map-----------------\n");
-    for (const int oid : raw.nodeBlock.ids) {
-        log.text("Old ID = ").integer(oid).text(" , New ID = ");
-        log.integer(raw.nodeOidMap.find(oid)).text("\n");
-    }
+    put(log, "--------------- Node ID Map-----------------\n");
+    for (const int oid : raw.nodeBlock.ids)
+        put(log, "Old ID = ", oid, " , New ID = ", raw.nodeOidMap.find(oid), "\n");
 }
 
 void writeElementIds(text::Writer& log, const RawModel& raw) {
-    log.text("--------------- Element ID Map-----------------\n");
+    put(log, "--------------- Element ID Map-----------------\n");
     for (const ElemSection& section : raw.elemSections)
         for (const int oid : section.ids) {
-            const ElemLocation location = raw.elemOidMap.find(oid);
-            log.text("Old ID = ").integer(oid).text(" , MapData = (");
-            log.integer(asInt(location.section)).text(", ");
-            log.integer(asInt(location.row)).text(")\n");
+            const auto [place, row] = raw.elemOidMap.find(oid);
+            put(log, "Old ID = ", oid, " , MapData = (", std::size_t{place}, ", ", std::size_t{row},
+                ")\n");
         }
 }
 
 void writeNodes(text::Writer& log, const NodeBlock& block) {
-    log.text("-------- Node Data--------\n");
+    put(log, "-------- Node Data--------\n");
     for (std::size_t row = 0; row < block.ids.size(); ++row) {
         const double* const coord = &block.coords[3 * row];
-        log.text("New ID = ").integer(asInt(row)).text(" , Old ID = ").integer(block.ids[row]);
-        log.text(" , (").fixed(coord[0]).text(", ").fixed(coord[1]).text(", ").fixed(coord[2]);
-        log.text(")\n");
+        put(log, "New ID = ", row, " , Old ID = ", block.ids[row], " , (", coord[0], ", ", coord[1],
+            ", ", coord[2], ")\n");
     }
 }
 
 void writeSections(text::Writer& log, std::string_view kind,
                    const std::vector<ElemSection>& sections) {
-    log.text("-------- ").text(kind).text(" Element Data--------\n");
+    put(log, "-------- ", kind, " Element Data--------\n");
     for (std::size_t s = 0; s < sections.size(); ++s) {
         const ElemSection& section = sections[s];
-        log.text("------- ").text(kind).text(" Element Section ").integer(asInt(s));
-        log.text(" --------\n");
-        log.text("Type = ").text(section.type).text(", Elset = ").text(section.elset);
-        log.text(", Element Node Num = ").integer(section.nodesPerElem).text("\n");
+        put(log, "------- ", kind, " Element Section ", s, " --------\n");
+        put(log, "Type = ", section.type, ", Elset = ", section.elset);
+        put(log, ", Element Node Num = ", section.nodesPerElem, "\n");
         const int* node = section.nodes.data();
         for (std::size_t row = 0; row < section.ids.size(); ++row) {
-            log.text("New ID = ").integer(asInt(row)).text(" , Old ID = ");
-            log.integer(section.ids[row]).text(" ,");
+            put(log, "New ID = ", row, " , Old ID = ", section.ids[row], " ,");
             for (int k = 0; k < section.nodesPerElem; ++k)
-                log.text(" ").integer(*node++);
-            log.text("\n");
+                put(log, " ", *node++);
+            put(log, "\n");
         }
     }
 }
 
 void writeSets(text::Writer& log, const AbaqusModel& model) {
-    log.text("-------- Elset Data--------\n");
+    put(log, "-------- Elset Data--------\n");
     int number = 0;
     for (const auto& [name, value] : model.elsetIndexMap) {
-        log.text("------- Elset Section ").integer(number++).text(" --------\n");
+        put(log, "------- Elset Section ", number++, " --------\n");
         // The length is that of the name.
-        log.text("Elset name = ").text(name).text(", len = ").integer(asInt(name.size()));
-        log.text("\n");
+        put(log, "Elset name = ", name, ", len = ", name.size(), "\n");
         for (const IdRun& run : elemsAt(model.elsetElems, value))
             for (std::int64_t oid = run.first; oid <= run.last; oid += run.step)
-                log.text("  Elem id = ").integer(static_cast<int>(oid)).text("\n");
+                put(log, "  Elem id = ", static_cast<int>(oid), "\n");
     }
 }
 
 void writeLoadFaces(text::Writer& log, const std::vector<int>& faces) {
-    log.text("-------- Dload Data--------\n");
-    log.text("Face Elem Num = ").integer(asInt(faces.size() / 4)).text("\n");
-    for (std::size_t i = 0; i < faces.size(); i += 4) {
-        log.text("Added face : (").integer(faces[i]).text(", ").integer(faces[i + 1]);
-        log.text(", ").integer(faces[i + 2]).text(", ").integer(faces[i + 3]).text(")\n");
-    }
+    put(log, "-------- Dload Data--------\n");
+    put(log, "Face Elem Num = ", faces.size() / 4, "\n");
+    for (std::size_t i = 0; i < faces.size(); i += 4)
+        put(log, "Added face : (", faces[i], ", ", faces[i + 1], ", ", faces[i + 2], ", ",
+            faces[i + 3], ")\n");
 }
 
 }  // namespace
 
-void WriteSortLog(const AbaqusModel& model) {
-    const std::string path = debugFilePath("SortData.log");
-    std::printf("log file path = %s\n", path.c_str());
-    const text::File file = text::openFile(path.c_str(), "w");
+void WriteSortLog(const AbaqusModel& model, const DebugFolder& folder) {
+    const text::File file = folder.openDump("SortData.log");
     if (file == nullptr)
         return;
     text::Writer log(file.get());
@@ -111,4 +93,4 @@ void WriteSortLog(const AbaqusModel& model) {
     writeLoadFaces(log, model.dloadFaces);
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

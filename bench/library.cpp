@@ -2,12 +2,13 @@
 #include <cstdio>
 #include <vector>
 
-#include "abaqus/deck_import.h"
+#include "abaqus/import.h"
 #include "abaqus/normalise.h"
 #include "bench/host_writers.h"
 #include "bench/job_table.h"
 #include "bench/process_meter.h"
 #include "bench/table_sizes.h"
+#include "package/import_3di.h"
 #include "support/captured_output.h"
 #include <kvocaeio/abaqus.h>
 #include <kvocaeio/nastran.h>
@@ -46,9 +47,9 @@ Steps importAbaqus(const char* path, int) {
     if (!imported)
         return {};
     // Once more, since the public interface does not show all tables.
-    AbaqusModel model;
-    importDeck(model, path);
-    SortData(model);
+    abaqus::AbaqusModel model;
+    abaqus::importDeck(model, path);
+    abaqus::SortData(model);
     steps[0].tables = bench::rawTableBytes(model);
     steps[1].tables = steps[0].tables + bench::sortedTableBytes(model);
     return steps;
@@ -63,9 +64,9 @@ Steps importPackage(const char* path, int) {
     }
     if (!imported)
         return {};
-    CKVOCadenceReaderImp model;  // likewise
-    InputFile file(path);
-    model.Import3DI(file);
+    package::Model model;  // likewise
+    package::InputFile file(path);
+    package::import3di(file, model);
     step.tables = bench::packageBytes(model);
     return {step};
 }

@@ -2,7 +2,6 @@
 #include "bench/table_sizes.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,54 +28,54 @@ std::size_t bytes(const std::vector<std::string>& table) {
 }
 
 template <class Entry>
-std::size_t bytes(const std::unique_ptr<ChunkedList<Entry>>& list) {
-    return list->size() * sizeof(Entry);
+std::size_t bytes(const package::ChunkedList<Entry>& list) {
+    return list.size() * sizeof(Entry);
 }
 
 template <class Value>
-std::size_t bytes(const OidMap<Value>& map) {
+std::size_t bytes(const abaqus::OidMap<Value>& map) {
     return map.size() * sizeof(Value);
 }
 
-std::size_t bytes(const ElemSection& section) {
+std::size_t bytes(const abaqus::ElemSection& section) {
     return bytes(section.ids) + bytes(section.nodes);
 }
 
 }  // namespace
 
-std::size_t rawTableBytes(const AbaqusModel& model) {
+std::size_t rawTableBytes(const abaqus::AbaqusModel& model) {
     std::size_t sum = bytes(model.nodeOidMap) + bytes(model.elemOidMap) +
                       bytes(model.nodeBlock.ids) + bytes(model.nodeBlock.coords);
-    for (const ElemSection& section : model.elemSections)
+    for (const abaqus::ElemSection& section : model.elemSections)
         sum += bytes(section);
-    for (const SurfaceSection& surface : model.surfaces)
+    for (const abaqus::SurfaceSection& surface : model.surfaces)
         sum += bytes(surface.items) + bytes(surface.faces);
-    for (const DloadSection& load : model.dloads)
+    for (const abaqus::DloadSection& load : model.dloads)
         sum += bytes(load.elemIDs) + bytes(load.faceIdx) + bytes(load.values);
-    for (const ElsetSection& set : model.elsets)
+    for (const abaqus::ElsetSection& set : model.elsets)
         sum += bytes(set.members);
     return sum;
 }
 
-std::size_t sortedTableBytes(const AbaqusModel& model) {
+std::size_t sortedTableBytes(const abaqus::AbaqusModel& model) {
     std::size_t sum = bytes(model.dloadFaces) + bytes(model.surfaceFaces);
     std::size_t largest = 0;
     for (const auto* sections : {&model.solidSections, &model.shellElemSections})
-        for (const ElemSection& section : *sections) {
+        for (const abaqus::ElemSection& section : *sections) {
             sum += bytes(section);
             largest = std::max(largest, bytes(section));
         }
-    for (const ElemList& elements : model.elsetElems)
+    for (const abaqus::ElemList& elements : model.elsetElems)
         sum += bytes(elements);
     return sum + largest;
 }
 
-std::size_t packageBytes(const CKVOCadenceReaderImp& model) {
+std::size_t packageBytes(const package::Model& model) {
     std::size_t sum = bytes(model.wirePoints) + bytes(model.wireFirstPoint) +
                       bytes(model.wireProfile) + bytes(model.wireDiameter) +
-                      bytes(model.wireColorId) + bytes(model.wireProfileNames);
+                      bytes(model.wireColorId) + bytes(*model.wireProfileNames);
     for (std::size_t i = 0; i < model.components->size(); ++i)
-        sum += sizeof(ComponentShape) + model.components->name(i).size() + 1;
+        sum += sizeof(package::ComponentShape) + model.components->name(i).size() + 1;
     return sum;
 }
 

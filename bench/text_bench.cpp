@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "abaqus/deck_lines.h"
+#include "abaqus/lines.h"
 #include "support/files.h"
 #include "text/file.h"
 #include "text/line_reader.h"
@@ -60,7 +60,7 @@ void ReadLines(benchmark::State& state) {
     const std::string path = folder.write("lines", text);
     for (auto _ : state) {
         const text::File file = text::openFile(path.c_str(), "rb");
-        text::LineReader reader(file.get(), kDeckLineBound, mode);
+        text::LineReader reader(file.get(), abaqus::kLineBound, mode);
         std::size_t length = 0;
         while (reader.next())
             length += reader.line().size();
@@ -138,7 +138,7 @@ void ScanElementTokens(benchmark::State& state) {
         benchmark::DoNotOptimize(line);
         int sum = 0;
         text::Tokens tokens(line);
-        for (std::string_view token; tokens.next(kDataField, token);) {
+        for (std::string_view token; tokens.next(abaqus::kDataField, token);) {
             int value = 0;
             text::Scan(token).integer(value);
             sum += value;

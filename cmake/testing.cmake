@@ -82,6 +82,9 @@ function(kvocaeio_test name)
     endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABEL}" TIMEOUT 600)
+    if(arg_LABEL STREQUAL "differential")
+        set_tests_properties(${name} PROPERTIES COST 100)  # the longest begin first
+    endif()
 endfunction()
 
 # kvocaeio_failing_memory(NAME)

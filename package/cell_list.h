@@ -9,7 +9,7 @@
 
 #include "package/chunked_list.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 /// Cells of at most a line's length, in the order in which they were appended, in chunks of equal
 /// number. A report may have a cell per byte, so a cell costs four bytes beside its text.
@@ -19,12 +19,12 @@ class CellList {
 
     void append(std::string_view cell) {
         Chunk& chunk = chunkWithRoom();
-        chunk.text.append(cell);
-        chunk.ends[size_++ % kChunkLength] = static_cast<std::uint32_t>(chunk.text.size());
+        chunk.characters.append(cell);
+        chunk.ends[size_++ % kChunkLength] = static_cast<std::uint32_t>(chunk.characters.size());
     }
 
-    /// Appends the cells of a line, each of which is ended by `delimiter`: what stands behind the
-    /// last one belongs to none. Gives their number.
+    /// Appends the cells of a line, each of which is ended by `delimiter`: what stands after the
+    /// last one belongs to none. Returns their number.
     std::size_t appendLine(std::string_view line, char delimiter) {
         const std::size_t before = size_;
         line = line.substr(0, line.rfind(delimiter) + 1);
@@ -38,7 +38,7 @@ class CellList {
         const Chunk& chunk = chunks_[index / kChunkLength];
         const std::size_t place = index % kChunkLength;
         const std::size_t start = place == 0 ? 0 : chunk.ends[place - 1];
-        return {chunk.text.data() + start, chunk.ends[place] - start};
+        return {chunk.characters.data() + start, chunk.ends[place] - start};
     }
 
     /// For any index. Throws the error of `throwBadSubscript`.
@@ -52,26 +52,26 @@ class CellList {
     static constexpr std::size_t kChunkLength = 1024;
 
     struct Chunk {
-        std::string text;
-        std::vector<std::uint32_t> ends;  // of each cell in `text`; the first one starts at 0
+        std::string characters;
+        std::vector<std::uint32_t> ends;  // of each cell in `characters`; the first one starts at 0
     };
 
     Chunk& chunkWithRoom() {
         if (size_ == chunks_.size() * kChunkLength) {
             if (!chunks_.empty())
-                chunks_.back().text.shrink_to_fit();
+                chunks_.back().characters.shrink_to_fit();
             chunks_.push_back({{}, std::vector<std::uint32_t>(kChunkLength)});
         }
         return chunks_.back();
     }
 
-    // Appends the first cells of a line, as many as the chunk has room for. Gives how many
+    // Appends the first cells of a line, as many as the chunk has room for. Returns how many
     // characters they are with their delimiters.
     std::size_t fillChunk(std::string_view cells, char delimiter) {
         Chunk& chunk = chunkWithRoom();
-        std::size_t end = chunk.text.size();
-        chunk.text.resize(end + cells.size());
-        char* const text = chunk.text.data();
+        std::size_t end = chunk.characters.size();
+        chunk.characters.resize(end + cells.size());
+        char* const to = chunk.characters.data();
         std::uint32_t* const ends = chunk.ends.data();
         const std::size_t first = size_ % kChunkLength;
         std::size_t place = first;
@@ -80,12 +80,12 @@ class CellList {
         // hand, since no processor foresees where the delimiters stand.
         for (; read < cells.size() && place < kChunkLength; ++read) {
             const auto isDelimiter = static_cast<std::size_t>(cells[read] == delimiter);
-            text[end] = cells[read];
+            to[end] = cells[read];
             ends[place] = static_cast<std::uint32_t>(end);
             end += 1 - isDelimiter;
             place += isDelimiter;
         }
-        chunk.text.resize(end);
+        chunk.characters.resize(end);
         size_ += place - first;
         return read;
     }
@@ -94,4 +94,4 @@ class CellList {
     std::size_t size_ = 0;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

@@ -5,12 +5,11 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
-#include <memory>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 /// The error of an index outside a list. Its text is the same on every platform.
 [[noreturn]] inline void throwBadSubscript() {
@@ -68,12 +67,4 @@ class ChunkedList {
     std::size_t size_ = 0;
 };
 
-/// Makes a list or table that is absent, and empties it where it is there.
-template <class List>
-void makeEmpty(std::unique_ptr<List>& list) {
-    if (list == nullptr)
-        list = std::make_unique<List>();
-    list->clear();
-}
-
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

@@ -1,7 +1,6 @@
 /// The bodies of a package, kept compactly.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -10,7 +9,7 @@
 #include "package/cell_list.h"
 #include "package/chunked_list.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 enum class ComponentType : int {
     kNone = 0,
@@ -22,21 +21,17 @@ enum class ComponentType : int {
     kCap = 6,
 };
 
-/// One body.
-struct ComponentRecord {
-    ComponentType type = ComponentType::kNone;
-    std::string name;
-    std::array<double, 3> center{};  ///< millimetres
-    std::array<double, 5> size{};  ///< x, y, z; of a ball the diameter alone; two that nobody sets
-    unsigned color = 0;            ///< packed, first colour value in the lowest byte
-};
-
 /// What is kept of a body beside its name: a report may have a body on every fourteen bytes.
 struct ComponentShape {
-    ComponentType type;
-    unsigned color;
-    std::array<double, 3> center;
-    std::array<double, 3> size;
+    ComponentType type = ComponentType::kNone;
+    unsigned color = 0;              ///< packed, first colour value in the lowest byte
+    std::array<double, 3> center{};  ///< millimetres
+    std::array<double, 3> size{};    ///< x, y, z; of a ball the first is the diameter
+};
+
+/// One body.
+struct ComponentRecord : ComponentShape {
+    std::string name;
 };
 
 /// Bodies in the order in which they were appended.
@@ -46,15 +41,8 @@ class ComponentList {
 
     /// Names have at most a line's length.
     void append(const ComponentRecord& record) {
-        ComponentShape shape{record.type, record.color, record.center, {}};
-        std::copy_n(record.size.begin(), shape.size.size(), shape.size.begin());
         names_.append(record.name);
-        shapes_.append(shape);  // last, since the shapes count where memory runs out between them
-    }
-
-    void clear() {
-        names_ = {};
-        shapes_.clear();
+        shapes_.append(record);  // last, since the shapes count where memory runs out between them
     }
 
     /// For an index that is known to be inside, here as below.
@@ -68,4 +56,4 @@ class ComponentList {
     ChunkedList<ComponentShape> shapes_;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

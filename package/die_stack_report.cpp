@@ -1,13 +1,14 @@
 /// The report of a stacked design's dies, interposers and spacers.
+#include "package/die_stack_report.h"
+
 #include <array>
 #include <string_view>
 
-#include "package/model.h"
 #include "package/report_rows.h"
 #include "package/words.h"
 #include "text/scan.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 namespace {
 
@@ -31,10 +32,8 @@ ComponentType typeByMember(std::string_view member) {
 
 }  // namespace
 
-bool CKVOCadenceReaderImp::ReadDieStackReport() {
-    if (components == nullptr)
-        return false;
-    const ReportRows rows(*this, kDieStackReport, kColumns);
+bool readDieStackReport(const Report& report, double unitScale, ComponentList& components) {
+    const ReportRows rows(report, kColumns);
     if (!rows.hasAllColumns())
         return false;
     for (std::size_t row = 0; row < rows.count(); ++row) {
@@ -47,9 +46,9 @@ bool CKVOCadenceReaderImp::ReadDieStackReport() {
         setExtent(record, 0, coordinate(kX1), coordinate(kX2), unitScale);
         setExtent(record, 1, coordinate(kY1), coordinate(kY2), unitScale);
         setExtent(record, 2, coordinate(kBottom), coordinate(kTop), unitScale);
-        components->append(record);
+        components.append(record);
     }
     return true;
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

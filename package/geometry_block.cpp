@@ -1,10 +1,11 @@
 /// Which body a block is, and its place and size.
 #include "package/geometry_block.h"
 
+#include <array>
 #include <cmath>
 #include <string_view>
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 namespace {
 
@@ -18,15 +19,13 @@ ComponentType typeByName(std::string_view name) {
     return ComponentType::kDie;
 }
 
-const std::string& nameOf(const GeometryBlock& block, const CKVOCadenceReaderImp& model) {
-    return block.name.empty() ? model.layerNames->at(block.layerId) : block.name;
+const std::string& nameOf(const GeometryBlock& block, const BlockTables& tables) {
+    return block.name.empty() ? tables.layerNames.at(block.layerId) : block.name;
 }
 
 void setBox(const GeometryBlock& block, ComponentRecord& record) {
     record.center = {block.x.middle(), block.y.middle(), block.z.middle()};
-    record.size[0] = block.x.extent();
-    record.size[1] = block.y.extent();
-    record.size[2] = block.z.extent();
+    record.size = {block.x.extent(), block.y.extent(), block.z.extent()};
 }
 
 }  // namespace
@@ -37,12 +36,33 @@ void GeometryBlock::reset(double startOfMaxima) {
     x = y = z = {kStartOfMinima, startOfMaxima};
 }
 
-void GeometryBlock::setBall(double centerX, double centerY, double uncorrectedZ, double radius,
-                            double h) {
-    ballX = centerX;
-    ballY = centerY;
-    ballZ = uncorrectedZ - (radius - std::sqrt(radius * radius - h * h));
+bool GeometryBlock::scanExtrusion(text::Scan scan) {
+    std::string_view word;
+    int dropped = 0;
+    AxisRange range{};
+    if (!scan.word(word) || !scan.integer(dropped) || !scan.real(range.min) ||
+        !scan.real(range.max))
+        return false;
+    z = range;
+    return true;
+}
+
+bool GeometryBlock::scanBall(text::Scan scan) {
+    std::string_view word;
+    std::array<double, 6> fields{};
+    int dropped = 0;
+    bool complete = scan.word(word);
+    for (double& field : fields)
+        complete = complete && scan.real(field);
+    if (!complete || !scan.integer(dropped))
+        return false;
+    const double radius = fields[3];
+    const double h = fields[5];
+    ballX = fields[0];
+    ballY = fields[1];
+    ballZ = fields[2] - (radius - std::sqrt(radius * radius - h * h));
     ballRadius = radius;
+    return true;
 }
 
 bool isWanted(const GeometryBlock& block, const BodyKinds& kinds) {
@@ -50,16 +70,16 @@ bool isWanted(const GeometryBlock& block, const BodyKinds& kinds) {
            block.layerId == kinds.outline || block.layerId == kinds.cap;
 }
 
-bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds,
-                 const CKVOCadenceReaderImp& model, ComponentRecord& record) {
+bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const BlockTables& tables,
+                 double unitScale, ComponentRecord& record) {
     if (!isWanted(block, kinds))
         return false;
     if (block.objectId == kinds.symbol) {
-        record.name = nameOf(block, model);
+        record.name = nameOf(block, tables);
         record.type = typeByName(record.name);
         setBox(block, record);
     } else if (block.objectId == kinds.ball) {
-        record.name = nameOf(block, model);
+        record.name = nameOf(block, tables);
         record.type = ComponentType::kBall;
         record.center = {block.ballX, block.ballY, block.ballZ};
         record.size[0] = block.ballRadius * 2.0;
@@ -75,12 +95,12 @@ bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds,
         record.type = ComponentType::kCap;
         setBox(block, record);
     }
-    record.color = model.colorTable->at(block.colorId);
+    record.color = tables.colorTable.at(block.colorId);
     for (double& length : record.center)
-        length *= model.unitScale;
+        length *= unitScale;
     for (double& length : record.size)
-        length *= model.unitScale;
+        length *= unitScale;
     return true;
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

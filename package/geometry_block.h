@@ -4,8 +4,9 @@
 #include <string>
 
 #include "package/model.h"
+#include "text/scan.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 /// Indexes of the table entries that tell which blocks are bodies.
 struct BodyKinds {
@@ -43,9 +44,14 @@ struct GeometryBlock {
     /// Starts anew. The ball is kept from block to block.
     void reset(double startOfMaxima);
 
-    /// Takes the ball of a "BARL" line. Its z is lowered by the height of the spherical cap whose
-    /// base has the radius h, and becomes not a number where h is above the ball's radius.
-    void setBall(double centerX, double centerY, double uncorrectedZ, double radius, double h);
+    /// Takes the z range of an "EXTR" line: "%s %d %lf %lf". False where the line lacks a field;
+    /// nothing is taken then, here as below.
+    bool scanExtrusion(text::Scan scan);
+
+    /// Takes the ball of a "BARL" line: "%s %lf %lf %lf %lf %lf %lf %d", with centre, radius, a
+    /// number that is dropped and h. Its z is lowered by the height of the spherical cap whose base
+    /// has the radius h, and becomes not a number where h is above the ball's radius.
+    bool scanBall(text::Scan scan);
 
     double ballX = 0.0;
     double ballY = 0.0;
@@ -59,7 +65,7 @@ bool isWanted(const GeometryBlock& block, const BodyKinds& kinds);
 /// Turns a block into a body in millimetres. False where none comes of it: `record` keeps its
 /// numbers then. What no rule sets in `record` keeps what the body before has left there. Throws
 /// the error of `throwBadSubscript` where a table has no entry for the block's colour or name.
-bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds,
-                 const CKVOCadenceReaderImp& model, ComponentRecord& record);
+bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const BlockTables& tables,
+                 double unitScale, ComponentRecord& record);
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

@@ -7,7 +7,7 @@
 
 #include "package/chunked_list.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 /// Ids run from 0 up to this one, which is none any more.
 inline constexpr int kTableCapacity = 16'777'216;
@@ -44,4 +44,4 @@ class IdTable {
     T absent_{};
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

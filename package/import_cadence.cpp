@@ -1,14 +1,17 @@
 /// The import of a Cadence design: the extraction tool's command files and runs, then its reports.
-#include <array>
+#include "package/import_cadence.h"
+
 #include <cstdio>
 #include <initializer_list>
-#include <string>
 
-#include "package/model.h"
+#include "package/die_stack_report.h"
+#include "package/layer_report.h"
+#include "package/report_tables.h"
+#include "package/symbol_report.h"
 #include "text/file.h"
 #include "text/platform.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 namespace {
 
@@ -32,11 +35,11 @@ void runTool(std::initializer_list<String> words) {
     text::runProgram(commandLine);
 }
 
-// Extracts the reports of a design, with one form of the paths. False where no design is given or
-// `writeCommandFiles` gives false.
-template <class String, class WriteCommandFiles>
+// Extracts the reports of a design, with one form of the paths; the command files are written by
+// the narrow ones. False where no design is given or a command file cannot be opened.
+template <class String>
 bool extract(const ToolPaths<String>& paths, const typename String::value_type* designPath,
-             const WriteCommandFiles& writeCommandFiles) {
+             const ToolPaths<std::string>& narrowPaths) {
     using Char = typename String::value_type;
     if (designPath == nullptr)
         return false;
@@ -44,7 +47,7 @@ bool extract(const ToolPaths<String>& paths, const typename String::value_type* 
         text::deleteFile(paths.commandFiles[i].c_str());
         text::deleteFile(paths.dataFiles[i].c_str());
     }
-    if (!writeCommandFiles())
+    if (!writeCommandFiles(narrowPaths))
         return false;
     const String design = designPath;
     runTool({paths.exe, design, paths.commandFiles[0], paths.dataFiles[0], paths.dataFiles[1]});
@@ -54,38 +57,64 @@ bool extract(const ToolPaths<String>& paths, const typename String::value_type* 
     return true;
 }
 
-bool writeText(const std::string& path, const char* text) {
+bool writeFile(const std::string& path, const char* content) {
     const text::File file = text::openFile(path.c_str(), "w");
     if (file != nullptr)
-        std::fputs(text, file.get());
+        std::fputs(content, file.get());
     return file != nullptr;
 }
 
 }  // namespace
 
-bool CKVOCadenceReaderImp::ImportCadenceFile(InputFile& design) {
-    const auto writeCommandFiles = [this] { return WriteCommandFiles(); };
-    if (!paths.exe.empty()) {
-        if (!extract(paths, design.narrowPath, writeCommandFiles))
-            return false;
-    } else if (!pathsW.exe.empty()) {
-        if (!extract(pathsW, design.widePath, writeCommandFiles))
-            return false;
-    }
+bool importCadence(InputFile& design, Model& model, const text::Listener& listener) {
+    const ToolPaths<std::string>& paths = model.paths;
+    const ToolPaths<std::wstring>& pathsW = model.pathsW;
+    const bool extracted = !paths.exe.empty()
+                               ? extract(paths, design.narrowPath, paths)
+                               : pathsW.exe.empty() || extract(pathsW, design.widePath, paths);
+    if (!extracted)
+        return false;
     // The tool leaves its reports where its commands were, not where the data files' paths point.
-    const auto report = [this](std::size_t i) {
+    const auto report = [&](std::size_t i) {
         return pathsW.commandFiles[i].empty() ? InputFile(paths.commandFiles[i].c_str())
                                               : InputFile(pathsW.commandFiles[i].c_str());
     };
-    InputFile symbols = report(0);
-    InputFile layers = report(1);
-    InputFile dieStack = report(2);
-    return ReadReportFiles(symbols, layers, dieStack) && ReadReportUnits() && ReadReports();
+    InputFile symbols = report(kSymbolReport);
+    InputFile layers = report(kLayerReport);
+    InputFile dieStack = report(kDieStackReport);
+    return readReportFiles(symbols, layers, dieStack, listener, model.reportTables) &&
+           readReportUnits((*model.reportTables)[kSymbolReport], listener, model.unitScale) &&
+           readReports(*model.reportTables, model.unitScale, model.components);
 }
 
-bool CKVOCadenceReaderImp::WriteCommandFiles() {
-    return writeText(paths.commandFiles[0], kGeometryAndLayerViews) &&
-           writeText(paths.commandFiles[2], kDieStackView);
+bool writeCommandFiles(const ToolPaths<std::string>& paths) {
+    return writeFile(paths.commandFiles[0], kGeometryAndLayerViews) &&
+           writeFile(paths.commandFiles[2], kDieStackView);
 }
 
-}  // namespace kvocaeio
+bool readReportFiles(InputFile& symbols, InputFile& layers, InputFile& dieStack,
+                     const text::Listener& listener, std::optional<ReportTables>& tables) {
+    ReportTables& reports = tables.emplace();
+    if (!readReport(symbols, listener, reports[kSymbolReport]) ||
+        !readReport(layers, listener, reports[kLayerReport]))
+        return false;
+    readReport(dieStack, listener, reports[kDieStackReport]);  // not every design has one
+    return !listener.hasStopped();
+}
+
+bool readReports(const ReportTables& tables, double unitScale,
+                 std::optional<ComponentList>& components) {
+    const Report& symbols = tables[kSymbolReport];
+    if (!hasFullJobLine(symbols))
+        return false;
+    ComponentList& bodies = components.emplace();
+    // The kind of design goes by the report, not by the path that was imported.
+    const bool isMcm = isDesignOf(symbols, ".mcm");
+    if (!isMcm && !isDesignOf(symbols, ".sip"))
+        return isDesignOf(symbols, ".brd");
+    return readSymbolReport(symbols, unitScale, bodies) &&
+           (isMcm || readDieStackReport(tables[kDieStackReport], unitScale, bodies)) &&
+           readLayerReport(tables[kLayerReport], bodies);
+}
+
+}  // namespace kvocaeio::package

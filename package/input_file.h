@@ -3,7 +3,7 @@
 
 #include "text/file.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 /// A file by its narrow or its wide path. The paths are borrowed. A stream that is still open is
 /// closed when the holder goes away.
@@ -25,4 +25,4 @@ struct InputFile {
     text::File stream;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

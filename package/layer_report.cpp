@@ -1,13 +1,14 @@
 /// The report of a design's layers: how high its substrate and die are, and where its bodies lie.
+#include "package/layer_report.h"
+
 #include <array>
 #include <string_view>
 
-#include "package/model.h"
 #include "package/report_rows.h"
 #include "package/words.h"
 #include "text/scan.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 namespace {
 
@@ -65,19 +66,17 @@ Heights sumThicknesses(const LayerRows& rows, bool isMcm) {
 
 }  // namespace
 
-bool CKVOCadenceReaderImp::ReadLayerReport() {
+bool readLayerReport(const Report& report, ComponentList& components) {
     constexpr double kMil = 0.0254;
-    if (components == nullptr)
-        return false;
-    const bool isMcm = holds(designOf(reportTables, kLayerReport), ".mcm");
-    const LayerRows rows(*this, kLayerReport, kColumns);
+    const bool isMcm = isDesignOf(report, ".mcm");
+    const LayerRows rows(report, kColumns);
     if (!rows.hasAllColumns())
         return false;
     Heights heights = sumThicknesses(rows, isMcm);
     heights.substrate *= kMil;
     heights.die *= kMil;
-    for (std::size_t i = 0; i < components->size(); ++i) {
-        ComponentShape& body = components->shape(i);
+    for (std::size_t i = 0; i < components.size(); ++i) {
+        ComponentShape& body = components.shape(i);
         if (body.type == ComponentType::kSubstrate) {
             body.center[2] = heights.substrate * 0.5;
             body.size[2] = heights.substrate;
@@ -91,4 +90,4 @@ bool CKVOCadenceReaderImp::ReadLayerReport() {
     return true;
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

@@ -1,33 +1,22 @@
-/// The length units of package files.
+/// The length units of package files, and the pass over a 3DI file that seeks them.
 #pragma once
 
-#include <algorithm>
-#include <array>
 #include <string_view>
 
-#include "package/words.h"
+#include "package/input_file.h"
+#include "text/findings.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 struct LengthUnit {
-    Word word;
+    std::string_view word;
     double millimetres;
 };
 
-// In the order of the tests: the first word that a text holds anywhere decides, so that a "COMMENT"
-// makes it millimetres.
-inline constexpr std::array kLengthUnits{
-    LengthUnit{Word("MM"), 1.0},      LengthUnit{Word("MILLIMETERS"), 1.0},
-    LengthUnit{Word("UM"), 0.001},    LengthUnit{Word("MICRONS"), 0.001},
-    LengthUnit{Word("NM"), 0.000001}, LengthUnit{Word("NANOMETERS"), 0.000001},
-    LengthUnit{Word("INCH"), 25.4},   LengthUnit{Word("INCHS"), 25.4},
-};
+/// The unit whose word `line` holds; null without one.
+const LengthUnit* findLengthUnit(std::string_view line);
 
-/// The unit whose word `text` holds; null without one.
-inline const LengthUnit* findLengthUnit(std::string_view text) {
-    const auto unit = std::ranges::find_if(
-        kLengthUnits, [&](const LengthUnit& each) { return each.word.isHeldBy(text); });
-    return unit == kLengthUnits.end() ? nullptr : &*unit;
-}
+/// Sets `unitScale` from the first header line with a unit word, and leaves it where there is none.
+bool readUnits(InputFile& file, const text::Listener& listener, double& unitScale);
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

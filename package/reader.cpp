@@ -1,95 +1,83 @@
 /// The exported reader: its life, the imports, paths and queries.
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "package/model.h"
+#include "package/reader_imp.h"
 #include "text/platform.h"
 #include <kvocaeio/package.h>
 
-using kvocaeio::ChunkedList;
-using kvocaeio::CKVOCadenceReaderImp;
-using kvocaeio::ComponentShape;
-using kvocaeio::ComponentType;
-using kvocaeio::InputFile;
+using kvocaeio::package::CKVOCadenceReaderImp;
+using kvocaeio::package::ComponentShape;
+using kvocaeio::package::ComponentType;
+using kvocaeio::package::InputFile;
+using kvocaeio::package::Model;
+using kvocaeio::package::ToolPaths;
 
 namespace {
 
 // Runs an import. False without a model to fill, and where memory runs out.
 template <class Import>
-bool importInto(CKVOCadenceReaderImp* model, const Import& run) {
+bool importInto(CKVOCadenceReaderImp* imp, const Import& run) {
     try {
-        return model != nullptr && run(*model);
+        return imp != nullptr && run(*imp);
     } catch (const std::bad_alloc&) {
         return false;
     }
 }
 
 template <class Char>
-bool import3DIFile(CKVOCadenceReaderImp* model, const Char* path) {
+bool import3DIFile(CKVOCadenceReaderImp* imp, const Char* path) {
     InputFile file(path);
-    return importInto(model, [&](auto& to) { return file.open() && to.Import3DI(file); });
+    return importInto(imp, [&](auto& to) { return file.open() && to.Import3DI(file); });
 }
 
 template <class Char>
-bool importCadenceFile(CKVOCadenceReaderImp* model, const Char* path) {
+bool importCadenceFile(CKVOCadenceReaderImp* imp, const Char* path) {
     InputFile design(path);
-    return importInto(model, [&](auto& to) { return to.ImportCadenceFile(design); });
+    return importInto(imp, [&](auto& to) { return to.ImportCadenceFile(design); });
+}
+
+template <class Char>
+std::basic_string<Char> stringOf(const Char* path) {
+    return path == nullptr ? std::basic_string<Char>() : std::basic_string<Char>(path);
 }
 
 template <class String>
-void setTempPath(kvocaeio::ToolPaths<String>& paths, const String& folder) {
+void setTempPath(ToolPaths<String>& paths, const String& folder) {
     using Char = typename String::value_type;
-    const auto leaf = [&](std::string_view name, std::size_t number) {
-        String path = folder;
-        path += static_cast<Char>(kvocaeio::text::kPathSeparator);
-        path.append(name.begin(), name.end());
-        path += static_cast<Char>('0' + number);
-        path.append({'.', 't', 'x', 't'});
-        return path;
+    const auto setLeaves = [&](auto& files, std::string_view name) {
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            files[i] = folder;
+            files[i] += static_cast<Char>(kvocaeio::text::kPathSeparator);
+            files[i].append(name.begin(), name.end());
+            files[i] += static_cast<Char>('1' + i);
+            files[i].append({'.', 't', 'x', 't'});
+        }
     };
     paths.temp = folder;
-    for (std::size_t i = 0; i < paths.commandFiles.size(); ++i)
-        paths.commandFiles[i] = leaf("CmdFile", i + 1);
-    for (std::size_t i = 0; i < paths.dataFiles.size(); ++i)
-        paths.dataFiles[i] = leaf("CadenceData", i + 1);
-}
-
-std::string textOf(const char* text) {
-    return text == nullptr ? std::string() : std::string(text);
-}
-
-std::wstring textOf(const wchar_t* text) {
-    return text == nullptr ? std::wstring() : std::wstring(text);
-}
-
-// The entry of a list that no import may have made yet.
-template <class T>
-const T& entryOf(const std::unique_ptr<ChunkedList<T>>& list, long long index) {
-    if (list == nullptr)
-        kvocaeio::throwBadSubscript();
-    return list->at(index);
+    setLeaves(paths.commandFiles, "CmdFile");
+    setLeaves(paths.dataFiles, "CadenceData");
 }
 
 enum class WireForm { kSegments, kPolyline };
 
-bool getWire(const CKVOCadenceReaderImp* model, WireForm form, int wire,
-             std::vector<double>& points, int& profile, double& diameter) {
+bool getWire(const Model* model, WireForm form, int wire, std::vector<double>& points, int& profile,
+             double& diameter) {
     if (model == nullptr || wire >= model->wireCount)
         return false;
     points.clear();
-    const long long first = entryOf(model->wireFirstPoint, wire);
-    const ChunkedList<double>& numbers = *model->wirePoints;
-    const long long end = wire == model->wireCount - 1 ? static_cast<long long>(numbers.size() / 3)
-                                                       : entryOf(model->wireFirstPoint, wire + 1LL);
+    const long long first = model->wireFirstPoint.at(wire);
+    const long long end = wire == model->wireCount - 1
+                              ? static_cast<long long>(model->wirePoints.size() / 3)
+                              : model->wireFirstPoint.at(wire + 1LL);
     const auto append = [&](long long point) {
         for (long long i = 3 * point; i < 3 * point + 3; ++i)
-            points.push_back(numbers.at(i));
+            points.push_back(model->wirePoints.at(i));
     };
     const bool segments = form == WireForm::kSegments;
     for (long long point = first; point < (segments ? end - 1 : end); ++point) {
@@ -97,8 +85,8 @@ bool getWire(const CKVOCadenceReaderImp* model, WireForm form, int wire,
         if (segments)
             append(point + 1);
     }
-    profile = entryOf(model->wireProfile, wire);
-    diameter = entryOf(model->wireDiameter, wire);
+    profile = model->wireProfile.at(wire);
+    diameter = model->wireDiameter.at(wire);
     return true;
 }
 
@@ -145,22 +133,22 @@ bool CKVOCadenceReader::ImportCadenceFile(const wchar_t* path) {
 
 void CKVOCadenceReader::SetExeFilePath(const char* path) {
     if (CKVOCadenceReaderImp* model = GetImp())
-        model->paths.exe = textOf(path);
+        model->paths.exe = stringOf(path);
 }
 
 void CKVOCadenceReader::SetExeFilePath(const wchar_t* path) {
     if (CKVOCadenceReaderImp* model = GetImp())
-        model->pathsW.exe = textOf(path);
+        model->pathsW.exe = stringOf(path);
 }
 
 void CKVOCadenceReader::SetTempFilePath(const char* path) {
     if (CKVOCadenceReaderImp* model = GetImp())
-        setTempPath(model->paths, textOf(path));
+        setTempPath(model->paths, stringOf(path));
 }
 
 void CKVOCadenceReader::SetTempFilePath(const wchar_t* path) {
     if (CKVOCadenceReaderImp* model = GetImp())
-        setTempPath(model->pathsW, textOf(path));
+        setTempPath(model->pathsW, stringOf(path));
 }
 
 int CKVOCadenceReader::GetWireLineCount() {
@@ -176,21 +164,20 @@ int CKVOCadenceReader::GetWireProfileCount() {
 bool CKVOCadenceReader::GetWireProfileData(int profile, const char*& name, double& diameter,
                                            unsigned int& color) {
     CKVOCadenceReaderImp* model = GetImp();
-    if (model == nullptr || model->wireProfileNames == nullptr)
+    if (model == nullptr || !model->wireProfileNames)
         return false;
     model->profileNameBuffer = model->wireProfileNames->at(profile - 1LL);
     name = model->profileNameBuffer.c_str();
     if (model->wireCount < 1)
         return false;
-    const ChunkedList<int>& profiles = *model->wireProfile;
     std::size_t wire = 0;
-    while (wire < profiles.size() && profiles[wire] != profile)
+    while (wire < model->wireProfile.size() && model->wireProfile[wire] != profile)
         ++wire;
-    if (wire == profiles.size())
+    if (wire == model->wireProfile.size())
         return false;
-    diameter = entryOf(model->wireDiameter, static_cast<long long>(wire));
+    diameter = model->wireDiameter.at(static_cast<long long>(wire));
     // The colour is that of the wire whose index is the profile's number, whatever its own profile.
-    color = model->colorTable->at(entryOf(model->wireColorId, profile));
+    color = model->colorTable.at(model->wireColorId.at(profile));
     return true;
 }
 
@@ -206,9 +193,7 @@ bool CKVOCadenceReader::GetWirePolyLine(int wire, std::vector<double>& points, i
 
 int CKVOCadenceReader::GetComponentCount() {
     const CKVOCadenceReaderImp* model = GetImp();
-    if (model == nullptr || model->components == nullptr)
-        return 0;
-    return static_cast<int>(model->components->size());
+    return model == nullptr || !model->components ? 0 : static_cast<int>(model->components->size());
 }
 
 bool CKVOCadenceReader::GetComponentData(int index, char* name, int& isBall, double* const center,
@@ -216,8 +201,7 @@ bool CKVOCadenceReader::GetComponentData(int index, char* name, int& isBall, dou
     if (index >= GetComponentCount() || index < 0)
         return false;
     const auto body = static_cast<std::size_t>(index);
-    const std::string_view text = imp->components->name(body);
-    *std::ranges::copy(text, name).out = '\0';
+    *std::ranges::copy(imp->components->name(body), name).out = '\0';
     const ComponentShape& shape = imp->components->shape(body);
     isBall = shape.type == ComponentType::kBall ? 1 : 0;
     std::ranges::copy(shape.center, center);

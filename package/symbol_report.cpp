@@ -1,13 +1,14 @@
-/// The reports that a design needs, and the first of them: substrate and die, seen from above.
+/// The report of a design's symbols: substrate and die, seen from above.
+#include "package/symbol_report.h"
+
 #include <array>
 #include <string_view>
 
-#include "package/model.h"
 #include "package/report_rows.h"
 #include "package/words.h"
 #include "text/scan.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
 namespace {
 
@@ -43,24 +44,9 @@ bool holdsBodyOf(const ComponentList& components, ComponentType type) {
 
 }  // namespace
 
-bool CKVOCadenceReaderImp::ReadReports() {
-    if (!hasFullJobLine(reportTables))
-        return false;
-    makeEmpty(components);
-    // The kind of design goes by the report, not by the path that was imported.
-    const std::string_view design = designOf(reportTables, kSymbolReport);
-    if (holds(design, ".mcm"))
-        return ReadSymbolReport() && ReadLayerReport();
-    if (holds(design, ".sip"))
-        return ReadSymbolReport() && ReadDieStackReport() && ReadLayerReport();
-    return holds(design, ".brd");
-}
-
-bool CKVOCadenceReaderImp::ReadSymbolReport() {
-    if (components == nullptr)
-        return false;
-    const bool isSip = holds(designOf(reportTables, kSymbolReport), ".sip");
-    const ReportRows rows(*this, kSymbolReport, kColumns);
+bool readSymbolReport(const Report& report, double unitScale, ComponentList& components) {
+    const bool isSip = isDesignOf(report, ".sip");
+    const ReportRows rows(report, kColumns);
     if (!rows.hasAllColumns())
         return false;
     for (std::size_t row = 0; row < rows.count(); ++row) {
@@ -69,7 +55,7 @@ bool CKVOCadenceReaderImp::ReadSymbolReport() {
         const bool isSubstrate = record.type == ComponentType::kSubstrate;
         if (record.type == ComponentType::kNone || (isSip && !isSubstrate) ||
             (isSubstrate && !equalsInAnyCase(rows.cell(row, kGraphicName), "RECTANGLE")) ||
-            holdsBodyOf(*components, record.type))
+            holdsBodyOf(components, record.type))
             continue;
         record.name = isSubstrate ? "SUBSTRATE" : rows.cell(row, kSymbolName);
         const std::size_t box = isSubstrate ? kRectangle : kSymbolBox;
@@ -78,9 +64,9 @@ bool CKVOCadenceReaderImp::ReadSymbolReport() {
         };
         setExtent(record, 0, coordinate(0), coordinate(2), unitScale);
         setExtent(record, 1, coordinate(1), coordinate(3), unitScale);
-        components->append(record);
+        components.append(record);
     }
     return true;
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

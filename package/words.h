@@ -5,18 +5,19 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <span>
 #include <string_view>
 
 #include "text/ascii.h"
 
-namespace kvocaeio {
+namespace kvocaeio::package {
 
-/// Whether `text` is `upper`, which is given in upper case, in any case.
-constexpr bool equalsInAnyCase(std::string_view text, std::string_view upper) {
-    return std::ranges::equal(text, upper, [](char a, char b) { return text::toUpper(a) == b; });
+/// Whether `word` is `upper`, which is given in upper case, in any case.
+inline bool equalsInAnyCase(std::string_view word, std::string_view upper) {
+    return std::ranges::equal(word, upper, {}, text::toUpper);
 }
 
-/// A keyword, given in upper case, of two characters at least.
+/// A keyword, given in upper case, of two characters at least. It is borrowed.
 class Word {
   public:
     constexpr explicit Word(std::string_view upper) : upper_(upper) {}
@@ -45,8 +46,7 @@ class Word {
 
     /// Whether a word scanned from a line stands for this one: it may be any front part of it.
     bool isMatchedBy(std::string_view scanned) const {
-        return scanned.size() <= upper_.size() &&
-               equalsInAnyCase(scanned, upper_.substr(0, scanned.size()));
+        return equalsInAnyCase(scanned, upper_.substr(0, scanned.size()));
     }
 
   private:
@@ -81,15 +81,13 @@ class Word {
     std::string_view upper_;
 };
 
-/// Keywords in the order in which a line is tested for them. The second character of each is a
-/// letter or "#".
-template <std::size_t kCount>
+/// Up to 32 keywords in the order in which a line is tested for them. The second character of each
+/// is a letter or "#". They are borrowed.
 class WordList {
   public:
-    constexpr explicit WordList(const std::array<std::string_view, kCount>& words) : words_(words) {
-        static_assert(kCount <= 32);
+    constexpr explicit WordList(std::span<const std::string_view> words) : words_(words) {
         for (std::size_t c = 0; c < withFirst_.size(); ++c)
-            for (std::size_t i = 0; i < kCount; ++i) {
+            for (std::size_t i = 0; i < words.size(); ++i) {
                 const char upper = text::toUpper(static_cast<char>(c));
                 withFirst_[c] |= static_cast<unsigned>(upper == words[i][0]) << i;
                 withSecond_[c] |= static_cast<unsigned>(upper == words[i][1]) << i;
@@ -99,7 +97,7 @@ class WordList {
     /// Index of the first word of the list that the line holds; the list's length where it holds
     /// none. One walk along the line serves all words.
     std::size_t firstHeldBy(std::string_view line) const {
-        std::size_t found = kCount;
+        std::size_t found = words_.size();
         std::size_t i = 0;
         while (line.size() - i > kStride && !mayHoldSecond(line.data() + i + 1))
             i += kStride;
@@ -120,7 +118,8 @@ class WordList {
   private:
     static constexpr std::size_t kStride = 32;
 
-    // Rows of numbers are passed over quickly.
+    // Whether the second character of any word of a list may stand in the stride. Rows of numbers
+    // are passed over quickly.
     static bool mayHoldSecond(const char* stride) {
         unsigned char any = 0;
         for (std::size_t i = 0; i < kStride; ++i) {
@@ -130,9 +129,9 @@ class WordList {
         return any != 0;
     }
 
-    std::array<std::string_view, kCount> words_;
+    std::span<const std::string_view> words_;
     std::array<unsigned, 256> withFirst_{};   // words by bits
     std::array<unsigned, 256> withSecond_{};  // likewise
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::package

@@ -26,18 +26,14 @@ class PassLines {
     }
 
     // As in `LineReader`.
-    bool next() {
-        const bool found = reader_.next();
-        if (findings_ != nullptr && found) [[unlikely]]
-            noteCut();
-        return found;
-    }
+    bool next() { return taken(reader_.next()); }
     template <class Find>
     bool nextWith(const Find& find) {
-        return reader_.nextWith(find);
+        return taken(reader_.nextWith(find));
     }
     std::string_view line() const { return reader_.line(); }
     bool metEnd() const { return reader_.metEnd(); }
+    bool hasFailed() const { return reader_.hasFailed(); }
     void giveBack() { reader_.giveBack(); }
     void setBound(std::size_t bound) { reader_.setBound(bound); }
 
@@ -56,6 +52,11 @@ class PassLines {
     }
 
   private:
+    bool taken(bool found) {
+        if (findings_ != nullptr && found) [[unlikely]]
+            noteCut();
+        return found;
+    }
     void noteCut();
     void noteLine(std::size_t kind);
     void noteField(std::size_t kind, std::string_view field);

@@ -5,8 +5,10 @@
 #include <kvocaeio/export.h>
 
 namespace kvocaeio {
+namespace abaqus {
 struct AbaqusModel;
 }
+}  // namespace kvocaeio
 
 /// Reads one Abaqus input deck and hands out its mesh.
 ///
@@ -40,9 +42,10 @@ struct AbaqusModel;
 /// Output: the import and `SortData` print progress lines to standard output. If a folder named
 /// debug stands beside the deck, they write "InputAbaqus.log" and "SortData.log" into it.
 ///
-/// Threads: a reader serves one thread at a time. The debug folder and the clock are shared by all
-/// readers of the process, so two imports or sorts must not run at once, whatever readers they are
-/// of.
+/// Threads: a reader serves one thread at a time. Readers are independent: each may serve a thread
+/// of its own. The folder that `SortData` logs to is the one that the latest import of the process
+/// found, whatever reader and thread it was of; logs that two readers write into one folder at once
+/// may be mixed.
 class KVOCAEIO_API CKVOAbaqusReader {
   public:
     /// One node.
@@ -185,7 +188,7 @@ class KVOCAEIO_API CKVOAbaqusReader {
     bool GetElemSecElemNextR(ElemSecData* sec, ElemData* out);
 
   private:
-    kvocaeio::AbaqusModel* impl;
+    kvocaeio::abaqus::AbaqusModel* impl;
     int nodeCursor;
     int sectionCursor;
     int sectionElementCursor;

@@ -7,8 +7,10 @@
 #include <kvocaeio/export.h>
 
 namespace kvocaeio {
+namespace package {
 class CKVOCadenceReaderImp;
-}
+}  // namespace package
+}  // namespace kvocaeio
 
 /// Reads the 3D model of one chip package and hands out its bodies (substrate, dies, interposers,
 /// spacers, solder balls, package cap) and its bond wires. All lengths are millimetres, whatever
@@ -180,9 +182,9 @@ class KVOCAEIO_API CKVOCadenceReader {
                           double* const size, unsigned int& color);
 
   private:
-    kvocaeio::CKVOCadenceReaderImp* GetImp();
+    kvocaeio::package::CKVOCadenceReaderImp* GetImp();
 
-    kvocaeio::CKVOCadenceReaderImp* imp;
+    kvocaeio::package::CKVOCadenceReaderImp* imp;
 };
 
 #endif

@@ -5,9 +5,9 @@
 #include <random>
 #include <string>
 
-#include "abaqus/deck_lines.h"
+#include "abaqus/lines.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 namespace {
 
 TEST(CountDataTokens, CountsWhatSeparatorsLeave) {
@@ -43,4 +43,4 @@ TEST(CountDataTokens, HoldsTheMostTokensOfALine) {
 }
 
 }  // namespace
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -180,9 +180,9 @@ TEST(GeneratedSet, AMissingStepIsOne) {
     EXPECT_EQ(rangeOf("1, 10, 5\n7, 9\n"), "7, 9, 1\n");
 }
 
-TEST(GeneratedSet, AStepOfZeroOrBelowIsOne) {
-    EXPECT_EQ(rangeOf("7, 9, 0\n"), "7, 9, 1\n");
-    EXPECT_EQ(rangeOf("7, 9, -2\n"), "7, 9, 1\n");
+TEST(GeneratedSet, AStepOfZeroOrBelowIsShownAsItStands) {
+    EXPECT_EQ(rangeOf("7, 9, 0\n"), "7, 9, 0\n");
+    EXPECT_EQ(rangeOf("7, 9, -2\n"), "7, 9, -2\n");
 }
 
 TEST(GeneratedSet, ABlankBeforeACommaEndsTheLine) {

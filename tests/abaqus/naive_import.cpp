@@ -254,7 +254,7 @@ class NaiveScanner {
             return;
         set.genStart = numbers[0];
         set.genEnd = count > 1 ? numbers[1] : numbers[0];
-        set.genStep = count > 2 && numbers[2] > 0 ? numbers[2] : 1;
+        set.genStep = count > 2 ? numbers[2] : 1;
     }
 
     bool readSurface() {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 namespace {
 
 using Entries = std::vector<std::pair<int, int>>;
@@ -102,4 +102,4 @@ TEST(OidMap, EqualsAnOrderedMapForRandomOids) {
 }
 
 }  // namespace
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

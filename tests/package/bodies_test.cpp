@@ -155,9 +155,9 @@ TEST(PackageBody, AColourThatIsNotInTheTableThrows) {
          {"", "COLOR -1\n", "COLOR 3\n", "COLOR 2147483647\n", "COLOR -2147483648\n"})
         for (const char* kind :
              {"NAME D\nOBJECT 1\n", "NAME D\nOBJECT 2\n", "LAYER 1\n", "LAYER 3\n"}) {
-            Package package(kTables + first + "GEOM\n" + kind + line + "####\n" + first);
-            EXPECT_EQ(package.result, kOutOfRange) << kind << line;
-            EXPECT_THAT(bodies(package.reader),
+            Package loaded(kTables + first + "GEOM\n" + kind + line + "####\n" + first);
+            EXPECT_EQ(loaded.result, kOutOfRange) << kind << line;
+            EXPECT_THAT(bodies(loaded.reader),
                         ElementsAre("FIRST: centre 1 2 0.2, size 2 4 0.2, colour 255"));
         }
 }

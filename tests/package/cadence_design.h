@@ -51,7 +51,7 @@ inline constexpr const char* kSipBodies =
 
 /// All bodies, a line each.
 inline std::string bodiesOf(CKVOCadenceReader& reader) {
-    std::string text;
+    std::string content;
     std::array<char, 1024> name{};
     int isBall = 0;
     double center[3] = {};
@@ -62,9 +62,9 @@ inline std::string bodiesOf(CKVOCadenceReader& reader) {
         std::snprintf(numbers.data(), numbers.size(), " at %g %g %g, %g x %g x %g%s\n", center[0],
                       center[1], center[2], size[0], size[1], size[2],
                       isBall == 0 && color == 0 ? "" : ", coloured or a ball");
-        text.append(name.data()).append(numbers.data());
+        content.append(name.data()).append(numbers.data());
     }
-    return text;
+    return content;
 }
 
 }  // namespace kvocaeio::test

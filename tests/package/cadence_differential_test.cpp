@@ -29,11 +29,11 @@ constexpr std::uint64_t kFirstSeed = 20240905;
 
 /// A number bit for bit; the bits of one that is none mean nothing.
 void put(std::string& out, double value) {
-    char text[24] = " nan";
+    char bits[24] = " nan";
     if (!std::isnan(value))
-        std::snprintf(text, sizeof text, " %016llx",
+        std::snprintf(bits, sizeof bits, " %016llx",
                       static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(value)));
-    out += text;
+    out += bits;
 }
 
 std::string bodyText(const std::string& name, const double* center, const double* size) {
@@ -126,10 +126,10 @@ class BothImports {
         std::string out;
         for (const auto& report : reports) {
             for (const char c : report.value_or("(none)\n")) {
-                char text[8];
-                std::snprintf(text, sizeof text, c < ' ' || c > '~' ? "\\x%02x" : "%c",
+                char shown[8];
+                std::snprintf(shown, sizeof shown, c < ' ' || c > '~' ? "\\x%02x" : "%c",
                               static_cast<unsigned>(static_cast<unsigned char>(c)));
-                out += text;
+                out += shown;
                 if (c == '\n')
                     out += c;
             }

@@ -20,10 +20,10 @@ const char* const kFiles[] = {"CmdFile1.txt",     "CmdFile2.txt",     "CmdFile3.
 
 /// The lines with the line ends that text mode gives them.
 std::string linesOf(const std::vector<std::string>& lines) {
-    std::string text;
+    std::string content;
     for (const std::string& line : lines)
-        text += line + kLineEnd;
-    return text;
+        content += line + kLineEnd;
+    return content;
 }
 
 const std::string kCommands1 = linesOf({"GEOMETRY",
@@ -78,12 +78,12 @@ class CadenceDriver : public testing::Test {
         std::string out;
         for (const std::string name : kFiles) {
             const std::filesystem::path path = folder.path() / name;
-            const std::string text =
+            const std::string content =
                 std::filesystem::is_regular_file(path) ? readBytes(path) : std::string();
-            const bool commands = (name == "CmdFile1.txt" && text == kCommands1) ||
-                                  (name == "CmdFile3.txt" && text == kCommands3);
+            const bool commands = (name == "CmdFile1.txt" && content == kCommands1) ||
+                                  (name == "CmdFile3.txt" && content == kCommands3);
             out += !std::filesystem::exists(path) ? '-'
-                   : text == "old"                ? 'o'
+                   : content == "old"             ? 'o'
                    : commands                     ? 'c'
                                                   : 'x';
         }
@@ -136,9 +136,9 @@ TEST_F(CadenceDriver, AFolderMayEndInASeparator) {
 
 TEST_F(CadenceDriver, AFolderIsUsedAsItStands) {
     layReports(one);
-    for (const std::string& text : {pathOne + " ", " " + pathOne, "\"" + pathOne + "\""}) {
-        reader.SetTempFilePath(text.c_str());
-        EXPECT_EQ(importNarrow(), "false\n") << text;
+    for (const std::string& path : {pathOne + " ", " " + pathOne, "\"" + pathOne + "\""}) {
+        reader.SetTempFilePath(path.c_str());
+        EXPECT_EQ(importNarrow(), "false\n") << path;
     }
     reader.SetTempFilePath(pathOne.c_str());
     EXPECT_EQ(importNarrow(), kMcmOutcome);
@@ -171,8 +171,8 @@ TEST_F(CadenceDriver, AnEmptyOrNullFolderIsTheRoot) {
     layReports(one);
     reader.SetTempFilePath(pathOne.c_str());
     EXPECT_EQ(importNarrow(), kMcmOutcome);
-    for (const wchar_t* text : {static_cast<const wchar_t*>(nullptr), L""}) {
-        reader.SetTempFilePath(text);  // the files' wide paths are set then, and are taken
+    for (const wchar_t* path : {static_cast<const wchar_t*>(nullptr), L""}) {
+        reader.SetTempFilePath(path);  // the files' wide paths are set then, and are taken
         EXPECT_EQ(importNarrow(), "false\n" + kFlatSubstrate);
         reader.SetTempFilePath(wide(pathOne).c_str());
         EXPECT_EQ(importNarrow(), kMcmOutcome);

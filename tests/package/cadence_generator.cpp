@@ -171,28 +171,28 @@ void ReportGenerator::putNoise() {
         putLine(oneOf({"J!", "J!a.sip!", "J!1!2!3!", "A!"}));
 }
 
-void ReportGenerator::damage(std::string& text) {
-    if (text.empty() || !random_.oneIn(20))
+void ReportGenerator::damage(std::string& content) {
+    if (content.empty() || !random_.oneIn(20))
         return;
-    const std::size_t at = random_.below(text.size());
+    const std::size_t at = random_.below(content.size());
     switch (random_.below(6)) {
         case 0:
-            text.insert(at, 1, '\0');
+            content.insert(at, 1, '\0');
             break;
         case 1:
-            text.insert(at, 1, '\x1A');
+            content.insert(at, 1, '\x1A');
             break;
         case 2:
-            text.insert(at, 1, '\r');
+            content.insert(at, 1, '\r');
             break;
         case 3:
-            text[at] = "! \nAS\tx\0"[random_.below(8)];
+            content[at] = "! \nAS\tx\0"[random_.below(8)];
             break;
         case 4:
-            text.resize(at);
+            content.resize(at);
             break;
         default:
-            text.insert(at, 1010 + random_.below(30), 'w');
+            content.insert(at, 1010 + random_.below(30), 'w');
     }
 }
 
@@ -282,11 +282,11 @@ std::string ReportGenerator::number() {
                       "0.1000000000000000055511151231257827",
                       "9007199254740993",
                       "nan(1)z"});
-    char text[40];
+    char content[40];
     const int digits = static_cast<int>(random_.below(random_.oneIn(10) ? 17 : 6));
     const double value = static_cast<double>(random_.below(4000001)) / 1000.0 - 2000.0;
-    std::snprintf(text, sizeof text, "%.*f", digits, value);
-    return text;
+    std::snprintf(content, sizeof content, "%.*f", digits, value);
+    return content;
 }
 
 std::string ReportGenerator::thickness() {
@@ -310,12 +310,12 @@ std::string ReportGenerator::design() {
     return word() + oneOf({".mcm", ".mcm", ".mcm", ".mcm", ".sip", ".sip", ".sip", ".brd"});
 }
 
-std::string ReportGenerator::inAnyCase(std::string text) {
+std::string ReportGenerator::inAnyCase(std::string content) {
     const std::size_t kind = random_.below(6);
-    for (char& c : text)
+    for (char& c : content)
         if (c >= 'A' && c <= 'Z' && (kind == 0 || (kind == 1 && random_.oneIn(2))))
             c = static_cast<char>(c - 'A' + 'a');
-    return text;
+    return content;
 }
 
 }  // namespace kvocaeio::test

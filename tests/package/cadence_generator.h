@@ -35,7 +35,7 @@ class ReportGenerator {
     void putRow(const Columns& columns);
     void putLine(std::string line);
     void putNoise();
-    void damage(std::string& text);
+    void damage(std::string& content);
     std::vector<std::string> jobOf(const std::string& design);
 
     std::string cell(std::string_view column);
@@ -45,7 +45,7 @@ class ReportGenerator {
     std::string thickness();
     std::string unit();
     std::string design();
-    std::string inAnyCase(std::string text);
+    std::string inAnyCase(std::string content);
     template <std::size_t N>
     std::string oneOf(const char* const (&choices)[N]) {
         return choices[random_.below(N)];

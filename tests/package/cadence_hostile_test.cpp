@@ -44,8 +44,8 @@ class HostileReports : public testing::Test {
         out << end;
         return static_cast<int>(count);
     }
-    void writeSymbols(const std::string& text) { folder.write("CmdFile1.txt", text); }
-    void writeLayers(const std::string& text) { folder.write("CmdFile2.txt", text); }
+    void writeSymbols(const std::string& content) { folder.write("CmdFile1.txt", content); }
+    void writeLayers(const std::string& content) { folder.write("CmdFile2.txt", content); }
 
     bool import() { return reader.ImportCadenceFile(""); }
 

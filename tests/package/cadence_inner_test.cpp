@@ -5,11 +5,17 @@
 #include <vector>
 
 #include "package/cadence_reports.h"
-#include "package/model.h"
+#include "package/reader_imp.h"
 
 namespace kvocaeio::test {
 namespace {
 
+using package::CellList;
+using package::CKVOCadenceReaderImp;
+using package::ComponentRecord;
+using package::ComponentType;
+using package::InputFile;
+using package::Report;
 using Cells = std::vector<std::string>;
 
 Cells cellsOf(const CellList& list) {
@@ -24,25 +30,20 @@ class CadenceStages : public testing::Test {
   protected:
     CadenceStages() { makeTables(); }
 
-    void makeTables() {
-        model.reportTables.headerCells = std::make_unique<ReportTables::Lists>();
-        model.reportTables.jobCells = std::make_unique<ReportTables::Lists>();
-        model.reportTables.dataCells = std::make_unique<ReportTables::Lists>();
-    }
-    bool read(int index, const std::string& report) {
+    void makeTables() { model.reportTables.emplace(); }
+    bool read(std::size_t index, const std::string& report) {
         const std::string path = folder.write("report.txt", report);
         InputFile file(path.c_str());
         const bool result = model.ReadReportFile(file, index);
         EXPECT_EQ(file.stream, nullptr) << "the file is closed, however it ends";
         return result;
     }
-    Cells header(std::size_t index) const {
-        return cellsOf((*model.reportTables.headerCells)[index]);
-    }
-    Cells jobs(std::size_t index) const { return cellsOf((*model.reportTables.jobCells)[index]); }
-    Cells data(std::size_t index) const { return cellsOf((*model.reportTables.dataCells)[index]); }
+    Report& report(std::size_t index) { return (*model.reportTables)[index]; }
+    Cells header(std::size_t index) { return cellsOf(report(index).headerCells); }
+    Cells jobs(std::size_t index) { return cellsOf(report(index).jobCells); }
+    Cells data(std::size_t index) { return cellsOf(report(index).dataCells); }
     bool bodiesAreThere() {
-        model.components = std::make_unique<ComponentList>();
+        model.components.emplace();
         return true;
     }
 
@@ -98,14 +99,11 @@ TEST_F(CadenceStages, CellsOfLongLinesAreCutWithTheirPieces) {
     EXPECT_EQ(jobs(1), (Cells{"J", x, y.substr(1)})) << "the second piece has an empty tag";
 }
 
-TEST_F(CadenceStages, ReadingAsksForAllThreeTables) {
-    for (auto table :
-         {&ReportTables::headerCells, &ReportTables::jobCells, &ReportTables::dataCells}) {
-        (model.reportTables.*table).reset();
-        EXPECT_FALSE(read(0, "A!X!\n"));
-        makeTables();
-        EXPECT_TRUE(read(0, "A!X!\n"));
-    }
+TEST_F(CadenceStages, ReadingAsksForTheTables) {
+    model.reportTables.reset();
+    EXPECT_FALSE(read(0, "A!X!\n"));
+    makeTables();
+    EXPECT_TRUE(read(0, "A!X!\n"));
     InputFile missing(static_cast<const char*>(nullptr));
     EXPECT_FALSE(model.ReadReportFile(missing, 0));
 }
@@ -150,7 +148,7 @@ TEST_F(CadenceStages, AColumnIsFoundInAnyCaseByItsWholeName) {
     EXPECT_EQ(model.FindColumn(0, "a"), 0) << "the tag stands among the names";
     EXPECT_EQ(model.FindColumn(1, "X1"), -1);
     EXPECT_EQ(model.FindColumn(0, nullptr), -1);
-    model.reportTables.headerCells.reset();
+    model.reportTables.reset();
     EXPECT_EQ(model.FindColumn(0, "REFDES"), -1);
 }
 
@@ -167,7 +165,7 @@ TEST_F(CadenceStages, UnitsAskForOneFullJobLine) {
     EXPECT_EQ(model.unitScale, 25.4);
     ASSERT_TRUE(read(0, "J!\n"));
     EXPECT_FALSE(model.ReadReportUnits()) << "14 cells";
-    model.reportTables.jobCells.reset();
+    model.reportTables.reset();
     EXPECT_FALSE(model.ReadReportUnits());
     EXPECT_EQ(model.unitScale, 25.4);
 }
@@ -186,10 +184,10 @@ TEST_F(CadenceStages, TheDispatchAsksForTheJobAndMakesTheList) {
     EXPECT_FALSE(model.ReadReports());
     ASSERT_TRUE(read(0, "J!a.brd!2!3!4!5!6!7!8!9!10!11!\n"));
     EXPECT_FALSE(model.ReadReports()) << "12 cells";
-    EXPECT_EQ(model.components, nullptr);
+    EXPECT_FALSE(model.components);
     ASSERT_TRUE(read(0, "J!\n"));
     EXPECT_TRUE(model.ReadReports());
-    ASSERT_NE(model.components, nullptr);
+    ASSERT_TRUE(model.components);
     model.components->append({});
     EXPECT_TRUE(model.ReadReports());
     EXPECT_EQ(model.components->size(), 0U);
@@ -197,11 +195,11 @@ TEST_F(CadenceStages, TheDispatchAsksForTheJobAndMakesTheList) {
     makeTables();
     ASSERT_TRUE(read(0, job("")));
     EXPECT_FALSE(model.ReadReports());
-    ASSERT_NE(model.components, nullptr) << "made before the name is looked at";
+    ASSERT_TRUE(model.components) << "made before the name is looked at";
     model.components.reset();
-    model.reportTables.jobCells.reset();
+    model.reportTables.reset();
     EXPECT_FALSE(model.ReadReports());
-    EXPECT_EQ(model.components, nullptr);
+    EXPECT_FALSE(model.components);
 }
 
 TEST_F(CadenceStages, NoStageRunsWithoutTheList) {
@@ -214,7 +212,7 @@ TEST_F(CadenceStages, NoStageRunsWithoutTheList) {
     makeTables();
     EXPECT_FALSE(model.ReadSymbolReport()) << "that is looked at before the job";
     EXPECT_FALSE(model.ReadLayerReport());
-    EXPECT_EQ(model.components, nullptr);
+    EXPECT_FALSE(model.components);
 }
 
 TEST_F(CadenceStages, AJobOfOneCellThrows) {

@@ -12,35 +12,35 @@ namespace {
 
 constexpr std::size_t kLineBound = 1024;
 
-std::string upper(std::string text) {
-    for (char& c : text)
+std::string upper(std::string content) {
+    for (char& c : content)
         if (c >= 'a' && c <= 'z')
             c = static_cast<char>(c - 'a' + 'A');
-    return text;
+    return content;
 }
 
-bool holds(const std::string& text, const char* part) {
-    return text.find(part) != std::string::npos;
+bool holds(const std::string& content, const char* part) {
+    return content.find(part) != std::string::npos;
 }
 
 /// The file as text mode gives it. False when it cannot be opened.
-bool readText(const std::filesystem::path& path, std::string& text) {
+bool readText(const std::filesystem::path& path, std::string& content) {
     std::ifstream in(path, std::ios::binary);
     if (!in)
         return false;
-    text.assign(std::istreambuf_iterator<char>(in), {});
-    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos; ++at)
-        text.erase(at, 1);
-    if (const std::size_t end = text.find('\x1A'); end != std::string::npos)
-        text.erase(end);
+    content.assign(std::istreambuf_iterator<char>(in), {});
+    for (std::size_t at = 0; (at = content.find("\r\n", at)) != std::string::npos; ++at)
+        content.erase(at, 1);
+    if (const std::size_t end = content.find('\x1A'); end != std::string::npos)
+        content.erase(end);
     return true;
 }
 
 /// What fgets reads at `at`, which moves behind it, up to the first NUL in it.
-std::string takeLine(const std::string& text, std::size_t& at) {
+std::string takeLine(const std::string& content, std::size_t& at) {
     std::string line;
-    while (at < text.size() && line.size() < kLineBound - 1) {
-        line += text[at++];
+    while (at < content.size() && line.size() < kLineBound - 1) {
+        line += content[at++];
         if (line.back() == '\n')
             break;
     }
@@ -48,17 +48,17 @@ std::string takeLine(const std::string& text, std::size_t& at) {
 }
 
 /// atof in the C locale. Not every runtime's gives 0 for a text like "--1".
-double realOf(const std::string& text) {
+double realOf(const std::string& content) {
     char* end = nullptr;
-    const double value = std::strtod(text.c_str(), &end);
-    return end == text.c_str() ? 0.0 : value;
+    const double value = std::strtod(content.c_str(), &end);
+    return end == content.c_str() ? 0.0 : value;
 }
 
 /// Adds what a thickness cell says. False where it says nothing.
 bool addThickness(const std::string& cell, double& height) {
-    const std::string text = upper(cell);
+    const std::string content = upper(cell);
     char value[kLineBound], unit[kLineBound];
-    if (std::sscanf(text.c_str(), "%1023s %1023s", value, unit) != 2)
+    if (std::sscanf(content.c_str(), "%1023s %1023s", value, unit) != 2)
         return false;
     height += realOf(value);
     return true;
@@ -77,14 +77,14 @@ bool NaiveCadence::import(const std::filesystem::path& folder) {
 }
 
 bool NaiveCadence::readReport(const std::filesystem::path& path, NaiveReport& report) {
-    std::string text;
-    if (!readText(path, text))
+    std::string content;
+    if (!readText(path, content))
         return false;
-    for (std::size_t at = 0; at < text.size();) {
+    for (std::size_t at = 0; at < content.size();) {
         std::vector<std::string>* list = nullptr;
         std::string current;
         std::size_t count = 0;
-        for (const char c : takeLine(text, at)) {
+        for (const char c : takeLine(content, at)) {
             if (c != '!') {
                 current += c;
                 continue;

@@ -45,9 +45,9 @@ inline std::string stack(const std::string& rows) {
     return kStackHeader + rows;
 }
 
-/// `text` with the first `from` replaced by `to`.
-inline std::string changed(std::string text, const std::string& from, const std::string& to) {
-    return text.replace(text.find(from), from.size(), to);
+/// `content` with the first `from` replaced by `to`.
+inline std::string changed(std::string content, const std::string& from, const std::string& to) {
+    return content.replace(content.find(from), from.size(), to);
 }
 
 /// "true", "false" or the text of the out-of-range error, and the bodies that are there then.

@@ -43,8 +43,8 @@ std::vector<fs::path> commandLineWords([[maybe_unused]] int argc, [[maybe_unused
 }
 
 std::string utf8(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
+    const std::u8string utf8 = path.u8string();
+    return {utf8.begin(), utf8.end()};
 }
 
 // A host that hands a descriptor down names it in the environment.

@@ -24,14 +24,14 @@ const std::string kNextMade = "NEXT: centre -2 -2 1.5, size 2 2 1, colour 167444
 
 TEST(GeometryBlock, BeginsAtALineThatHoldsGeom) {
     for (const char* line : {"GEOM", "geom", "GEOM 12", "XGEOMX", "a GEOM", "GEOMETRY"}) {
-        std::string text = kDie;
-        text.replace(0, 4, line);
-        EXPECT_THAT(bodiesOf(text), ElementsAre(kDieMade)) << line;
+        std::string content = kDie;
+        content.replace(0, 4, line);
+        EXPECT_THAT(bodiesOf(content), ElementsAre(kDieMade)) << line;
     }
     for (const char* line : {"", "####", "GEO", "GEOMETRIES", "GEOM GEOMETRIES"}) {
-        std::string text = kDie;
-        text.replace(0, 4, line);
-        EXPECT_THAT(bodiesOf(text), IsEmpty()) << line;
+        std::string content = kDie;
+        content.replace(0, 4, line);
+        EXPECT_THAT(bodiesOf(content), IsEmpty()) << line;
     }
 }
 

@@ -22,10 +22,10 @@ std::string joined(const double* values, std::size_t count) {
 
 }  // namespace
 
-std::string importText(CKVOCadenceReader& reader, std::string_view text) {
+std::string importText(CKVOCadenceReader& reader, std::string_view content) {
     // One folder serves all: a folder takes far longer to remove than a file.
     static const TempFolder folder;
-    const std::string path = folder.write("package.3di", text);
+    const std::string path = folder.write("package.3di", content);
     const std::string result = outcomeOf([&] { return reader.Import3DIFile(path.c_str()); });
     std::filesystem::remove(path);
     return result;
@@ -34,9 +34,9 @@ std::string importText(CKVOCadenceReader& reader, std::string_view text) {
 std::string numberText(double value) {
     if (std::isnan(value))
         return "nan";
-    char text[32];
-    std::snprintf(text, sizeof text, "%.12g", value);
-    return text;
+    char content[32];
+    std::snprintf(content, sizeof content, "%.12g", value);
+    return content;
 }
 
 std::vector<std::string> bodies(CKVOCadenceReader& reader) {
@@ -90,10 +90,10 @@ std::string profileData(CKVOCadenceReader& reader, int profile) {
 }
 
 std::vector<std::string> bodiesOf(const std::string& geometries, const std::string& tables) {
-    Package package(tables + geometries);
-    if (package.result != "true")
-        return {package.result};
-    return bodies(package.reader);
+    Package loaded(tables + geometries);
+    if (loaded.result != "true")
+        return {loaded.result};
+    return bodies(loaded.reader);
 }
 
 }  // namespace kvocaeio::test

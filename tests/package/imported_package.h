@@ -25,7 +25,7 @@ std::string outcomeOf(const Call& call) {
 }
 
 /// Writes the text to a file, imports that and removes it.
-std::string importText(CKVOCadenceReader& reader, std::string_view text);
+std::string importText(CKVOCadenceReader& reader, std::string_view content);
 
 /// A number with up to twelve digits; "nan" for any that is none.
 std::string numberText(double value);
@@ -50,7 +50,7 @@ std::string profileData(CKVOCadenceReader& reader, int profile);
 
 /// One file imported by a new reader.
 struct Package {
-    explicit Package(std::string_view text) : result(importText(reader, text)) {}
+    explicit Package(std::string_view content) : result(importText(reader, content)) {}
     Package(const Package&) = delete;
     Package& operator=(const Package&) = delete;
 

@@ -74,13 +74,13 @@ bool readRow(const std::string& line, int& id, unsigned& color) {
     return true;
 }
 
-bool readRow(const std::string& line, int& id, std::string& text) {
+bool readRow(const std::string& line, int& id, std::string& content) {
     NaiveFields fields(line);
-    if (!fields.integer(id) || !fields.word(text))
+    if (!fields.integer(id) || !fields.word(content))
         return false;
     std::string word;
     for (int further = 0; further < 4 && fields.word(word); ++further)
-        text += " " + word;
+        content += " " + word;
     return true;
 }
 

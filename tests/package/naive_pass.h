@@ -33,11 +33,11 @@ class NaiveFields {
     explicit NaiveFields(const std::string& line) : rest_(line.c_str()) {}
 
     bool word(std::string& value) {
-        char text[1024];
+        char content[1024];
         int used = 0;
-        if (std::sscanf(rest_, "%1023s%n", text, &used) != 1)
+        if (std::sscanf(rest_, "%1023s%n", content, &used) != 1)
             return end();
-        value = text;
+        value = content;
         rest_ += used;
         return true;
     }

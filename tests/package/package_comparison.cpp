@@ -20,10 +20,10 @@ void put(std::string& out, int value) {
 
 /// To the last bit; any two that are no numbers are the same.
 void put(std::string& out, double value) {
-    std::array<char, 40> text{};  // the terminator stays
+    std::array<char, 40> content{};  // the terminator stays
     if (!std::isnan(value))
-        std::to_chars(text.data(), text.data() + 39, value, std::chars_format::hex);
-    out += std::string(" ") + (std::isnan(value) ? "nan" : text.data());
+        std::to_chars(content.data(), content.data() + 39, value, std::chars_format::hex);
+    out += std::string(" ") + (std::isnan(value) ? "nan" : content.data());
 }
 
 template <class Reader>
@@ -97,10 +97,10 @@ std::string difference(const std::string& plain, const std::string& library) {
     if (plain == library)
         return "";
     const auto split = std::mismatch(plain.begin(), plain.end(), library.begin(), library.end());
-    const auto lineAt = [](const std::string& text, std::string::const_iterator at) {
-        const std::size_t place = static_cast<std::size_t>(at - text.begin());
-        const std::size_t start = place == 0 ? 0 : text.rfind('\n', place - 1) + 1;
-        return text.substr(start, text.find('\n', place) - start);
+    const auto lineAt = [](const std::string& content, std::string::const_iterator at) {
+        const std::size_t place = static_cast<std::size_t>(at - content.begin());
+        const std::size_t start = place == 0 ? 0 : content.rfind('\n', place - 1) + 1;
+        return content.substr(start, content.find('\n', place) - start);
     };
     return "plain:   " + lineAt(plain, split.first) + "\nlibrary: " + lineAt(library, split.second);
 }
@@ -111,10 +111,10 @@ std::string PackageComparison::firstDifference(const std::vector<ImportStep>& st
     NaivePackage plain;
     CKVOCadenceReader library;
     for (std::size_t step = 0; step < steps.size(); ++step) {
-        const std::string path = folder_.write("package.3di", steps[step].text);
-        const std::string text = asText(steps[step].text);
+        const std::string path = folder_.write("package.3di", steps[step].content);
+        const std::string content = asText(steps[step].content);
         const std::string textPath =
-            text == steps[step].text ? path : folder_.write("plain.3di", text);
+            content == steps[step].content ? path : folder_.write("plain.3di", content);
         if (steps[step].cleanBefore) {
             plain.CleanMemory();
             library.CleanMemory();
@@ -129,7 +129,7 @@ std::string PackageComparison::firstDifference(const std::vector<ImportStep>& st
         const std::string differs = difference(expected, given);
         if (!differs.empty())
             return "import " + std::to_string(step) + "\n" + differs + "\n--- file\n" +
-                   steps[step].text;
+                   steps[step].content;
     }
     return "";
 }

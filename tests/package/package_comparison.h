@@ -12,7 +12,7 @@ namespace kvocaeio::test {
 
 /// One step in a reader's life.
 struct ImportStep {
-    std::string text;
+    std::string content;
     bool cleanBefore = false;
 };
 

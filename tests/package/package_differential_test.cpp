@@ -52,20 +52,20 @@ TEST(PackageDifferential, TheGeneratorReachesEverything) {
     int balls = 0, boxes = 0, substrates = 0, caps = 0, profilesThrown = 0, longWires = 0;
     for (std::uint64_t seed = kFirstSeed; files < 1000; ++seed, ++files) {
         const std::string path = folder.write("file", asText(PackageGenerator(seed).file()));
-        NaivePackage package;
-        const std::string outcome = outcomeOf([&] { return package.Import3DIFile(path.c_str()); });
+        NaivePackage loaded;
+        const std::string outcome = outcomeOf([&] { return loaded.Import3DIFile(path.c_str()); });
         std::filesystem::remove(path);
         imported += outcome == "true";
         failed += outcome == "false";
         thrown += outcome == kOutOfRange;
-        withBodies += package.GetComponentCount() > 0;
-        withWires += package.GetWireLineCount() > 0;
-        for (int i = 0; i < package.GetComponentCount(); ++i) {
+        withBodies += loaded.GetComponentCount() > 0;
+        withWires += loaded.GetWireLineCount() > 0;
+        for (int i = 0; i < loaded.GetComponentCount(); ++i) {
             char name[1100];
             int isBall = 0;
             double center[3], size[5];
             unsigned color = 0;
-            package.GetComponentData(i, name, isBall, center, size, color);
+            loaded.GetComponentData(i, name, isBall, center, size, color);
             balls += isBall;
             boxes += 1 - isBall;
             substrates += std::string(name) == "SUBSTRATE";
@@ -75,13 +75,13 @@ TEST(PackageDifferential, TheGeneratorReachesEverything) {
         double diameter = 0.0;
         unsigned color = 0;
         const std::string profile =
-            outcomeOf([&] { return package.GetWireProfileData(1, name, diameter, color); });
+            outcomeOf([&] { return loaded.GetWireProfileData(1, name, diameter, color); });
         withProfiles += profile == "true";
         profilesThrown += profile == kOutOfRange;
-        for (int i = 0; i < package.GetWireLineCount(); ++i) {
+        for (int i = 0; i < loaded.GetWireLineCount(); ++i) {
             std::vector<double> points;
             int number = 0;
-            package.GetWirePolyLine(i, points, number, diameter);
+            loaded.GetWirePolyLine(i, points, number, diameter);
             longWires += points.size() > 60;
         }
     }
@@ -117,9 +117,9 @@ TEST(PackageDifferential, AFileWithEachByteReplacedIsReadAlike) {
     PackageComparison comparison;
     for (std::size_t at = 0; at < kSample.size(); at += kStep)
         for (const char byte : {'\0', '\n', '\r', ' ', '9', 'X', '\x1A'}) {
-            std::string text = kSample;
-            text[at] = byte;
-            ASSERT_EQ(comparison.firstDifference({{text, false}}), "") << "byte " << at;
+            std::string content = kSample;
+            content[at] = byte;
+            ASSERT_EQ(comparison.firstDifference({{content, false}}), "") << "byte " << at;
         }
 }
 
@@ -164,11 +164,11 @@ TEST(PackageDifferential, JunkIsReadAlike) {
                                          "\n",    "\n",     " ",      "1",       "2 ",    "0 0 0",
                                          "NAME ", "BARL ",  "EXTR ",  "3DI",     "MM",    "SYMBOL"};
     for (int file = 0; file < 1000; ++file) {
-        std::string text = file % 2 == 0 ? kTables : "";
+        std::string content = file % 2 == 0 ? kTables : "";
         for (std::size_t count = random.below(400); count > 0; --count)
-            text += file % 10 == 9 ? std::string(1, static_cast<char>(random.below(256)))
-                                   : parts[random.below(parts.size())];
-        ASSERT_EQ(comparison.firstDifference({{text, false}}), "") << "file " << file;
+            content += file % 10 == 9 ? std::string(1, static_cast<char>(random.below(256)))
+                                      : parts[random.below(parts.size())];
+        ASSERT_EQ(comparison.firstDifference({{content, false}}), "") << "file " << file;
     }
 }
 

@@ -10,9 +10,9 @@ namespace kvocaeio::test {
 
 std::string PackageGenerator::file() {
     lines();
-    std::string text = joined();
-    damageBytes(text);
-    return text;
+    std::string content = joined();
+    damageBytes(content);
+    return content;
 }
 
 std::string PackageGenerator::largeFile() {
@@ -26,9 +26,9 @@ std::string PackageGenerator::largeFile() {
         spread.push_back(line);
     }
     lines_ = spread;
-    std::string text = joined();
-    damageBytes(text);
-    return text;
+    std::string content = joined();
+    damageBytes(content);
+    return content;
 }
 
 void PackageGenerator::lines() {
@@ -80,8 +80,8 @@ std::string PackageGenerator::numbers(int count) {
     return out;
 }
 
-void PackageGenerator::line(const std::string& text) {
-    lines_.push_back(text);
+void PackageGenerator::line(const std::string& content) {
+    lines_.push_back(content);
     if (perMille(6)) {
         const std::size_t length =
             static_cast<std::size_t>(between(1018, 1028)) + (chance(25) ? 1023U : 0U);
@@ -96,15 +96,15 @@ void PackageGenerator::line(const std::string& text) {
         noise();
 }
 
-void PackageGenerator::head(const std::string& text) {
+void PackageGenerator::head(const std::string& content) {
     if (perMille(6))
         return;
     if (perMille(8))
-        line(text.substr(0, text.find(' ')) + pick({"", " ", " X", " 1", "X 1"}));
+        line(content.substr(0, content.find(' ')) + pick({"", " ", " X", " 1", "X 1"}));
     else if (perMille(12))
-        line(pick({"X", "X ", " ", "\t", "#"}) + text);
+        line(pick({"X", "X ", " ", "\t", "#"}) + content);
     else
-        line(text + (perMille(30) ? pick({" X", " 1", " # note", "x"}) : ""));
+        line(content + (perMille(30) ? pick({" X", " 1", " # note", "x"}) : ""));
 }
 
 void PackageGenerator::noise() {
@@ -129,12 +129,12 @@ void PackageGenerator::colorTable() {
                     : pick({"TABLE C", "TABLE COLORS", "COLOR TABLE", "PRETABLEX COLOR",
                             "X COLOR TABLE", "TABLE COLOR 1", "TABLE"}));
     for (int row = chance(80) ? 1 : 0; row <= colors_; ++row) {
-        std::string text = id(row);
+        std::string content = id(row);
         const int fields = perMille(993) ? 4 : between(2, 6);
         for (int field = 0; field < fields; ++field)
-            text += " " + (chance(96) ? std::to_string(between(0, 255))
-                                      : std::string(pick({"256", "-1", "70000", "2147483647"})));
-        line(text);
+            content += " " + (chance(96) ? std::to_string(between(0, 255))
+                                         : std::string(pick({"256", "-1", "70000", "2147483647"})));
+        line(content);
     }
     if (chance(60))
         line("TABLE END");
@@ -239,8 +239,8 @@ void PackageGenerator::box(const std::string& object, const std::string& layer) 
                         pick({"DIE1", "die_2", "SPACER_1", "INTERPOSER_SPACER", "a b", "CAP"}));
     if (chance(30))
         shuffle(heads);
-    for (const std::string& text : heads)
-        head(text);
+    for (const std::string& content : heads)
+        head(content);
     if (chance(97))
         polygon();
 }
@@ -273,8 +273,8 @@ void PackageGenerator::ball() {
         heads.push_back("NAME B1");
     if (chance(30))
         shuffle(heads);
-    for (const std::string& text : heads)
-        head(text);
+    for (const std::string& content : heads)
+        head(content);
     if (chance(5))
         polygon();
 }
@@ -333,35 +333,35 @@ std::string PackageGenerator::filler() {
 }
 
 std::string PackageGenerator::joined() {
-    std::string text;
+    std::string content;
     for (std::string line : lines_) {
         for (char& c : line)
             if (c >= 'A' && c <= 'Z' && (letters_ == 1 || (letters_ == 2 && chance(50))))
                 c = static_cast<char>(c - 'A' + 'a');
-        text += line + (lineEnds_ == 0 ? "\n"
-                        : lineEnds_ == 1
-                            ? "\r\n"
-                            : pick({"\n", "\n", "\r\n", "\r\n", " \n", "\r\r\n", "\t\n", "\n",
-                                    chance(5) ? "\r" : "\n", chance(10) ? "\n\n" : "\n"}));
+        content += line + (lineEnds_ == 0 ? "\n"
+                           : lineEnds_ == 1
+                               ? "\r\n"
+                               : pick({"\n", "\n", "\r\n", "\r\n", " \n", "\r\r\n", "\t\n", "\n",
+                                       chance(5) ? "\r" : "\n", chance(10) ? "\n\n" : "\n"}));
     }
-    return text;
+    return content;
 }
 
-void PackageGenerator::damageBytes(std::string& text) {
+void PackageGenerator::damageBytes(std::string& content) {
     if (chance(6))
-        text.resize(below(text.size() + 1));
+        content.resize(below(content.size() + 1));
     if (chance(10))
-        while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-            text.pop_back();
+        while (!content.empty() && (content.back() == '\n' || content.back() == '\r'))
+            content.pop_back();
     if (!chance(10))
         return;
     static constexpr char kBytes[] = {'\0', '\r', '\n', '#', ' ', '\t', '\x1a', '\xff', '9', 'A'};
-    for (int count = between(1, 4); count > 0 && !text.empty(); --count) {
-        const std::size_t at = below(text.size());
+    for (int count = between(1, 4); count > 0 && !content.empty(); --count) {
+        const std::size_t at = below(content.size());
         if (chance(20))
-            text.erase(at, 1 + below(5));
+            content.erase(at, 1 + below(5));
         else
-            text[at] = kBytes[below(sizeof kBytes)];
+            content[at] = kBytes[below(sizeof kBytes)];
     }
 }
 

@@ -34,9 +34,9 @@ class PackageGenerator : Random {
     std::string id(int usual);
     std::string numbers(int count);
     /// Adds a line, now and then stretched about a bound of the line buffer or with noise behind.
-    void line(const std::string& text);
+    void line(const std::string& content);
     /// Adds a head line, now and then without its fields or not at all.
-    void head(const std::string& text);
+    void head(const std::string& content);
     void noise();
 
     void lines();
@@ -58,7 +58,7 @@ class PackageGenerator : Random {
     void damageLines();
     std::string joined();
     std::string filler();
-    void damageBytes(std::string& text);
+    void damageBytes(std::string& content);
 
     std::vector<std::string> lines_;
     int colors_ = 0;  ///< highest colour id

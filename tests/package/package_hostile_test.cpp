@@ -15,9 +15,9 @@ using testing::IsEmpty;
 
 /// A file imported against the clock.
 struct TimedPackage {
-    explicit TimedPackage(std::string_view text) {
+    explicit TimedPackage(std::string_view content) {
         const TimeLimit limit;
-        result = importText(reader, text);
+        result = importText(reader, content);
     }
     TimedPackage(const TimedPackage&) = delete;
     TimedPackage& operator=(const TimedPackage&) = delete;
@@ -30,24 +30,24 @@ const std::string kHead = "GEOM\nNAME D\nOBJECT 1\nLAYER 2\nCOLOR 1\nEXTR 0 0 1\
 const std::string kWireHead = "COLOR 1\nWIRE_MODEL 1\nWIRE 0.5 1\n";
 
 TEST(HostilePackage, AMillionEmptyBlocks) {
-    TimedPackage package(kTables + repeated("GEOM\n####\n", 1000000));
-    EXPECT_EQ(package.result, "true");
-    EXPECT_EQ(package.reader.GetComponentCount(), 0);
+    TimedPackage loaded(kTables + repeated("GEOM\n####\n", 1000000));
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_EQ(loaded.reader.GetComponentCount(), 0);
 }
 
 TEST(HostilePackage, AMillionGeomLines) {
-    TimedPackage package(kTables + repeated("GEOM\n", 1000000) + kHead + "2DPG 1\n5 5\n");
-    EXPECT_EQ(package.result, "true");
-    EXPECT_EQ(package.reader.GetComponentCount(), 1);
+    TimedPackage loaded(kTables + repeated("GEOM\n", 1000000) + kHead + "2DPG 1\n5 5\n");
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_EQ(loaded.reader.GetComponentCount(), 1);
 }
 
 TEST(HostilePackage, ManyTinyBallsAndWires) {
-    TimedPackage package(kTables + repeated("GEOM\nOBJECT 2\nLAYER 2\nCOLOR 1\n####\n" + kWireHead +
-                                                "3DPL 0\n-\n-\n",
-                                            100000));
-    EXPECT_EQ(package.result, "true");
-    EXPECT_EQ(package.reader.GetComponentCount(), 100000);
-    EXPECT_EQ(package.reader.GetWireLineCount(), 100000);
+    TimedPackage loaded(kTables + repeated("GEOM\nOBJECT 2\nLAYER 2\nCOLOR 1\n####\n" + kWireHead +
+                                               "3DPL 0\n-\n-\n",
+                                           100000));
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_EQ(loaded.reader.GetComponentCount(), 100000);
+    EXPECT_EQ(loaded.reader.GetWireLineCount(), 100000);
 }
 
 TEST(HostilePackage, ManyTables) {
@@ -58,17 +58,17 @@ TEST(HostilePackage, ManyTables) {
 }
 
 TEST(HostilePackage, ManyModels) {
-    TimedPackage package(kTables + "WIRE_MODELS\n" + repeated("WIRE_MODEL 1\nA 1 1 X\n", 300000));
-    EXPECT_EQ(package.result, "true");
-    EXPECT_EQ(profileData(package.reader, 300000), "false: A, -, -");
-    EXPECT_EQ(profileData(package.reader, 300001), "invalid vector<T> subscript: -, -, -");
+    TimedPackage loaded(kTables + "WIRE_MODELS\n" + repeated("WIRE_MODEL 1\nA 1 1 X\n", 300000));
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_EQ(profileData(loaded.reader, 300000), "false: A, -, -");
+    EXPECT_EQ(profileData(loaded.reader, 300001), "invalid vector<T> subscript: -, -, -");
 }
 
 TEST(HostilePackage, APolygonThatNeverEnds) {
-    TimedPackage package(kTables + kHead + "2DPG 2147483647\n" + repeated("1 2 3 4\n", 300000) +
-                         repeated("GEOM\n####\n2DPG 1\n", 100000));
-    EXPECT_EQ(package.result, "true");
-    EXPECT_THAT(bodies(package.reader), IsEmpty());
+    TimedPackage loaded(kTables + kHead + "2DPG 2147483647\n" + repeated("1 2 3 4\n", 300000) +
+                        repeated("GEOM\n####\n2DPG 1\n", 100000));
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_THAT(bodies(loaded.reader), IsEmpty());
 }
 
 TEST(HostilePackage, AWireThatNeverEnds) {
@@ -87,20 +87,20 @@ TEST(HostilePackage, AWireThatNeverEnds) {
 
 TEST(HostilePackage, ALongWireThatIsDroppedLeavesTheOthersWhole) {
     const auto wireOf = [](int points, int announced) {
-        std::string text = kWireHead + "3DPL " + std::to_string(announced) + "\n";
+        std::string content = kWireHead + "3DPL " + std::to_string(announced) + "\n";
         for (int i = 0; i < points; ++i)
-            text += std::to_string(i) + " 1 -" + std::to_string(i) + "\n";
-        return text + "\n\n";
+            content += std::to_string(i) + " 1 -" + std::to_string(i) + "\n";
+        return content + "\n\n";
     };
-    TimedPackage package(kTables + wireOf(9000, 9000) + wireOf(30000, 30001) +
-                         wireOf(20000, 20000) + wireOf(2, 3) + wireOf(1, 1));
-    ASSERT_EQ(package.reader.GetWireLineCount(), 3);
+    TimedPackage loaded(kTables + wireOf(9000, 9000) + wireOf(30000, 30001) + wireOf(20000, 20000) +
+                        wireOf(2, 3) + wireOf(1, 1));
+    ASSERT_EQ(loaded.reader.GetWireLineCount(), 3);
     const int counts[] = {9000, 20000, 1};
     for (int wire = 0; wire < 3; ++wire) {
         std::vector<double> points;
         int profile = 0;
         double diameter = 0.0;
-        ASSERT_TRUE(package.reader.GetWirePolyLine(wire, points, profile, diameter));
+        ASSERT_TRUE(loaded.reader.GetWirePolyLine(wire, points, profile, diameter));
         ASSERT_EQ(points.size(), 3U * static_cast<std::size_t>(counts[wire]));
         for (int i = 0; i < counts[wire]; ++i) {
             const auto at = 3 * static_cast<std::size_t>(i);
@@ -112,12 +112,12 @@ TEST(HostilePackage, ALongWireThatIsDroppedLeavesTheOthersWhole) {
 }
 
 TEST(HostilePackage, EachOfManyBodiesIsHandedOut) {
-    std::string text = kTables;
+    std::string content = kTables;
     for (int i = 0; i < 5000; ++i)
-        text += "GEOM\nNAME N" + std::to_string(i) + "\nOBJECT 2\nCOLOR 1\nBARL " +
-                std::to_string(i) + " 1 1 1 0 0 0\n";
-    TimedPackage package(text + "####\n");
-    const std::vector<std::string> made = bodies(package.reader);
+        content += "GEOM\nNAME N" + std::to_string(i) + "\nOBJECT 2\nCOLOR 1\nBARL " +
+                   std::to_string(i) + " 1 1 1 0 0 0\n";
+    TimedPackage loaded(content + "####\n");
+    const std::vector<std::string> made = bodies(loaded.reader);
     ASSERT_EQ(made.size(), 5000U);
     for (std::size_t i = 0; i < made.size(); ++i) {
         const std::string number = std::to_string(i);
@@ -126,10 +126,10 @@ TEST(HostilePackage, EachOfManyBodiesIsHandedOut) {
 }
 
 TEST(HostilePackage, CountsAndIdsAtTheEndsOfInt) {
-    TimedPackage package(kTables + kHead + "2DPG -2147483648\n1 1\n" + kHead +
-                         "2DPG -99999999999\n1 1\n" + kHead + "2DPG 99999999999\n1 1\n");
-    EXPECT_EQ(package.result, "true");
-    EXPECT_THAT(bodies(package.reader), IsEmpty());
+    TimedPackage loaded(kTables + kHead + "2DPG -2147483648\n1 1\n" + kHead +
+                        "2DPG -99999999999\n1 1\n" + kHead + "2DPG 99999999999\n1 1\n");
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_THAT(bodies(loaded.reader), IsEmpty());
     TimedPackage wire(kTables +
                       "COLOR 99999999999\nWIRE_MODEL -99999999999\nWIRE 1e999 9999999999\n"
                       "3DPL 1\n-1e999 1e-999 0\n-\n-\n");
@@ -166,17 +166,17 @@ TEST(HostilePackage, LinesWithoutAnEnd) {
                                   "GEOM\nNAME "};
     for (const std::string& part : parts)
         for (const std::string& start : starts) {
-            TimedPackage package(kTables + start +
-                                 repeated(part, static_cast<int>(1000000 / part.size())));
-            EXPECT_EQ(package.result, "true") << start << part;
-            bodies(package.reader);
-            wires(package.reader);
+            TimedPackage loaded(kTables + start +
+                                repeated(part, static_cast<int>(1000000 / part.size())));
+            EXPECT_EQ(loaded.result, "true") << start << part;
+            bodies(loaded.reader);
+            wires(loaded.reader);
         }
 }
 
 TEST(HostilePackage, NothingButNuls) {
-    TimedPackage package(std::string(1000000, '\0'));
-    EXPECT_EQ(package.result, "false");
+    TimedPackage loaded(std::string(1000000, '\0'));
+    EXPECT_EQ(loaded.result, "false");
     TimedPackage behind(kTables + kHead + "2DPG 2\n" + std::string(1000000, '\0') +
                         "1 1\n1 1 2 3\n");
     EXPECT_EQ(behind.result, "true");
@@ -185,23 +185,24 @@ TEST(HostilePackage, NothingButNuls) {
 }
 
 TEST(HostilePackage, EveryFrontPartOfEverything) {
-    const std::string text = kTables + "WIRE_MODELS\nWIRE_MODEL 1\nA 1 1 X\n" + kWireHead +
-                             "3DPL 2\n1 2 3 4 5 6\n-\n-\n" + kHead + "2DPG 4\n1 2 3 4\n5 6 7 8\n";
-    for (std::size_t length = 0; length < text.size(); ++length) {
-        Package package(text.substr(0, length));
-        bodies(package.reader);
-        wires(package.reader);
-        profileData(package.reader, 1);
+    const std::string content = kTables + "WIRE_MODELS\nWIRE_MODEL 1\nA 1 1 X\n" + kWireHead +
+                                "3DPL 2\n1 2 3 4 5 6\n-\n-\n" + kHead +
+                                "2DPG 4\n1 2 3 4\n5 6 7 8\n";
+    for (std::size_t length = 0; length < content.size(); ++length) {
+        Package loaded(content.substr(0, length));
+        bodies(loaded.reader);
+        wires(loaded.reader);
+        profileData(loaded.reader, 1);
     }
 }
 
 TEST(HostilePackage, RepeatedScalingOverflowsWithoutHarm) {
     // The sizes that a ball does not set are scaled with every body.
-    TimedPackage package(
+    TimedPackage loaded(
         "3DI INCH\n" + kColors + kNames + kHead + "2DPG 2\n0 0 1 1\n" +
         repeated("GEOM\nOBJECT 2\nLAYER 2\nCOLOR 1\nBARL 1 1 1 1 0 0 0\n####\n", 1000));
-    EXPECT_EQ(package.result, "true");
-    EXPECT_EQ(bodies(package.reader).back(),
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_EQ(bodies(loaded.reader).back(),
               "TOP: centre 25.4 25.4 25.4, diameter 50.8, colour 255");
 }
 

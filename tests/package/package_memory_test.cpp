@@ -154,9 +154,9 @@ TEST_F(PackageMemoryFailure, OfAQueryIsBadAlloc) {
 /// Most memory that the import of a file takes, in MiB; the file is written piece by piece.
 class PackagePeak : public testing::Test {
   protected:
-    void put(const std::string& text, int count = 1) {
+    void put(const std::string& content, int count = 1) {
         for (; count > 0; --count)
-            out_ << text;
+            out_ << content;
     }
     double importPeak(std::string_view expected = "true") {
         out_.close();

@@ -51,17 +51,17 @@ void expectEmpty(CKVOCadenceReader& reader) {
     EXPECT_EQ(profileData(reader, 0), "false: -, -, -");
 }
 
-std::string withLineEnds(const std::string& text, const std::string& lineEnd) {
+std::string withLineEnds(const std::string& content, const std::string& lineEnd) {
     std::string out;
-    for (const char c : text)
+    for (const char c : content)
         out += c == '\n' ? lineEnd : std::string(1, c);
     return out;
 }
 
 TEST(LeastFile, GivesItsBodiesAndItsWire) {
-    Package package(kLeastFile);
-    EXPECT_EQ(package.result, "true");
-    expectLeastModel(package.reader);
+    Package loaded(kLeastFile);
+    EXPECT_EQ(loaded.result, "true");
+    expectLeastModel(loaded.reader);
 }
 
 TEST(LeastFile, IsTheSameInLowerCaseAndWithCrLf) {
@@ -118,8 +118,8 @@ TEST(PackageReader, EveryQueryMayBeTheFirst) {
 
 TEST(PackageReader, ABodyThatIsNotThereGivesFalseAndTouchesNothing) {
     CKVOCadenceReader fresh;
-    Package package(kLeastFile);
-    for (CKVOCadenceReader* reader : {&fresh, &package.reader})
+    Package loaded(kLeastFile);
+    for (CKVOCadenceReader* reader : {&fresh, &loaded.reader})
         for (const int index : {reader->GetComponentCount(), -1, INT_MIN, INT_MAX}) {
             char name[] = "name";
             int isBall = -77;
@@ -136,18 +136,18 @@ TEST(PackageReader, ABodyThatIsNotThereGivesFalseAndTouchesNothing) {
 }
 
 TEST(PackageReader, ABodyIsHandedOutWithFiveSizes) {
-    Package package(kLeastFile);
+    Package loaded(kLeastFile);
     char name[] = "longer than what comes";
     int isBall = -1;
     double center[4] = {0, 0, 0, 99};
     double size[6] = {9, 9, 9, 9, 9, 99};
     unsigned color = 0;
-    ASSERT_TRUE(package.reader.GetComponentData(2, name, isBall, center, size, color));
+    ASSERT_TRUE(loaded.reader.GetComponentData(2, name, isBall, center, size, color));
     EXPECT_STREQ(name, "SUBSTRATE");
     EXPECT_EQ(isBall, 0);
     EXPECT_EQ(center[3], 99);
     EXPECT_THAT(size, ElementsAre(5, 5, 0.2, 0, 0, 99));
-    ASSERT_TRUE(package.reader.GetComponentData(1, name, isBall, center, size, color));
+    ASSERT_TRUE(loaded.reader.GetComponentData(1, name, isBall, center, size, color));
     EXPECT_EQ(isBall, 1);
 }
 
@@ -172,8 +172,8 @@ TEST(PackageReader, PathsThatCannotBeOpenedLeaveTheModelAlone) {
     const std::string missing = folder.file("missing.3di");
     const std::wstring missingWide = std::filesystem::path(missing).wstring();
     CKVOCadenceReader fresh;
-    Package package(kLeastFile);
-    for (CKVOCadenceReader* reader : {&fresh, &package.reader}) {
+    Package loaded(kLeastFile);
+    for (CKVOCadenceReader* reader : {&fresh, &loaded.reader}) {
         EXPECT_FALSE(reader->Import3DIFile(static_cast<const char*>(nullptr)));
         EXPECT_FALSE(reader->Import3DIFile(static_cast<const wchar_t*>(nullptr)));
         EXPECT_FALSE(reader->Import3DIFile(""));
@@ -183,7 +183,7 @@ TEST(PackageReader, PathsThatCannotBeOpenedLeaveTheModelAlone) {
         EXPECT_FALSE(reader->Import3DIFile(std::string(5000, 'x').c_str()));
     }
     expectEmpty(fresh);
-    expectLeastModel(package.reader);
+    expectLeastModel(loaded.reader);
 }
 
 TEST(PackageReader, AFolderIsNoFile) {
@@ -208,23 +208,23 @@ TEST(PackageReader, ImportsByWidePath) {
 TEST(PackageReader, ClosesTheFileAndDoesNotChangeIt) {
     const TempFolder folder;
     const std::string failing = kTables + "GEOM\nOBJECT 1\n####\n";
-    for (const std::string& text : {kLeastFile, failing, std::string("3DI MM\r\n")}) {
-        const std::string path = folder.write("package.3di", text);
+    for (const std::string& content : {kLeastFile, failing, std::string("3DI MM\r\n")}) {
+        const std::string path = folder.write("package.3di", content);
         CKVOCadenceReader reader;
         outcomeOf([&] { return reader.Import3DIFile(path.c_str()); });
-        EXPECT_EQ(readBytes(path), text);
+        EXPECT_EQ(readBytes(path), content);
         // On Windows an open file cannot be removed.
         EXPECT_TRUE(std::filesystem::remove(path));
     }
 }
 
 TEST(PackageReader, ImportsAnEmptyFileAsOneWithoutTables) {
-    Package package("");
-    EXPECT_EQ(package.result, "false");
-    EXPECT_EQ(package.reader.GetComponentCount(), 0);
-    EXPECT_EQ(package.reader.GetWireLineCount(), 0);
+    Package loaded("");
+    EXPECT_EQ(loaded.result, "false");
+    EXPECT_EQ(loaded.reader.GetComponentCount(), 0);
+    EXPECT_EQ(loaded.reader.GetWireLineCount(), 0);
     // The list of model names is there and has no entry.
-    EXPECT_EQ(profileData(package.reader, 1), "invalid vector<T> subscript: -, -, -");
+    EXPECT_EQ(profileData(loaded.reader, 1), "invalid vector<T> subscript: -, -, -");
 }
 
 TEST(PackageReader, ASecondImportReplacesTheListsOnly) {

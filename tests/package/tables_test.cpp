@@ -20,14 +20,14 @@ std::string die(const std::string& layer, const std::string& color) {
 
 /// Size of the die in millimetres under these header lines.
 std::string widthUnder(const std::string& header) {
-    Package package(header + kColors + kNames + die("2", "1"));
+    Package loaded(header + kColors + kNames + die("2", "1"));
     std::array<char, 1024> name{};
     int isBall = 0;
     double center[3];
     double size[5];
     unsigned color = 0;
-    if (!package.reader.GetComponentData(0, name.data(), isBall, center, size, color))
-        return package.result;
+    if (!loaded.reader.GetComponentData(0, name.data(), isBall, center, size, color))
+        return loaded.result;
     return numberText(size[0]);
 }
 
@@ -35,13 +35,13 @@ std::string widthUnder(const std::string& header) {
 std::vector<std::string> colors(const std::string& table) {
     std::vector<std::string> out;
     for (int id = 0;; ++id) {
-        Package package("3DI MM\n" + table + kNames + die("2", std::to_string(id)));
-        if (package.result != "true") {
-            if (package.result != kOutOfRange)
-                out.push_back(package.result);
+        Package loaded("3DI MM\n" + table + kNames + die("2", std::to_string(id)));
+        if (loaded.result != "true") {
+            if (loaded.result != kOutOfRange)
+                out.push_back(loaded.result);
             return out;
         }
-        const std::string body = bodies(package.reader).at(0);
+        const std::string body = bodies(loaded.reader).at(0);
         out.push_back(body.substr(body.rfind(' ') + 1));
     }
 }
@@ -51,14 +51,14 @@ std::vector<std::string> colors(const std::string& table) {
 std::vector<std::string> layers(const std::string& table) {
     std::vector<std::string> out;
     for (int id = 0;; ++id) {
-        Package package("3DI MM\n" + kColors + "TABLE OBJECT\n1 SYMBOL\n2 BALL\nTABLE END\n" +
-                        table + "TABLE END\n" + die(std::to_string(id), "1"));
-        if (package.result != "true") {
-            if (package.result != kOutOfRange)
-                out.push_back(package.result);
+        Package loaded("3DI MM\n" + kColors + "TABLE OBJECT\n1 SYMBOL\n2 BALL\nTABLE END\n" +
+                       table + "TABLE END\n" + die(std::to_string(id), "1"));
+        if (loaded.result != "true") {
+            if (loaded.result != kOutOfRange)
+                out.push_back(loaded.result);
             return out;
         }
-        const std::string body = bodies(package.reader).at(0);
+        const std::string body = bodies(loaded.reader).at(0);
         out.push_back(body.substr(0, body.find(':')));
     }
 }
@@ -68,12 +68,12 @@ std::vector<std::string> layers(const std::string& table) {
 std::string objects(const std::string& table) {
     std::string out;
     for (int id = 0; id < 5; ++id) {
-        Package package(
+        Package loaded(
             "3DI MM\n" + kColors + "TABLE LAYER\n1 OUTLINE\n2 TOP\n3 PACKAGE CAP\nTABLE END\n" +
             table + "TABLE END\nGEOM\nOBJECT " + std::to_string(id) + "\nLAYER 2\nCOLOR 1\n####\n");
-        if (package.result != "true")
-            return package.result;
-        const std::vector<std::string> made = bodies(package.reader);
+        if (loaded.result != "true")
+            return loaded.result;
+        const std::vector<std::string> made = bodies(loaded.reader);
         out += made.empty() ? '-' : made[0].find("diameter") != std::string::npos ? 'B' : 'S';
     }
     return out;
@@ -128,8 +128,8 @@ TEST(PackageUnits, TheWordsMustStandInOnePieceOfALongLine) {
 }
 
 TEST(PackageUnits, TheHeaderMayStandAtTheEnd) {
-    Package package(kColors + kNames + die("2", "1") + "3DI INCH");
-    EXPECT_THAT(bodies(package.reader),
+    Package loaded(kColors + kNames + die("2", "1") + "3DI INCH");
+    EXPECT_THAT(bodies(loaded.reader),
                 ElementsAre("TOP: centre 25400 12.7 12.7, size 50800 25.4 25.4, colour 255"));
 }
 

@@ -99,9 +99,9 @@ TEST_F(ToolProcess, InheritsDescriptors) {
     reader.ImportCadenceFile("board.mcm");
     unsetenv("KVOCAEIO_TEST_DESCRIPTOR");
     close(ends[1]);
-    char text[20] = {};
-    EXPECT_EQ(read(ends[0], text, sizeof text), 9);
-    EXPECT_STREQ(text, "inherited");
+    char content[20] = {};
+    EXPECT_EQ(read(ends[0], content, sizeof content), 9);
+    EXPECT_STREQ(content, "inherited");
     close(ends[0]);
 }
 

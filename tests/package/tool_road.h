@@ -65,10 +65,11 @@ class ToolRoad : public testing::Test {
     std::string run(const std::vector<std::string>& words, const std::string& commands,
                     const std::string& mark = "") const {
         const std::u8string where = std::filesystem::current_path().u8string();
-        std::string text = "run in " + std::string(where.begin(), where.end()) + "\nmark " + mark;
+        std::string content =
+            "run in " + std::string(where.begin(), where.end()) + "\nmark " + mark;
         for (const std::string& word : words)
-            text += "\nword " + word;
-        return text + '\n' + commands + "end\n";
+            content += "\nword " + word;
+        return content + '\n' + commands + "end\n";
     }
     std::string run1(const std::string& design) const {
         return run({tool, design, inFolder("CmdFile1.txt"), inFolder("CadenceData1.txt"),

@@ -181,9 +181,9 @@ TEST(WireProfile, ItsNameStaysUntilTheNextCall) {
 
 /// The colour that the second wire of a file gets, by way of profile 1.
 std::string colourOfSecondWire(const std::string& between) {
-    Package package(kStart + wire(1, 1, "0.5", 1, "0 0 0") + between);
-    EXPECT_EQ(package.reader.GetWireLineCount(), 2);
-    return profileData(package.reader, 1);
+    Package loaded(kStart + wire(1, 1, "0.5", 1, "0 0 0") + between);
+    EXPECT_EQ(loaded.reader.GetWireLineCount(), 2);
+    return profileData(loaded.reader, 1);
 }
 
 TEST(WireColour, IsTheFirstSinceTheLastWire) {

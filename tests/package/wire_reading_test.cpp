@@ -13,22 +13,21 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<std::string> wiresOf(const std::string& lines) {
-    Package package(kTables + lines);
-    EXPECT_EQ(package.result, "true");
-    return wires(package.reader);
+    Package loaded(kTables + lines);
+    EXPECT_EQ(loaded.result, "true");
+    return wires(loaded.reader);
 }
 
 /// Names of the wire models: the query sets the name also where no wire uses the model.
 std::vector<std::string> models(const std::string& lines) {
-    Package package(kTables + lines);
-    EXPECT_EQ(package.result, "true");
+    Package loaded(kTables + lines);
+    EXPECT_EQ(loaded.result, "true");
     std::vector<std::string> out;
     for (int profile = 1;; ++profile) {
         const char* name = nullptr;
         double diameter = 0.0;
         unsigned color = 0;
-        outcomeOf(
-            [&] { return package.reader.GetWireProfileData(profile, name, diameter, color); });
+        outcomeOf([&] { return loaded.reader.GetWireProfileData(profile, name, diameter, color); });
         if (name == nullptr)
             return out;
         out.emplace_back(name);
@@ -282,12 +281,12 @@ TEST(Wire, LengthsAreScaledToMillimetres) {
 }
 
 TEST(Wire, ProfileAndColourAreNotTestedWhenRead) {
-    Package package(kTables + "COLOR -7\nWIRE_MODEL -3\nWIRE -1 1\n3DPL 1\n1 1 1\n" + kEnd +
-                    "COLOR 2147483647\nWIRE_MODEL 2147483647\nWIRE 0 1\n3DPL 1\n2 2 2\n" + kEnd);
-    EXPECT_EQ(package.result, "true");
-    EXPECT_THAT(wires(package.reader), ElementsAre("profile -3, diameter -1: 1 1 1",
-                                                   "profile 2147483647, diameter 0: 2 2 2"));
-    EXPECT_EQ(package.reader.GetWireProfileCount(), 2147483647);
+    Package loaded(kTables + "COLOR -7\nWIRE_MODEL -3\nWIRE -1 1\n3DPL 1\n1 1 1\n" + kEnd +
+                   "COLOR 2147483647\nWIRE_MODEL 2147483647\nWIRE 0 1\n3DPL 1\n2 2 2\n" + kEnd);
+    EXPECT_EQ(loaded.result, "true");
+    EXPECT_THAT(wires(loaded.reader), ElementsAre("profile -3, diameter -1: 1 1 1",
+                                                  "profile 2147483647, diameter 0: 2 2 2"));
+    EXPECT_EQ(loaded.reader.GetWireProfileCount(), 2147483647);
 }
 
 TEST(Wire, TheHighestProfileCounts) {

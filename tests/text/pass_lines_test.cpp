@@ -92,6 +92,18 @@ TEST_F(PassLinesTest, NotesEachPieceThatIsCutOnce) {
     EXPECT_EQ(placesOf(LineKind::kCut)[1].line, 1u);
 }
 
+TEST_F(PassLinesTest, NotesAPieceThatIsCutAndHasWhatIsSought) {
+    PassLines lines = linesOf("abcdefg\nwxyz\nw\n", 4, LineMode::kBinary);
+    const auto find = [](const char* first, const char* last) {
+        return std::find(first, last, 'w');
+    };
+    while (lines.nextWith(find)) {
+    }
+    ASSERT_EQ(countOf(LineKind::kCut), 1u);
+    EXPECT_EQ(placesOf(LineKind::kCut)[0].line, 2u);
+    EXPECT_EQ(placesOf(LineKind::kCut)[0].text(), "wxy");
+}
+
 TEST_F(PassLinesTest, CountsLinesAcrossManyBlocksAndSkippedLines) {
     constexpr std::size_t kLines = 200'000;
     std::string content;

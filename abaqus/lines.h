@@ -2,16 +2,17 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <string_view>
 
-#include "text/line_reader.h"
-#include "text/observer.h"
+#include "abaqus/findings.h"
+#include "text/pass_lines.h"
 #include "text/tokens.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 /// Lines arrive in pieces of at most 511 characters.
-inline constexpr std::size_t kDeckLineBound = 512;
+inline constexpr std::size_t kLineBound = 512;
 
 // The delimiter sets differ from place to place: a blank may stand inside some values, not in
 // others.
@@ -45,53 +46,43 @@ inline bool hasFlag(std::string_view keywordLine, std::string_view name) {
     return false;
 }
 
-/// The lines of one pass over a deck. Counts them while the observer listens.
-template <class Observer>
-class DeckLines {
+/// The lines of one pass over a deck, from the file's present position on.
+class DeckLines : public text::PassLines {
   public:
-    DeckLines(text::LineReader& reader, Observer& observer)
-        : reader_(reader), observer_(observer) {}
+    DeckLines(std::FILE* deck, const text::Listener& listener)
+        : PassLines(deck, kLineBound, text::LineMode::kBinary, listener, Finding::kLineCut),
+          areNoted_(listener.findings != nullptr) {}
 
-    bool next() {
-        if constexpr (Observer::kListens) {
-            if (reader_.endsLine())
-                ++number_;
-        }
-        const bool found = reader_.next();
-        if constexpr (Observer::kListens) {
-            if (found && line().size() + 1 == kDeckLineBound && !reader_.endsLine())
-                note(text::Finding::kCut, line(), "the line is too long");
-        }
-        return found;
-    }
-
-    /// The line taken last; at the end of the deck still the last one.
-    std::string_view line() const { return reader_.line(); }
+    /// Whether somebody hears what is noted, so that a place is worth looking for.
+    bool areNoted() const { return areNoted_; }
 
     /// Calls `read()` for each data line up to the next keyword line, which is given back, or the
     /// end of the deck. Comment lines are passed over; all other lines are data, blank ones too.
-    template <class ReadDataLine>
-    void forEachDataLine(const ReadDataLine& read) {
+    template <class Read>
+    void forEachDataLine(const Read& read) {
         while (next()) {
-            const std::string_view text = line();
-            if (text.empty() || text[0] != '*') {
+            const std::string_view taken = line();
+            if (taken.empty() || taken[0] != '*') {
                 read();
-            } else if (text.size() == 1 || text[1] != '*') {
-                reader_.giveBack();
+            } else if (taken.size() == 1 || taken[1] != '*') {
+                giveBack();
                 return;
             }
         }
     }
 
-    void note(text::Finding finding, std::string_view what, std::string_view why) {
-        if constexpr (Observer::kListens)
-            observer_.note(finding, number_, what, why);
+    /// Notes a field of the line taken last, or the line where the field is missing.
+    void noteField(Finding kind, std::string_view field) {
+        field.empty() ? note(kind) : note(kind, field);
     }
 
+    /// No further section is read in this pass.
+    void endPass() { ended_ = true; }
+    bool hasEnded() const { return ended_; }
+
   private:
-    text::LineReader& reader_;
-    Observer& observer_;
-    std::size_t number_ = 1;
+    bool areNoted_;
+    bool ended_ = false;
 };
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

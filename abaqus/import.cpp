@@ -1,11 +1,12 @@
 /// The stations of an import: debug folder, counting pass, tables, storing pass, dump, OID maps.
-#include "abaqus/deck_import.h"
+#include "abaqus/import.h"
 
 #include <algorithm>
-#include <climits>
 #include <cstdio>
 #include <exception>
+#include <numeric>
 #include <stdexcept>
+#include <utility>
 
 #include "abaqus/deck_counts.h"
 #include "abaqus/deck_scanner.h"
@@ -14,13 +15,13 @@
 #include "abaqus/import_state.h"
 #include "text/file.h"
 
-namespace kvocaeio {
+namespace kvocaeio::abaqus {
 
 namespace {
 
 // The host counts in int. A deck beyond that is treated like one that does not fit into memory.
 int hostCount(std::size_t count) {
-    if (count > static_cast<std::size_t>(INT_MAX))
+    if (!std::in_range<int>(count))
         throw std::length_error("too many entries");
     return static_cast<int>(count);
 }
@@ -50,7 +51,9 @@ void sizeTables(AbaqusModel& model, const DeckCounts& counts) {
     model.maxNodeOid = model.maxElemOid = 0;
 
     NodeBlock& block = model.nodeBlock;
-    const auto nodes = static_cast<std::size_t>(hostCount(counts.nodes()));
+    const auto nodes =
+        std::accumulate(counts.nodeBlocks.begin(), counts.nodeBlocks.end(), std::size_t{0});
+    hostCount(nodes);
     block.ids.resize(std::min(nodes, block.ids.size()));
     block.coords.resize(3 * nodes);
     block.ids.resize(nodes);
@@ -73,19 +76,12 @@ void sizeTables(AbaqusModel& model, const DeckCounts& counts) {
 void buildOidMaps(AbaqusModel& model) {
     if (model.nodeBlock.ids.empty() || model.elemSections.empty())
         return;
-    model.nodeOidMap.assign([&](const auto& visit) {
-        int row = 0;
-        for (const int oid : model.nodeBlock.ids)
-            visit(oid, row++);
-    });
+    assignRows(model.nodeOidMap, model.nodeBlock.ids);
     model.elemOidMap.assign([&](const auto& visit) {
         ElemLocation location;
         for (const ElemSection& section : model.elemSections) {
-            location.row = 0;
-            for (const int oid : section.ids) {
-                visit(oid, location);
-                ++location.row;
-            }
+            for (location.row = 0; location.row < section.ids.size(); ++location.row)
+                visit(section.ids[location.row], location);
             ++location.section;
         }
     });
@@ -93,44 +89,58 @@ void buildOidMaps(AbaqusModel& model) {
     model.maxElemOid = static_cast<int>(model.elemOidMap.size() - 1);
 }
 
-void readTables(AbaqusModel& model, std::FILE* deck) {
-    text::LineReader reader(deck, kDeckLineBound, text::LineMode::kBinary);
-    text::NoObserver observer;
+// False where the deck cannot be opened, or where the host stops a pass.
+bool readDeck(AbaqusModel& model, const char* path, const DebugFolder& folder,
+              const text::Listener& listener) {
+    text::File deck = text::openFile(path, "r+b");
+    if (deck == nullptr)
+        return false;
     constexpr const char* kPassHeader = "============= Loop %d ==============\n";
 
     std::printf(kPassHeader, 1);
     DeckCounts counts;
-    scanDeck(reader, counts, observer);
+    {
+        DeckLines lines(deck.get(), listener.withoutFindings());
+        scanDeck(lines, counts);
+    }
+    if (listener.hasStopped())
+        return false;
     printSummary(counts);
     sizeTables(model, counts);
 
     std::printf(kPassHeader, 2);
-    reader.rewind();
-    DeckStore store(model);
-    scanDeck(reader, store, observer);
+    if (!text::rewindFile(deck.get()))
+        return false;
+    DeckLines lines(deck.get(), listener);
+    DeckStore store(model, lines);
+    scanDeck(lines, store);
+    if (listener.hasStopped())
+        return false;
+    deck.reset();
+    if (folder.usable)
+        writeImportLog(model, folder);
+    buildOidMaps(model);
+    return true;
 }
 
 }  // namespace
 
-bool importDeck(AbaqusModel& model, const char* path) noexcept {
+bool importDeck(AbaqusModel& model, const char* path, const text::Listener& listener) noexcept {
     if (path == nullptr)
         return false;
+    const Clock::time_point start = Clock::now();
+    DebugFolder folder;
+    bool imported = false;
     try {
-        startClock();
-        findDebugFolder(path);
-        text::File deck = text::openFile(path, "r+b");
-        if (deck == nullptr)
-            return false;
-        readTables(model, deck.get());
-        deck.reset();
-        if (importState().debug)
-            writeImportLog(model);
-        buildOidMaps(model);
-        stopClock();
-        return true;
+        folder = findDebugFolder(path);
+        if (readDeck(model, path, folder, listener)) {
+            publishTimeSince(start);
+            imported = true;
+        }
     } catch (const std::exception&) {  // memory ran out, or a table would be too long for it
-        return false;
     }
+    publish(std::move(folder));
+    return imported;
 }
 
-}  // namespace kvocaeio
+}  // namespace kvocaeio::abaqus

@@ -1,0 +1,13 @@
+/// The import of one deck, from its path to the filled tables.
+#pragma once
+
+#include "abaqus/model.h"
+#include "text/findings.h"
+
+namespace kvocaeio::abaqus {
+
+/// Reads the deck at `path` into the model, in two passes. False when it cannot be opened, memory
+/// runs out or the listener stops it; the tables are sound then, too. Does not throw.
+bool importDeck(AbaqusModel& model, const char* path, const text::Listener& listener = {}) noexcept;
+
+}  // namespace kvocaeio::abaqus

@@ -1,0 +1,11 @@
+/// The report of a stacked design's dies, interposers and spacers.
+#pragma once
+
+#include "package/model.h"
+
+namespace kvocaeio::package {
+
+/// Appends a body for each of its rows. False where a column is missing.
+bool readDieStackReport(const Report& report, double unitScale, ComponentList& components);
+
+}  // namespace kvocaeio::package

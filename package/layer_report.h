@@ -1,0 +1,12 @@
+/// The report of a design's layers: how high its substrate and die are, and where its bodies lie.
+#pragma once
+
+#include "package/model.h"
+
+namespace kvocaeio::package {
+
+/// Places all bodies in z. False where a column is missing. Throws the error of `throwBadSubscript`
+/// where no job line names the design.
+bool readLayerReport(const Report& report, ComponentList& components);
+
+}  // namespace kvocaeio::package
