@@ -194,12 +194,14 @@ TEST(FileSafety, AnInterruptedReadOfStandardInputLeavesNothingBehind) {
     const std::string pipe = folder.file("pipe");
     folder.makeFolder("tmp");
     ASSERT_EQ(runShell("mkfifo " + quote(pipe)).exitCode, 0);
-    // The pipe is open for writing, too, so that it never ends.
+    // The pipe is open for writing, too, so that it never ends. The shell has what it starts in the
+    // background ignore SIGINT.
     const std::string start = "export TMPDIR=" + quote(folder.file("tmp")) + "; exec 3<>" +
-                              quote(pipe) + "; " + quote(KVOCAEIO_PROGRAM) + " info - <&3 & ";
+                              quote(pipe) + "; env --default-signal=INT " +
+                              quote(KVOCAEIO_PROGRAM) + " info - <&3 & ";
     const std::string wait =
         "until ls " + quote(folder.file("tmp")) + "/*/input >/dev/null 2>&1; do sleep 0.01; done; ";
-    for (const char* signal : {"TERM", "HUP"}) {
+    for (const char* signal : {"INT", "TERM", "HUP"}) {
         const Outcome outcome = runShell(start + wait + "kill -" + signal + " $!; wait $!");
         EXPECT_GT(outcome.exitCode, 128);
         EXPECT_TRUE(std::filesystem::is_empty(folder.path() / "tmp"));
