@@ -5,6 +5,7 @@
 #include <nlohmann/json_fwd.hpp>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace kvocaeio::host {
 
@@ -12,7 +13,11 @@ using Json = nlohmann::ordered_json;
 
 /// A file that no report can be given of; the text says why, for the user.
 struct FileError : std::runtime_error {
-    using std::runtime_error::runtime_error;
+    /// `reason` is the same in a word, for programs.
+    explicit FileError(const std::string& text, std::string_view reason = "cannot-be-read")
+        : std::runtime_error(text), code(reason) {}
+
+    std::string_view code;
 };
 
 /// What one reader learned of one file.
