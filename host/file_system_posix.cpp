@@ -51,11 +51,7 @@ constexpr std::array kEndingSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE
 std::array<std::atomic<const char*>, 4> doomed{};
 
 void removeDoomedAndEnd(int signal) {
-    for (auto slot = doomed.rbegin(); slot != doomed.rend(); ++slot) {
-        const char* path = slot->load();
-        if (path != nullptr && ::unlink(path) != 0)
-            ::rmdir(path);
-    }
+    removeForInterruption();
     ::raise(signal);  // which has its default action again
 }
 
@@ -122,6 +118,14 @@ std::string followLinks(const std::string& path) {
     return place.string();
 }
 
+std::filesystem::path standardPath(const std::string& path) {
+    return path;
+}
+
+std::string narrowPath(const std::filesystem::path& path) {
+    return path.native();
+}
+
 std::size_t folderLength(const std::string& path) {
     return path.rfind('/') + 1;
 }
@@ -182,6 +186,14 @@ void keepOnInterruption(const std::string& path) {
     for (auto& slot : doomed) {
         const char* known = path.c_str();
         slot.compare_exchange_strong(known, nullptr);
+    }
+}
+
+void removeForInterruption() {
+    for (auto slot = doomed.rbegin(); slot != doomed.rend(); ++slot) {
+        const char* path = slot->load();
+        if (path != nullptr && ::unlink(path) != 0)
+            ::rmdir(path);
     }
 }
 

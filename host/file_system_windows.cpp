@@ -58,54 +58,46 @@ std::string fullPath(const std::string& path) {
     return full;
 }
 
+/// What a rename onto a file that others have open for a moment fails with.
 bool isBusy(DWORD error) {
-    return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION ||
-           error == ERROR_UNABLE_TO_REMOVE_REPLACED || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
+    return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
 }
 
-/// Moves `file` to `target` as the system can. The permissions of an old file stay only where the
-/// file system has them.
-bool moveOnto(const std::string& target, const std::string& file) {
-    if (kindOf(target) == FileKind::kFile) {
-        if (ReplaceFileA(target.c_str(), file.c_str(), nullptr, 0, nullptr, nullptr))
-            return true;
-        if (isBusy(GetLastError()))
-            return false;
-    }
-    return MoveFileExA(file.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+/// Gives `file` the permissions and attributes of `target`, as far as the file system has them.
+void copyPermissions(const std::string& target, const std::string& file) {
+    std::array<char, 65536> access;  // as long as an access list can be
+    DWORD needed = 0;
+    if (GetFileSecurityA(target.c_str(), DACL_SECURITY_INFORMATION, access.data(), access.size(),
+                         &needed))
+        SetFileSecurityA(file.c_str(), DACL_SECURITY_INFORMATION, access.data());
+    SetFileAttributesA(file.c_str(), GetFileAttributesA(target.c_str()));
 }
 
 std::array<const char*, 4> doomed{};
 std::recursive_mutex doomedMutex;
 HANDLE mainThread = nullptr;
 
-/// Closes this process's own handles of a file, which nobody else may remove while they are open.
+/// Closes this process's own handles of a file, which cannot be removed while they are open.
 void closeHandlesOf(const FileIdentity& identity) {
     constexpr std::uintptr_t kHandles = 0x4000;  // they are counted in steps of four
+    // A look at standard input would wait for the end of a read that goes on there.
+    const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
     for (std::uintptr_t number = 4; number < kHandles; number += 4) {
         const auto handle = reinterpret_cast<HANDLE>(number);
-        if (identityOfHandle(handle) == identity)
+        if (handle != input && identityOfHandle(handle) == identity)
             CloseHandle(handle);
     }
 }
 
-BOOL WINAPI removeDoomedAndEnd(DWORD) {
-    doomedMutex.lock();  // for good: the process is about to end
-    SuspendThread(mainThread);
-    for (auto path = doomed.rbegin(); path != doomed.rend(); ++path) {
-        if (*path == nullptr || DeleteFileA(*path) || RemoveDirectoryA(*path))
-            continue;
-        if (const std::optional<FileIdentity> identity = host::identityOf(*path))
-            closeHandlesOf(*identity);
-        DeleteFileA(*path);
-    }
+BOOL WINAPI removeDoomed(DWORD) {
+    removeForInterruption();
     return FALSE;  // what comes next ends the process
 }
 
 void handleConsoleEvents() {
     DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &mainThread, 0,
                     FALSE, DUPLICATE_SAME_ACCESS);
-    SetConsoleCtrlHandler(removeDoomedAndEnd, TRUE);
+    SetConsoleCtrlHandler(removeDoomed, TRUE);
 }
 
 }  // namespace
@@ -144,6 +136,25 @@ std::string followLinks(const std::string& path) {
     return place.empty() ? path : place;
 }
 
+std::filesystem::path standardPath(const std::string& path) {
+    const auto size = static_cast<int>(path.size());
+    std::wstring wide(path.size(), L'\0');
+    const int length = MultiByteToWideChar(CP_ACP, 0, path.data(), size, wide.data(), size);
+    wide.resize(static_cast<std::size_t>(length));
+    return wide;
+}
+
+std::string narrowPath(const std::filesystem::path& path) {
+    const std::wstring& wide = path.native();
+    const auto size = static_cast<int>(wide.size());
+    constexpr int kMostBytes = 3;  // of a character, in any code page
+    std::string narrow(kMostBytes * wide.size(), '\0');
+    const int length = WideCharToMultiByte(CP_ACP, 0, wide.data(), size, narrow.data(),
+                                           kMostBytes * size, nullptr, nullptr);
+    narrow.resize(static_cast<std::size_t>(length));
+    return narrow;
+}
+
 std::size_t folderLength(const std::string& path) {
     return path.find_last_of("\\/:") + 1;
 }
@@ -179,11 +190,12 @@ std::error_code replaceFile(const std::string& target, const std::string& file) 
         if (!handle.valid() || !FlushFileBuffers(handle.get()))
             return lastError();
     }
-    // Others may have the old file open for a moment, such as one that replaces it, too.
+    if (kindOf(target) == FileKind::kFile)
+        copyPermissions(target, file);
     constexpr int kTries = 100;
     constexpr DWORD kMilliseconds = 20;
     for (int i = 0; i < kTries; ++i) {
-        if (moveOnto(target, file))
+        if (MoveFileExA(file.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING))
             return {};
         if (!isBusy(GetLastError()))
             break;
@@ -208,6 +220,18 @@ void removeOnInterruption(const std::string& path) {
 void keepOnInterruption(const std::string& path) {
     const std::lock_guard lock(doomedMutex);
     std::replace(doomed.begin(), doomed.end(), path.c_str(), static_cast<const char*>(nullptr));
+}
+
+void removeForInterruption() {
+    doomedMutex.lock();  // for good: the process is about to end
+    SuspendThread(mainThread);
+    for (auto path = doomed.rbegin(); path != doomed.rend(); ++path) {
+        if (*path == nullptr || DeleteFileA(*path) || RemoveDirectoryA(*path))
+            continue;
+        if (const std::optional<FileIdentity> identity = host::identityOf(*path))
+            closeHandlesOf(*identity);
+        DeleteFileA(*path);
+    }
 }
 
 InterruptionPause::InterruptionPause() {

@@ -15,9 +15,9 @@ std::string replaceable(const std::string& target) {
     const std::string place = followLinks(target);
     const FileKind kind = kindOf(place);
     if (kind != FileKind::kFile && kind != FileKind::kMissing)
-        throw FileError("cannot be written: it is there and is no file");
+        throw FileError("cannot be written: it is there and is no file", "cannot-be-written");
     if (kind == FileKind::kFile && !isWritable(place))
-        throw FileError("cannot be written: " + systemFailure());
+        throw FileError("cannot be written: " + systemFailure(), "cannot-be-written");
     return place;
 }
 
@@ -38,7 +38,8 @@ bool ReplacementFile::endsWith(std::string_view ending) const {
 
 void ReplacementFile::finish() {
     if (const std::error_code error = replaceFile(target_, path()))
-        throw FileError("cannot be written: " + error.default_error_condition().message());
+        throw FileError("cannot be written: " + error.default_error_condition().message(),
+                        "cannot-be-written");
 }
 
 }  // namespace kvocaeio::host

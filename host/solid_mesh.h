@@ -13,7 +13,7 @@ namespace kvocaeio::host {
 /// What the user has to know of a conversion.
 struct Note {
     std::string code;    ///< for programs: small letters and hyphens
-    std::size_t number;  ///< of what was found; 0 where nothing is counted
+    std::size_t number;  ///< of what was found; 1 where nothing is counted
     std::string text;    ///< for people, with the number
 };
 

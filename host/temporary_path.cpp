@@ -40,12 +40,14 @@ TemporaryPath::TemporaryPath(Kind kind, const std::string& folder) {
         error = create(kind, path_);
     }
     if (error)
-        throw FileError("cannot be written: " + error.default_error_condition().message());
+        throw FileError("cannot be written: " + error.default_error_condition().message(),
+                        "cannot-be-written");
 }
 
 TemporaryPath::TemporaryPath(std::string path) : path_(std::move(path)) {
     if (const std::error_code error = create(Kind::kFile, path_))
-        throw FileError("cannot be written: " + error.default_error_condition().message());
+        throw FileError("cannot be written: " + error.default_error_condition().message(),
+                        "cannot-be-written");
 }
 
 TemporaryPath::~TemporaryPath() {

@@ -82,7 +82,8 @@ ToolWatch::ToolWatch(const std::vector<std::string>& tool, double seconds)
     std::string words;
     for (const std::string& word : tool)
         words += (words.empty() ? "" : " ") + quotedWhereNeeded(word);
-    const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(seconds * 1000.0);
+    const ULONGLONG deadline =
+        GetTickCount64() + static_cast<ULONGLONG>(std::min(seconds, 1e9) * 1000.0);
     SetEnvironmentVariableA(kLauncherVariable,
                             (std::to_string(deadline) + '\n' + asText(links_->launcherEnd) + '\n' +
                              asText(links_->host) + '\n' + words)

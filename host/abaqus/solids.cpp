@@ -77,7 +77,7 @@ void takeListedElements(const DeckTables& tables, SolidMesh& mesh, const OidRepe
     std::map<std::string, std::size_t> sections;
     KindCounts other;
     std::size_t number = 0;  // as the repeats count
-    auto repeat = repeats.alike.begin();
+    std::size_t again = 0;
     for (const Section& section : tables.raw) {
         const ElementKind& kind = elementKind(section.geometry, section.nodesPerElement);
         if (section.nodesPerElement == 0)
@@ -92,10 +92,10 @@ void takeListedElements(const DeckTables& tables, SolidMesh& mesh, const OidRepe
         if (isNew)
             mesh.sections.push_back(section.elset);
         for (std::size_t e = 0; e < section.elements; ++e, ++number) {
-            repeat = std::find_if(repeat, repeats.alike.end(),
-                                  [&](std::size_t row) { return row >= number; });
-            if (repeat != repeats.alike.end() && *repeat == number)
+            if (std::binary_search(repeats.alike.begin(), repeats.alike.end(), number)) {
+                ++again;
                 continue;
+            }
             SolidMesh::Element element{named->second, kind.corners, {}, section.ids[e]};
             std::transform(section.element(e), section.element(e) + kind.corners,
                            element.nodes.begin(), [&](int oid) { return rows.find(oid); });
@@ -103,7 +103,7 @@ void takeListedElements(const DeckTables& tables, SolidMesh& mesh, const OidRepe
         }
     }
     leaveOut(mesh, other);
-    leaveOut(mesh, "elements-listed-again", repeats.alike.size(), "elements",
+    leaveOut(mesh, "elements-listed-again", again, "elements",
              " listed again with the same OID and nodes");
 }
 
@@ -163,9 +163,10 @@ void checkConflicts(const OidRepeats& nodes, const OidRepeats& elements, bool fo
         return;
     if (!force)
         throw FileError(what +
-                        " are defined more than once with different content, as in a deck of "
-                        "several parts: give it in one numbering, or --force to take the last "
-                        "definition of each node and every element");
+                            " are defined more than once with different content, as in a deck of "
+                            "several parts: give it in one numbering, or --force to take the last "
+                            "definition of each node and every element",
+                        "defined-twice");
     mesh.remarks.push_back({"oid-conflicts", nodes.conflicts.size() + elements.conflicts.size(),
                             what + " are defined more than once with different content: of nodes "
                                    "the last definition is taken"});
@@ -177,7 +178,7 @@ SolidMesh takeAbaqusSolids(const std::string& path, const SolidsRequest& request
     const AbaqusDeck deck(path, request.progress);
     const DeckTables& tables = deck.tables;
     if (request.normalised && !deck.sortFailure.empty())
-        throw FileError("the deck cannot be normalised: " + deck.sortFailure);
+        throw FileError("the deck cannot be normalised: " + deck.sortFailure, "not-normalised");
     SolidMesh mesh;
     const OidRepeats elements = findRepeatedElements(tables);
     checkConflicts(findRepeatedNodes(tables), elements, request.force, mesh);
@@ -195,7 +196,7 @@ SolidMesh takeAbaqusSolids(const std::string& path, const SolidsRequest& request
         takeOtherNotes(tables, nullptr, mesh);
     }
     if (!deck.sortFailure.empty())
-        mesh.remarks.push_back({"not-normalised", 0,
+        mesh.remarks.push_back({"not-normalised", 1,
                                 "loads, surfaces and generated sets are not known: the deck cannot "
                                 "be normalised: " +
                                     deck.sortFailure});

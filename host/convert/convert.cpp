@@ -37,8 +37,8 @@ const MeshWriter& writerOf(const std::string& path) {
     for (const Target& target : kTargets)
         if (target.extension == extension)
             return *target.writer;
-    throw FileError(
-        "cannot be written: its name must end in .nas, .bdf (Nastran) or .pat (Patran)");
+    throw FileError("cannot be written: its name must end in .nas, .bdf (Nastran) or .pat (Patran)",
+                    "unknown-target");
 }
 
 /// Drops elements of nodes that are not there and nodes that no element has.
@@ -77,7 +77,8 @@ void refuseInfinitePlaces(const SolidMesh& mesh) {
                                    [](const auto& place) { return !isFinitePlace(place.data()); });
     if (bad != 0)
         throw FileError("has " + counted(static_cast<std::size_t>(bad), "nodes") +
-                        " with coordinates that are no finite numbers");
+                            " with coordinates that are no finite numbers",
+                        "not-finite");
 }
 
 void scale(SolidMesh& mesh, double factor) {
@@ -90,13 +91,14 @@ SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
     const Format& format = findFormat(file.path());
     if (format.takeSolids == nullptr)
         throw FileError("is of a format that is not converted (" + std::string(format.name) +
-                        "); Abaqus decks and Patran neutral files are");
+                            "); Abaqus decks and Patran neutral files are",
+                        "not-converted");
     SolidMesh mesh = format.takeSolids(
         file.path(), {options.normalised, options.force,
                       options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
     compact(mesh);
     if (mesh.elements.empty())
-        throw FileError("holds no tetrahedra, wedges or hexahedra");
+        throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
     scale(mesh, options.scale);
     refuseInfinitePlaces(mesh);
     return mesh;
@@ -108,7 +110,7 @@ void write(SolidMesh& mesh, const ConvertOptions& options) {
     checkRounding(mesh, writer, options.unit);
     ReplacementFile file(options.target);
     if (!writer.write(mesh, file.path(), options.unit) || !file.endsWith(writer.ending))
-        throw FileError("cannot be written as a whole: the disk may be full");
+        throw FileError("cannot be written as a whole: the disk may be full", "cannot-be-written");
     file.finish();
     writer.takeNotes(mesh);
 }
@@ -117,6 +119,7 @@ void write(SolidMesh& mesh, const ConvertOptions& options) {
 struct Failure {
     std::string file;
     std::string what;
+    std::string_view code;
 };
 
 /// Runs a step that reads or writes `file`; what stops it.
@@ -126,9 +129,9 @@ std::optional<Failure> attempt(const std::string& file, const Step& step) {
         step();
         return std::nullopt;
     } catch (const FileError& error) {
-        return Failure{shownName(file), error.what()};
+        return Failure{shownName(file), error.what(), error.code};
     } catch (const std::bad_alloc&) {
-        return Failure{shownName(file), "there is not enough memory for it"};
+        return Failure{shownName(file), "there is not enough memory for it", "out-of-memory"};
     }
 }
 
@@ -141,7 +144,7 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Soli
     if (!failure)
         failure = attempt(options.target, [&] {
             if (source->identity() && source->identity() == identityOf(options.target))
-                throw FileError("cannot be written: it is the file that is read");
+                throw FileError("cannot be written: it is the file that is read", "same-file");
         });
     if (!failure)
         failure = attempt(options.source, [&] { mesh = takeSolids(*source, options); });
@@ -159,12 +162,15 @@ bool runConvert(const ConvertOptions& options) {
     std::optional<Failure> failure = convert(options, written);
     if (!failure && options.strict && !written->losses.empty())
         failure = {shownName(options.target),
-                   "is written, but without what is left out, which --strict counts as a failure"};
+                   "is written, but without what is left out, which --strict counts as a failure",
+                   "left-out"};
     if (failure)
         std::cerr << "kvocaeio: " << failure->file << ": " << failure->what << '\n';
     if (options.json)
-        std::cout << conversionJson(written ? &*written : nullptr, options,
-                                    failure ? failure->what : "");
+        std::cout << conversionJson(
+            written ? &*written : nullptr, options,
+            failure ? std::optional<Note>({std::string(failure->code), 1, failure->what})
+                    : std::nullopt);
     else if (written && !options.quiet)
         std::cout << conversionText(*written, options);
     if (!std::cout.flush())

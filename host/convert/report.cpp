@@ -6,21 +6,17 @@
 #include "clean_name.h"
 #include "counted.h"
 #include "file_report.h"
+#include "version_text.h"
 
 namespace kvocaeio::host {
 
 namespace {
 
-constexpr int kLayoutVersion = 1;
+constexpr int kJsonVersion = 1;
 
-Json asJson(const std::vector<Note>& notes) {
-    Json array = Json::array();
-    for (const Note& note : notes) {
-        array.push_back({{"code", note.code}, {"text", note.text}});
-        if (note.number != 0)
-            array.back()["count"] = note.number;
-    }
-    return array;
+void add(Json& findings, const char* level, const Note& note) {
+    findings.push_back(
+        {{"level", level}, {"code", note.code}, {"count", note.number}, {"text", note.text}});
 }
 
 std::string lines(const char* kind, const std::vector<Note>& notes) {
@@ -40,20 +36,30 @@ std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options)
 }
 
 std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
-                           const std::string& failure) {
-    Json report = {{"version", kLayoutVersion},
-                   {"source", options.source},
-                   {"target", options.target},
-                   {"written", mesh != nullptr}};
+                           const std::optional<Note>& failure) {
+    Json findings = Json::array();
+    if (failure)
+        add(findings, "error", *failure);
+    Json size;
     if (mesh != nullptr) {
-        report["nodes"] = mesh->nodes.size();
-        report["elements"] = mesh->elements.size();
-        report["sections"] = mesh->sections.size();
-        report["leftOut"] = asJson(mesh->losses);
-        report["notes"] = asJson(mesh->remarks);
+        for (const Note& loss : mesh->losses)
+            add(findings, "warning", loss);
+        for (const Note& remark : mesh->remarks)
+            add(findings, "note", remark);
+        size = {{"nodes", mesh->nodes.size()},
+                {"elements", mesh->elements.size()},
+                {"sections", mesh->sections.size()}};
     }
-    if (!failure.empty())
-        report["error"] = failure;
+    const bool lost = mesh != nullptr && !mesh->losses.empty();
+    const Json report = {{"version", kJsonVersion},
+                         {"library", libraryVersion()},
+                         {"source", options.source},
+                         {"target", options.target},
+                         {"status", failure ? "failed"
+                                    : lost  ? "warnings"
+                                            : "ok"},
+                         {"written", size},
+                         {"findings", std::move(findings)}};
     // Names may be of any encoding; bytes that are no UTF-8 become replacement characters.
     return report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

@@ -1,6 +1,7 @@
 /// What `kvocaeio convert` says of a conversion.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "convert/convert.h"
@@ -11,9 +12,9 @@ namespace kvocaeio::host {
 /// For a person; `mesh` as it was written.
 std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options);
 
-/// For programs; `failure` is empty where nothing failed, and null `mesh` where nothing was
+/// For programs, in the layout of docs/convert.schema.json; `mesh` is null where nothing was
 /// written.
 std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
-                           const std::string& failure);
+                           const std::optional<Note>& failure);
 
 }  // namespace kvocaeio::host

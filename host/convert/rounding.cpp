@@ -88,8 +88,9 @@ void checkRounding(SolidMesh& mesh, const MeshWriter& writer, const std::string&
     const Places written = writtenPlaces(mesh, writer, 1.0);
     if (const std::size_t collapsed = countCollapses(mesh, written); collapsed != 0)
         throw FileError("cannot be written: coordinates have " + std::string(writer.formName) +
-                        " there, by which nodes of " + counted(collapsed, "elements") + " meet; " +
-                        remedy(mesh, writer, unit));
+                            " there, by which nodes of " + counted(collapsed, "elements") +
+                            " meet; " + remedy(mesh, writer, unit),
+                        "nodes-meet");
     double largest = 0.0;
     for (std::size_t row = 0; row < written.size(); ++row)
         for (std::size_t axis = 0; axis < 3; ++axis)
@@ -99,7 +100,7 @@ void checkRounding(SolidMesh& mesh, const MeshWriter& writer, const std::string&
     std::ostringstream text;
     text << "coordinates are written with " << writer.formName << ", which changes them by up to "
          << largest;
-    mesh.remarks.push_back({"coordinates-rounded", 0, text.str()});
+    mesh.remarks.push_back({"coordinates-rounded", 1, text.str()});
 }
 
 }  // namespace kvocaeio::host

@@ -14,7 +14,7 @@ namespace kvocaeio::host {
 
 SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request) {
     if (request.normalised)
-        throw FileError("has no normalised mesh: only Abaqus decks have one");
+        throw FileError("has no normalised mesh: only Abaqus decks have one", "not-normalised");
     CPatranReader reader;
     timed(request.progress, [&] { import(reader, path); });
     requireMesh(static_cast<std::size_t>(std::max(0, reader.GetNodeCout())),
@@ -44,7 +44,7 @@ SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request
     }
     for (const auto& [name, number] : others)
         leaveOut(mesh, codeOf(name), number, name);
-    mesh.remarks.push_back({"oids-unknown", 0,
+    mesh.remarks.push_back({"oids-unknown", 1,
                             "the library does not return the OIDs of a Patran file: nodes and "
                             "elements are numbered from 1"});
     return mesh;

@@ -192,39 +192,6 @@ TEST(Convert, SaysWhichCoordinatesAreWiderThanTheirFields) {
                           "other programs may round\n"));
 }
 
-TEST(Convert, ReportsAsJson) {
-    const TempFolder folder;
-    const std::string deck = folder.write("in.inp", kDeck);
-    const std::string out = folder.file("out.pat");
-    const Outcome good = runHost({"convert", "--json", deck, out});
-    EXPECT_EQ(good.exitCode, 0);
-    nlohmann::json expected = {
-        {"version", 1}, {"source", deck}, {"target", out}, {"written", true}};
-    expected.update(nlohmann::json::parse(R"({"nodes": 10, "elements": 2, "sections": 1,
-        "leftOut": [
-            {"code": "pyramids", "count": 1, "text": "1 pyramid"},
-            {"code": "shell-elements", "count": 1, "text": "1 shell element"},
-            {"code": "unused-nodes", "count": 1, "text": "1 node that no written element has"},
-            {"code": "sections", "count": 1,
-             "text": "1 section: elements have no property in the file"}],
-        "notes": [
-            {"code": "nodes-renumbered", "count": 10,
-             "text": "nodes are numbered from 1: the file cannot hold their OIDs"},
-            {"code": "elements-renumbered", "count": 2,
-             "text": "elements are numbered from 1: the file cannot hold their OIDs"}]})"));
-    EXPECT_EQ(nlohmann::json::parse(good.output), expected);
-
-    const Outcome bad = runHost({"convert", "--json", folder.file("none.inp"), out});
-    EXPECT_EQ(bad.exitCode, 1);
-    EXPECT_EQ(nlohmann::json::parse(bad.output),
-              (nlohmann::json{{"version", 1},
-                              {"source", folder.file("none.inp")},
-                              {"target", out},
-                              {"written", false},
-                              {"error", "cannot be read: No such file or directory"}}));
-    EXPECT_EQ(linesOf(bad.errors).size(), 1u);
-}
-
 TEST(Convert, IsQuietOnDemand) {
     const TempFolder folder;
     const std::string out = folder.file("out.nas");
