@@ -1,7 +1,9 @@
-/// Which logs are newer than before.
+/// Which logs are as new as the import.
 #include "abaqus/debug_logs.h"
 
+#include <chrono>
 #include <system_error>
+#include <vector>
 
 #include "clean_name.h"
 #include "counted.h"
@@ -28,31 +30,24 @@ std::string sizeText(std::uintmax_t bytes) {
 
 }  // namespace
 
-DebugLogs::Time DebugLogs::timeOf(const std::string& path) {
-    std::error_code error;
-    const auto time = std::filesystem::last_write_time(standardPath(path), error);
-    return error ? Time() : Time(time);
-}
-
 DebugLogs::DebugLogs(const std::string& path) {
     const std::string folder = debugFolderOf(path);
-    logs_[0].path = folder + "/InputAbaqus.log";
-    logs_[1].path = folder + "/SortData.log";
-    for (Log& log : logs_)
-        log.before = timeOf(log.path);
+    paths_ = {folder + "/InputAbaqus.log", folder + "/SortData.log"};
 }
 
 void DebugLogs::addTo(FileReport& report) const {
+    constexpr std::chrono::seconds kCoarseness{2};  // of the times of some file systems
     std::string words;
     std::vector<std::string> paths;
-    for (const Log& log : logs_) {
-        const Time after = timeOf(log.path);
-        if (!after || after == log.before)
-            continue;
+    for (const std::string& path : paths_) {
         std::error_code error;
-        words += (words.empty() ? "" : ", ") + cleanName(log.path) + " (" +
-                 sizeText(std::filesystem::file_size(standardPath(log.path), error)) + ")";
-        paths.push_back(log.path);
+        const std::filesystem::path log = standardPath(path);
+        const auto time = std::filesystem::last_write_time(log, error);
+        if (error || time + kCoarseness < start_)
+            continue;
+        words += (words.empty() ? "" : ", ") + cleanName(path) + " (" +
+                 sizeText(std::filesystem::file_size(log, error)) + ")";
+        paths.push_back(path);
     }
     if (!paths.empty())
         report.findings.push_back({Finding::Level::kNote, "debug-logs", paths.size(),

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "file_report.h"
@@ -19,16 +18,8 @@ class DebugLogs {
     void addTo(FileReport& report) const;
 
   private:
-    using Time = std::optional<std::filesystem::file_time_type>;
-
-    struct Log {
-        std::string path;
-        Time before;  ///< when it was last written to
-    };
-
-    static Time timeOf(const std::string& path);
-
-    std::array<Log, 2> logs_;
+    std::array<std::string, 2> paths_;
+    std::filesystem::file_time_type start_ = std::filesystem::file_time_type::clock::now();
 };
 
 }  // namespace kvocaeio::host

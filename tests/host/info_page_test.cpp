@@ -90,13 +90,15 @@ TEST(InfoPage, SaysThatLogsWereWrittenIntoAFolderDebug) {
 
 TEST(InfoPage, OpensFilesOfAnyName) {
     const TempFolder folder;
-    const std::string parts = folder.file("\u96f6\u4ef6");
-    std::filesystem::create_directory(fromUtf8(parts));
+    const auto toUtf8 = [](const std::filesystem::path& path) {
+        const std::u8string text = path.u8string();
+        return std::string(text.begin(), text.end());
+    };
+    const std::filesystem::path parts = folder.path() / fromUtf8("\u96f6\u4ef6");
+    std::filesystem::create_directory(parts);
     const auto copy = [&](const std::string& sample, const std::string& name) {
-        const std::u8string place = (fromUtf8(parts) / fromUtf8(name)).u8string();
-        const std::string path(place.begin(), place.end());
-        std::filesystem::copy_file(sampleDeck(sample), fromUtf8(path));
-        return path;
+        std::filesystem::copy_file(sampleDeck(sample), parts / fromUtf8(name));
+        return toUtf8(parts / fromUtf8(name));
     };
     const std::vector<std::string> files = {
         copy("hinge.inp", "\u5916\u58f3.inp"), copy("bracket.bdf", "\u0412\u0430\u043b.bdf"),
@@ -106,10 +108,10 @@ TEST(InfoPage, OpensFilesOfAnyName) {
         EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
         EXPECT_EQ(linesOf(outcome.output)[0], file);
     }
-    const json document = json::parse(runHost({"info", "--json", parts}).output);
+    const json document = json::parse(runHost({"info", "--json", toUtf8(parts)}).output);
     EXPECT_EQ(document.at("files").size(), 4u);
     EXPECT_EQ(document.at("files")[3].at("file"), files[3]);
-    const std::string target = parts + "/\u65b0.nas";
+    const std::string target = toUtf8(parts / fromUtf8("\u65b0.nas"));
     EXPECT_EQ(runHost({"convert", files[0], target}).errors, "");
     EXPECT_TRUE(std::filesystem::exists(fromUtf8(target)));
 }
