@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -124,7 +125,12 @@ int run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : kWrongCommandLine;
+        // The message repeats words of the command line.
+        std::stringstream messages;
+        const int code = app.exit(error, std::cout, messages);
+        for (std::string line; std::getline(messages, line);)
+            std::cerr << kvocaeio::host::cleanName(line) << '\n';
+        return code == 0 ? 0 : kWrongCommandLine;
     }
     if (convert->parsed())
         return kvocaeio::host::runConvert(convertOptions) ? 0 : kFailed;

@@ -128,6 +128,7 @@ TEST(InfoPage, NamesOfFilesDoNotSteerTheTerminal) {
     EXPECT_THAT(linesOf(good.output)[0], EndsWith("/a?[2J?b?c.inp"));
     const Outcome bad = runHost({"info", folder.file("gone\x1b[2J\x9b")});
     EXPECT_THAT(bad.errors, EndsWith("/gone?[2J?: cannot be read: No such file or directory\n"));
+    EXPECT_THAT(runHost({"info", "--js\x1b[2J"}).errors, HasSubstr("--js?[2J"));
     EXPECT_EQ(runHost({"in\x1b[2Jfo"}).errors.substr(0, 42),
               "kvocaeio: unknown command 'in?[2Jfo'; the ");
 }
