@@ -28,14 +28,12 @@ const char* readInteger(const char* at, const char* end, int& value) {
 
 }  // namespace
 
-// Notes the field after `field` commas, which is the last one where there are fewer.
+// Notes the field after `field` commas, or after the last one where there are fewer.
 void DeckStore::noteUnread(std::string_view line, std::size_t field) {
     if (!lines_.areNoted())
         return;
-    for (auto comma = line.find(','); field > 0 && comma != line.npos; comma = line.find(',')) {
-        line.remove_prefix(comma + 1);
-        --field;
-    }
+    for (; field > 0; --field)
+        line.remove_prefix(line.find(',') + 1);  // 0 where there is no further comma
     std::string_view unread;
     text::Tokens(line.substr(0, line.find(','))).next(kKeywordField, unread);
     lines_.noteField(Finding::kFieldUnread, text::trimBlanks(unread));

@@ -109,7 +109,8 @@ bool readDeck(AbaqusModel& model, const char* path, const DebugFolder& folder,
     sizeTables(model, counts);
 
     std::printf(kPassHeader, 2);
-    std::rewind(deck.get());
+    if (!text::rewindFile(deck.get()))
+        return false;
     DeckLines lines(deck.get(), listener);
     DeckStore store(model, lines);
     scanDeck(lines, store);

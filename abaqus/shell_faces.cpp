@@ -2,7 +2,6 @@
 #include "abaqus/shell_faces.h"
 
 #include <algorithm>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <numeric>
@@ -59,7 +58,9 @@ int faceOfSurfaceLabel(std::string_view label) {
 struct SetFace {
     int set;
     int face;
-    auto operator<=>(const SetFace&) const = default;
+    bool operator<(const SetFace& other) const {
+        return std::pair(set, face) < std::pair(other.set, other.face);
+    }
 };
 
 /// The faces of a set of elements. A deck may name them in very many lines; they are looked up for

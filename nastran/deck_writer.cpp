@@ -8,6 +8,8 @@
 #include <exception>
 #include <string_view>
 
+#include "text/platform.h"
+
 namespace kvocaeio::nastran {
 
 namespace {
@@ -65,9 +67,9 @@ constexpr int kGridWidth = 8;    // on `GRID` cards the comma is a ninth
 void writeHeader(text::Writer& deck, std::string_view meshUnit) {
     const UnitRow units = unitsOf(meshUnit);
     std::array<char, 50> date{};
-    const std::time_t now = std::time(nullptr);
-    if (const std::tm* local = std::localtime(&now))
-        std::strftime(date.data(), date.size(), "%m/%d/%y  %H:%M:%S", local);
+    std::tm local{};
+    if (text::toLocalTime(std::time(nullptr), local))
+        std::strftime(date.data(), date.size(), "%m/%d/%y  %H:%M:%S", &local);
     deck.text(kRule).text("$ Date: ").text(date.data()).text("\n$ Vorlan9Q to NE-Nastran\n");
     deck.text(kRule).text("$ Mesh unit           = ").text(meshUnit);
     deck.text("\n$ Elastic module unit = ").text(units.elasticModule);

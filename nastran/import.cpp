@@ -84,7 +84,8 @@ bool importDeck(const char* path, NastranFileInfo& info, const text::Listener& l
             info.extent = extent;
             if (std::min({extent.maxNodeId, extent.maxElemId, extent.maxPropId}) < 1)
                 return false;
-            std::rewind(deck.get());
+            if (!text::rewindFile(deck.get()))
+                return false;
             DeckTables tables = readCards(deck.get(), extent, fastWay, listener);
             if (!listener.hasStopped()) {
                 info.decks.push_back(std::move(tables));

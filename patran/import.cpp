@@ -121,10 +121,12 @@ bool importLists(std::FILE* file, const text::Listener& listener, ListMesh& mesh
     try {
         const long start = std::ftell(file);
         IdMap nodeIds(findMaxNodeId(file, listener.withoutFindings()));
-        std::fseek(file, start, SEEK_SET);
-        PacketLines lines(file, listener);
-        readPackets(lines, nodeIds, mesh);
-        if (!listener.hasStopped()) {
+        const bool goesOn = start >= 0 && std::fseek(file, start, SEEK_SET) == 0;
+        if (goesOn) {
+            PacketLines lines(file, listener);
+            readPackets(lines, nodeIds, mesh);
+        }
+        if (goesOn && !listener.hasStopped()) {
             for (std::array<int, 4>& corners : mesh.elements)
                 for (int& corner : corners)
                     corner = nodeIds.at(corner);
@@ -145,7 +147,8 @@ bool importFlat(const char* path, const text::Listener& listener, IdMap& nodeIds
     }
     try {
         nodeIds = IdMap(findNodeDimension(file.get(), listener.withoutFindings()));
-        std::rewind(file.get());
+        if (!text::rewindFile(file.get()))
+            return false;
         PacketLines lines(file.get(), listener);
         reportEndOfFile(readPackets(lines, nodeIds, mesh), listener);
         return !listener.hasStopped();

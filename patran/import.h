@@ -9,13 +9,14 @@
 
 namespace kvocaeio::patran {
 
-/// Appends an open file to the lists, from where it stands. False where memory cannot be allocated
-/// or the host stops the import: the lists are empty then, and the counts those read last.
+/// Appends an open file to the lists, from where it stands. False where memory cannot be allocated,
+/// the file cannot be gone through twice, or the host stops the import: the lists are empty then,
+/// and the counts those read last.
 bool importLists(std::FILE* file, const text::Listener& listener, ListMesh& mesh) noexcept;
 
-/// Reads a file into new arrays, its node ids into a new map. False where it cannot be opened,
-/// memory cannot be allocated, or the host stops the import: both must not be used then. Prints a
-/// message where there is no file, and where either pass finds no packet 99.
+/// Reads a file into new arrays, its node ids into a new map. False where it cannot be opened
+/// or gone through twice, memory cannot be allocated, or the host stops the import: both must not
+/// be used then. Prints a message where there is no file, and where either pass finds no packet 99.
 bool importFlat(const char* path, const text::Listener& listener, IdMap& nodeIds,
                 FlatMesh& mesh) noexcept;
 

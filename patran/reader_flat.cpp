@@ -1,6 +1,5 @@
 /// The exported reader of flat arrays: its life, the import and the queries.
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdlib>
 

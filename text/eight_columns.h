@@ -15,18 +15,6 @@ constexpr std::uint64_t inEachByte(std::uint64_t value) {
     return value * 0x0101'0101'0101'0101;
 }
 
-/// Whether each byte is the value of a decimal digit.
-constexpr bool areDigits(std::uint64_t bytes) {
-    return (((bytes + inEachByte(6)) | bytes) & inEachByte(0xF0)) == 0;
-}
-
-/// The number of eight digits; the first one is in the lowest byte.
-constexpr int numberOf(std::uint64_t digits) {
-    digits = (digits * 10 + (digits >> 8)) & 0x00FF'00FF'00FF'00FF;
-    digits = (digits * 100 + (digits >> 16)) & 0x0000'FFFF'0000'FFFF;
-    return static_cast<int>((digits * 10'000 + (digits >> 32)) & 0xFFFF'FFFF);
-}
-
 /// Reads eight characters that are blanks and then digits, at least one. False, `value` untouched,
 /// for any others.
 inline bool readEightColumns(const char* columns, int& value) {
@@ -38,10 +26,13 @@ inline bool readEightColumns(const char* columns, int& value) {
     const std::uint64_t blankBits = digits & inEachByte(0x10);
     const std::uint64_t blanks = (blankBits >> 4) * 0xFF;
     digits ^= blankBits;
+    const bool digitsOnly = ((digits + inEachByte(6)) & inEachByte(0xF0)) == 0;
     const bool blanksInFront = (blanks & (blanks + 1)) == 0 && ~blanks != 0;
-    if (!areDigits(digits) || !blanksInFront || (digits & blanks) != 0)
+    if (!digitsOnly || !blanksInFront || (digits & blanks) != 0)
         return false;
-    value = numberOf(digits);
+    digits = (digits * 10 + (digits >> 8)) & 0x00FF'00FF'00FF'00FF;
+    digits = (digits * 100 + (digits >> 16)) & 0x0000'FFFF'0000'FFFF;
+    value = static_cast<int>((digits * 10'000 + (digits >> 32)) & 0xFFFF'FFFF);
     return true;
 }
 

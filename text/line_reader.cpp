@@ -3,6 +3,8 @@
 
 #include <cassert>
 
+#include "text/file.h"
+
 namespace kvocaeio::text {
 
 namespace {
@@ -19,21 +21,14 @@ LineReader::LineReader(std::FILE* file, std::size_t bound, LineMode mode, Watch*
       mode_(mode),
       // The line taken last and one that is still incomplete stand before the bytes of a block; one
       // more place keeps a held CR.
-      buffer_(2 * maxLength_ + kBlockSize + 1),
-      line_(buffer_.data()),
+      buffer_(std::make_unique_for_overwrite<char[]>(2 * maxLength_ + kBlockSize + 1)),
+      line_(buffer_.get()),
       length_(0),
       position_(line_),
       end_(line_),
       watch_(watch),
       counted_(line_) {
     assert(bound > 1);
-}
-
-void LineReader::rewind() {
-    std::rewind(file_);
-    line_ = position_ = end_ = counted_ = buffer_.data();
-    length_ = bytesRead_ = lineFeeds_ = charactersBefore_ = 0;
-    heldCr_ = holdsNul_ = atEnd_ = metEnd_ = false;
 }
 
 // Passes over all lines before the one that `place` stands in; over all complete ones where it is
@@ -79,7 +74,7 @@ bool LineReader::nextAcrossBlocks() {
 bool LineReader::fill() {
     if (countsLines_)
         countTo(line_);
-    char* const start = buffer_.data();
+    char* const start = buffer_.get();
     counted_ = start;
     const auto kept = static_cast<std::size_t>(end_ - line_);
     const auto taken = static_cast<std::size_t>(position_ - line_);
@@ -92,6 +87,7 @@ bool LineReader::fill() {
     char* const fresh = first + (heldCr_ ? 1 : 0);
     const std::size_t count = goesOn() ? std::fread(fresh, 1, kBlockSize, file_) : 0;
     bytesRead_ += count;
+    hasFailed_ = hasFailed_ || std::ferror(file_) != 0;
     char* last = fresh + count;
     if (mode_ == LineMode::kText)
         last = translateText(first, last);

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string_view>
-#include <vector>
 
 #include "text/findings.h"
 
@@ -96,8 +96,8 @@ class LineReader {
     /// The line taken last will be taken again by the next call of `next()`.
     void giveBack() { position_ = line_; }
 
-    /// Starts again at the beginning of the file. `line()` is empty until the next `next()`.
-    void rewind();
+    /// Whether reading has failed. The lines end there as they do at the end of the file.
+    bool hasFailed() const { return hasFailed_; }
 
   private:
     void deliver(const char* lineEnd) {
@@ -118,14 +118,15 @@ class LineReader {
     std::FILE* file_;
     std::size_t maxLength_;
     LineMode mode_;
-    std::vector<char> buffer_;
+    std::unique_ptr<char[]> buffer_;
     const char* line_;      // the line taken last
     std::size_t length_;    // of that line, up to its first NUL
     const char* position_;  // behind that line
     const char* end_;       // behind the last byte read
     bool heldCr_ = false;   // text mode: a CR at `end_`, whose meaning the next byte decides
     bool holdsNul_ = false;
-    bool atEnd_ = false;   // nothing more will come of the file
+    bool atEnd_ = false;  // nothing more will come of the file
+    bool hasFailed_ = false;
     bool metEnd_ = false;  // a line has been asked for that would need more
     Watch* watch_;
     std::size_t bytesRead_ = 0;

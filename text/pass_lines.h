@@ -33,6 +33,7 @@ class PassLines {
     }
     std::string_view line() const { return reader_.line(); }
     bool metEnd() const { return reader_.metEnd(); }
+    bool hasFailed() const { return reader_.hasFailed(); }
     void giveBack() { reader_.giveBack(); }
     void setBound(std::size_t bound) { reader_.setBound(bound); }
 

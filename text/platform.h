@@ -1,7 +1,8 @@
 /// What the library asks of the system beyond the standard library; one source file per platform.
-/// (The wide `openFile` and `deleteFile` of file.h are in those files, too.)
+/// (`openFile` and `deleteFile` of file.h are in those files, too.)
 #pragma once
 
+#include <ctime>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,10 @@ std::size_t driveLength(std::string_view path) noexcept;
 
 /// Whether `path` exists and may be read and written.
 bool isReadableAndWritable(const char* path) noexcept;
+
+/// Converts a time to the local one. False where the system cannot. Unlike `std::localtime` it
+/// leaves a result that the host has alone, and threads may call it side by side.
+bool toLocalTime(std::time_t time, std::tm& local) noexcept;
 
 /// Starts a program, hidden where programs have windows, and waits for its end without a time
 /// limit. It has the caller's environment, working directory and descriptors (handles that may be

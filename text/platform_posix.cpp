@@ -2,9 +2,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <exception>
+#include <fcntl.h>
 #include <spawn.h>
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -47,6 +49,29 @@ bool toUtf8(std::wstring_view wide, std::string& narrow) {
         wide, [&](wchar_t code) { return appendUtf8(narrow, static_cast<char32_t>(code)); });
 }
 
+constexpr int kFirstOwnDescriptor = STDERR_FILENO + 1;
+
+// A pipe that nobody writes to is refused at once, and not waited for.
+int openRegular(const char* path, int access) {
+    const int descriptor = open(path, access | O_NONBLOCK | O_NOCTTY);
+    struct stat status {};
+    if (descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
+        fcntl(descriptor, F_SETFL, access);
+        return descriptor;
+    }
+    if (descriptor >= 0)
+        close(descriptor);
+    return -1;
+}
+
+// Takes over a descriptor.
+File fileOf(int descriptor, const char* mode) {
+    File file(descriptor < 0 ? nullptr : fdopen(descriptor, mode));
+    if (file == nullptr && descriptor >= 0)
+        close(descriptor);
+    return file;
+}
+
 }  // namespace
 
 const char kPathSeparator = '/';
@@ -58,6 +83,21 @@ std::size_t driveLength(std::string_view) noexcept {
 
 bool isReadableAndWritable(const char* path) noexcept {
     return access(path, R_OK | W_OK) == 0;
+}
+
+File openFile(const char* path, const char* mode) noexcept {
+    if (path == nullptr)
+        return nullptr;
+    const std::string_view letters = mode;
+    File file =
+        letters.front() == 'r'
+            ? fileOf(openRegular(path,
+                                 letters.find('+') != std::string_view::npos ? O_RDWR : O_RDONLY),
+                     mode)
+            : File(std::fopen(path, mode));
+    if (file != nullptr && fileno(file.get()) < kFirstOwnDescriptor)
+        file = fileOf(fcntl(fileno(file.get()), F_DUPFD, kFirstOwnDescriptor), mode);
+    return file;
 }
 
 File openFile(const wchar_t* path, const char* mode) noexcept {
@@ -82,6 +122,15 @@ void deleteFile(const wchar_t* path) noexcept {
             deleteFile(narrow.c_str());
     } catch (const std::exception&) {  // what cannot be deleted stays
     }
+}
+
+bool rewindFile(std::FILE* file) noexcept {
+    return std::fseek(file, 0, SEEK_SET) == 0;
+}
+
+bool toLocalTime(std::time_t time, std::tm& local) noexcept {
+    tzset();  // `localtime_r` need not look whether the host has changed its zone
+    return localtime_r(&time, &local) != nullptr;
 }
 
 void runProgram(const std::string& commandLine) {

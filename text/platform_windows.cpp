@@ -22,6 +22,36 @@ StartupInfo hidden() {
     return startup;
 }
 
+constexpr int kFirstOwnDescriptor = 3;
+
+// Duplicates a descriptor of the standard streams until it is none of them.
+int aboveStandard(int descriptor) {
+    const int copy = _dup(descriptor);
+    if (copy < 0 || copy >= kFirstOwnDescriptor)
+        return copy;
+    const int higher = aboveStandard(copy);
+    _close(copy);
+    return higher;
+}
+
+// What `openFile` makes of a stream just opened.
+File checked(std::FILE* stream, const char* mode) {
+    File file(stream);
+    if (file == nullptr)
+        return file;
+    const int descriptor = _fileno(stream);
+    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
+    if (*mode == 'r' && GetFileType(handle) != FILE_TYPE_DISK)
+        return nullptr;
+    if (descriptor < kFirstOwnDescriptor) {
+        const int higher = aboveStandard(descriptor);
+        file.reset(higher < 0 ? nullptr : _fdopen(higher, mode));
+        if (file == nullptr && higher >= 0)
+            _close(higher);
+    }
+    return file;
+}
+
 void waitForEnd(const PROCESS_INFORMATION& process) {
     WaitForSingleObject(process.hProcess, INFINITE);
     CloseHandle(process.hThread);
@@ -41,12 +71,16 @@ bool isReadableAndWritable(const char* path) noexcept {
     return _access(path, 6) == 0;
 }
 
+File openFile(const char* path, const char* mode) noexcept {
+    return path == nullptr ? nullptr : checked(std::fopen(path, mode), mode);
+}
+
 File openFile(const wchar_t* path, const char* mode) noexcept {
     if (path == nullptr)
         return nullptr;
     try {
         const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
-        return File(_wfopen(path, wideMode.c_str()));
+        return checked(_wfopen(path, wideMode.c_str()), mode);
     } catch (const std::exception&) {
         return nullptr;
     }
@@ -58,6 +92,14 @@ void deleteFile(const char* path) noexcept {
 
 void deleteFile(const wchar_t* path) noexcept {
     DeleteFileW(path);
+}
+
+bool rewindFile(std::FILE* file) noexcept {
+    return _fseeki64(file, 0, SEEK_SET) == 0;
+}
+
+bool toLocalTime(std::time_t time, std::tm& local) noexcept {
+    return localtime_s(&local, &time) == 0;
 }
 
 void runProgram(const std::string& commandLine) {

@@ -100,7 +100,8 @@ class KVOCAEIO_API KVONASTRAN_Reader {
 /// Ownership: copies share one deck. If no `EndWriting` was called, the deck is closed without a
 /// footer when the last of them is destroyed. The writer keeps no pointer that it is given.
 ///
-/// Threads: a writer and its copies serve one thread at a time; different writers share nothing.
+/// Threads: a writer and its copies serve one thread at a time; different writers share nothing,
+/// nor do they touch what `std::localtime` has returned to the host.
 /// Only the constructor throws: `std::bad_alloc`, when memory runs out. Nothing is printed.
 class KVOCAEIO_API KVONASTRAN_Writer {
   public:

@@ -200,7 +200,7 @@ TEST(HostileFolder, TheDiskUnderTheLogIsFull) {
 TEST(HostileFolder, TheDeckIsADevice) {
     CKVOAbaqusReader reader;
     CapturedOutput output;
-    EXPECT_TRUE(reader.ImportInpFile("/dev/null"));
+    EXPECT_FALSE(reader.ImportInpFile("/dev/null"));
     EXPECT_EQ(reader.GetNodeNum(), 0);
 }
 #endif

@@ -15,17 +15,17 @@
 namespace kvocaeio::test {
 
 /// One section as a walk hands it out.
-struct Section {
+struct SortedSection {
     std::string elset;
     int geometryType;
     int nodesPerElem;
     std::vector<std::vector<int>> elements;
 
-    bool operator==(const Section&) const = default;
+    bool operator==(const SortedSection&) const = default;
 };
-using Sections = std::vector<Section>;
+using Sections = std::vector<SortedSection>;
 
-inline std::ostream& operator<<(std::ostream& out, const Section& section) {
+inline std::ostream& operator<<(std::ostream& out, const SortedSection& section) {
     out << "\n\"" << section.elset << "\" geometry " << section.geometryType << " width "
         << section.nodesPerElem;
     for (const std::vector<int>& element : section.elements) {
@@ -47,7 +47,7 @@ inline Sections sortedWalk(CKVOAbaqusReader& reader, int (CKVOAbaqusReader::*cou
     EXPECT_EQ(begun, (reader.*count)() > 0);
     while (begun && (record.ids = &someId, (reader.*next)(&record))) {
         EXPECT_EQ(record.ids, nullptr);
-        Section section{record.elset, record.geometryType, record.nodesPerElem, {}};
+        SortedSection section{record.elset, record.geometryType, record.nodesPerElem, {}};
         CKVOAbaqusReader::ElemData element;
         EXPECT_EQ(reader.GetElemSecElemBeginR(&record, &element), record.elemNum != 0);
         if (record.elemNum != 0)
@@ -81,7 +81,7 @@ inline Sections rawSectionsOf(CKVOAbaqusReader& reader) {
     CKVOAbaqusReader::ElemSecData record;
     if (reader.GetElemSecBegin())
         while (reader.GetElemSecNext(&record)) {
-            Section section{record.elset, record.geometryType, record.nodesPerElem, {}};
+            SortedSection section{record.elset, record.geometryType, record.nodesPerElem, {}};
             int id = 0;
             int* nodes = nullptr;
             while (reader.GetElemSecElemNext(&record, &id, &nodes)) {

@@ -19,7 +19,7 @@ constexpr unsigned kModels = 24000;
 Sections plain(const std::vector<RawModel::Block>& blocks) {
     Sections sections;
     for (const RawModel::Block& block : blocks) {
-        Section section{block.elset, block.geometry, block.width, {}};
+        SortedSection section{block.elset, block.geometry, block.width, {}};
         for (const RawModel::Element& element : block.elements)
             section.elements.push_back(element.nodes);
         sections.push_back(section);

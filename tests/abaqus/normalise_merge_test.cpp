@@ -59,7 +59,7 @@ TEST(NormaliseMerge, NamesGoInOrderOfTheirBytesShorterFirst) {
     Deck deck(text);
     deck.sort();
     std::vector<std::string> order;
-    for (const Section& section : deck.shells())
+    for (const SortedSection& section : deck.shells())
         order.push_back(section.elset);
     EXPECT_EQ(order, (std::vector<std::string>{"", "A", "A B", "A-", "AB", "Z", "\xC4"}));
 }

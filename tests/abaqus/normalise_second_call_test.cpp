@@ -140,7 +140,7 @@ TEST(NormaliseSecondCall, FaceSectionsOfTheFirstCallAreDropped) {
     for (int call = 1; call <= 3; ++call) {
         deck.sort();
         std::vector<std::string> names;
-        for (const Section& section : deck.shells())
+        for (const SortedSection& section : deck.shells())
             names.push_back(section.elset);
         EXPECT_EQ(names, (std::vector<std::string>{"Z", "A", "Dload_Shell", "Surface_Shell"}));
     }

@@ -94,11 +94,11 @@ std::vector<std::string> DeckGenerator::plainCard() {
                                       "CTRIA3  ", "CSHEAR  ", "PSOLID  ", "PSHELL  ", "PBAR    ",
                                       "FORCE   ", "+       ", "CHEXA",    "$ CHEXA ", "        "};
     constexpr const char* kTails[] = {
-        "",  "",         "",         "+", "+       ", "        ", "+EL1    ", "+EL12345",
-        "*", "       +", "+000001 ", ",", "+G",       " ",        "  7",      "+      0"};
+        "",         "",         "",  "+",  "+       ", "        ", "+EL1    ", "+EL12345", "*",
+        "       +", "+000001 ", ",", "+G", " ",        "  7",      "+      0", "+12"};
     constexpr const char* kFronts[] = {"+       ", "+       ", "        ", "+EL1    ", "+,",
                                        ",",        "",         "       ",  "       ,", "*       ",
-                                       "+  ,",     "\t",       "+0000001"};
+                                       "+  ,",     "\t",       "+0000001", "34"};
     std::string line = oneOf(kNames);
     const std::size_t most = line[1] == 'H' || line[2] == 'H' ? 8 : 9;
     const bool isGrid = line[0] == 'G';

@@ -175,6 +175,7 @@ TEST(Continuation, ThatIsShortStaysAsItIs) {
     EXPECT_EQ(hexaOf(kHexa + "\n1234567\n"), (ElementRow{7, 101, 102, 103, 104, 105, 106, 0, 0}));
     EXPECT_EQ(hexaOf(kHexa + "\n1234567"),
               (ElementRow{7, 101, 102, 103, 104, 105, 106, 1234567, 0}));
+    EXPECT_EQ(hexaOf(kHexa + "+12\n34\n"), (ElementRow{7, 101, 102, 103, 104, 105, 106, 0, 1234}));
     EXPECT_EQ(hexaOf(kHexa + "\n"
                              "\n"),
               (ElementRow{7, 101, 102, 103, 104, 105, 106, 0, 0}));

@@ -1,6 +1,7 @@
 /// Decks written card by card, byte for byte.
 #include <array>
 #include <cstdio>
+#include <ctime>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
@@ -18,6 +19,14 @@ TEST(WrittenDecks, WithoutCardsHaveHeaderAndFooter) {
     EXPECT_EQ(deck.text(), kHeader);
     EXPECT_TRUE(deck.writer.EndWriting());
     EXPECT_EQ(deck.text(), kHeader + kFooter);
+}
+
+TEST(WrittenDecks, TheDateLeavesTheHostsTimeAlone) {
+    const std::time_t year2000 = 946'728'000;  // noon of January 1 in Greenwich
+    const std::tm* const hosts = std::localtime(&year2000);
+    ASSERT_NE(hosts, nullptr);
+    const WrittenDeck deck;
+    EXPECT_EQ(hosts->tm_year, 100);
 }
 
 TEST(WrittenDecks, WithCardsOfAllKinds) {

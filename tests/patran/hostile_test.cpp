@@ -10,6 +10,10 @@
 #include "support/hostile_texts.h"
 #include "support/peak_memory.h"
 
+#if defined(__linux__)
+#include <sys/stat.h>
+#endif
+
 namespace kvocaeio::test {
 namespace {
 
@@ -200,14 +204,18 @@ TEST(PatranHostile, AnotherProcessWritesItMeanwhile) {
     }
 }
 
-TEST(PatranHostile, TheFileIsADevice) {
-    CKVO_PatranIO_Bridge bridge;
-    EXPECT_TRUE(bridge.ImportFromPatFile("/dev/null"));
-    EXPECT_EQ(bridge.GetNodeCount(), 0);
-    CPatranReader flat;
-    CapturedOutput output;
-    EXPECT_TRUE(flat.ImportFromPatFile("/dev/null"));
-    EXPECT_EQ(output.text(), kMetEndTwice);
+TEST(PatranHostile, WhatIsNoRegularFileCannotBeOpened) {
+    const TempFolder folder;
+    const std::string pipe = folder.file("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {std::string("/dev/null"), folder.path().string(), pipe}) {
+        CKVO_PatranIO_Bridge bridge;
+        EXPECT_FALSE(bridge.ImportFromPatFile(path.c_str())) << path;
+        CPatranReader flat;
+        CapturedOutput output;
+        EXPECT_FALSE(flat.ImportFromPatFile(path.c_str())) << path;
+        EXPECT_EQ(output.text(), "File Not Found : " + path + "\n");
+    }
 }
 
 TEST(PatranHostile, TheDiskUnderTheWriterIsFull) {

@@ -95,9 +95,9 @@ TEST_F(PatranBridgeLifecycle, FilesThatCannotBeOpened) {
     EXPECT_EQ(output.text(), "");
 }
 
-TEST_F(PatranBridgeLifecycle, AFolderHasNoPackets) {
+TEST_F(PatranBridgeLifecycle, AFolderCannotBeOpened) {
     CKVO_PatranIO_Bridge reader;
-    reader.ImportFromPatFile(folder.path().string().c_str());
+    EXPECT_FALSE(reader.ImportFromPatFile(folder.path().string().c_str()));
     EXPECT_EQ(reader.GetNodeCount(), 0);
 }
 
@@ -402,10 +402,10 @@ TEST_F(PatranReaderLifecycle, FilesThatCannotBeOpened) {
     EXPECT_EQ(reader.GetNodeCout(), 2);
 }
 
-TEST_F(PatranReaderLifecycle, AFolderHasNoPackets) {
+TEST_F(PatranReaderLifecycle, AFolderCannotBeOpened) {
     CPatranReader reader;
     CapturedOutput output;
-    reader.ImportFromPatFile(folder.path().string().c_str());
+    EXPECT_FALSE(reader.ImportFromPatFile(folder.path().string().c_str()));
     EXPECT_EQ(reader.GetNodeCout(), 0);
 }
 

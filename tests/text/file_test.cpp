@@ -1,12 +1,22 @@
 /// Facts of opening files, and of what is asked of the system.
 #include "text/file.h"
 
+#include <ctime>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 
 #include "support/files.h"
 #include "text/platform.h"
+
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+#endif
 
 namespace kvocaeio::text {
 namespace {
@@ -60,6 +70,154 @@ TEST(OpenFile, WidePathWithoutUtf8FormGivesNull) {
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 #endif
+
+#if defined(_WIN32)
+const char* const kDevice = "NUL";
+const wchar_t* const kWideDevice = L"NUL";
+#else
+const char* const kDevice = "/dev/null";
+const wchar_t* const kWideDevice = L"/dev/null";
+#endif
+
+TEST(OpenFile, OnlyRegularFilesAreRead) {
+    const test::TempFolder folder;
+    for (const char* mode : {"r", "rb", "r+b"}) {
+        EXPECT_EQ(openFile(kDevice, mode), nullptr) << mode;
+        EXPECT_EQ(openFile(kWideDevice, mode), nullptr) << mode;
+        EXPECT_EQ(openFile(folder.path().string().c_str(), mode), nullptr) << mode;
+        EXPECT_EQ(openFile(wideFolder(folder).c_str(), mode), nullptr) << mode;
+    }
+    EXPECT_NE(openFile(kDevice, "w"), nullptr);
+    EXPECT_NE(openFile(kWideDevice, "w"), nullptr);
+}
+
+#if !defined(_WIN32)
+TEST(OpenFile, APipeIsNotWaitedFor) {
+    const test::TempFolder folder;
+    const std::string path = folder.file("pipe");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    for (const char* mode : {"r+b", "rb"})
+        EXPECT_EQ(openFile(path.c_str(), mode), nullptr) << mode;
+}
+
+TEST(OpenFile, ASocketIsNoFile) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const test::TempFolder folder;
+    folder.file("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+    const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    EXPECT_EQ(openFile(folder.file("socket").c_str(), "rb"), nullptr);
+    close(listener);
+}
+
+TEST(RewindFile, APipeHasNoBeginning) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const File reading(fdopen(ends[0], "rb"));
+    EXPECT_FALSE(rewindFile(reading.get()));
+    close(ends[1]);
+}
+#endif
+
+#if defined(_WIN32)
+int duplicate(int descriptor) {
+    return _dup(descriptor);
+}
+void redirect(int from, int to) {
+    _dup2(from, to);
+}
+void closeDescriptor(int descriptor) {
+    _close(descriptor);
+}
+int descriptorOf(const File& file) {
+    return file == nullptr ? -1 : _fileno(file.get());
+}
+#else
+int duplicate(int descriptor) {
+    return dup(descriptor);
+}
+void redirect(int from, int to) {
+    dup2(from, to);
+}
+void closeDescriptor(int descriptor) {
+    close(descriptor);
+}
+int descriptorOf(const File& file) {
+    return file == nullptr ? -1 : fileno(file.get());
+}
+#endif
+
+/// Has no standard streams, as a host may have none, until it goes away.
+class WithoutStandardStreams {
+  public:
+    WithoutStandardStreams() {
+        std::fflush(stdout);
+        for (int stream = 0; stream < 3; ++stream)
+            saved_[stream] = duplicate(stream);
+        for (int stream = 0; stream < 3; ++stream)
+            closeDescriptor(stream);
+    }
+    ~WithoutStandardStreams() {
+        for (int stream = 0; stream < 3; ++stream) {
+            redirect(saved_[stream], stream);
+            closeDescriptor(saved_[stream]);
+        }
+    }
+    WithoutStandardStreams(const WithoutStandardStreams&) = delete;
+    WithoutStandardStreams& operator=(const WithoutStandardStreams&) = delete;
+
+  private:
+    int saved_[3];
+};
+
+TEST(OpenFile, NeverTakesTheDescriptorOfAStandardStream) {
+    const test::TempFolder folder;
+    const std::string path = folder.write("deck.inp", "*NODE");
+    const std::wstring widePath = wideFolder(folder) + L"/deck.inp";
+    for (const char* mode : {"rb", "r+b", "a+", "w"}) {
+        int narrow = 0;
+        int wide = 0;
+        bool isFree = false;
+        std::string content;
+        {
+            const WithoutStandardStreams none;
+            const File first = openFile(path.c_str(), mode);
+            const File second = openFile(widePath.c_str(), mode);
+            narrow = descriptorOf(first);
+            wide = descriptorOf(second);
+            isFree = duplicate(narrow) == 0;
+            closeDescriptor(0);
+            if (first != nullptr && *mode == 'r')
+                content = contentOf(first);
+            else if (first != nullptr)
+                std::fputs("+", first.get());
+        }
+        EXPECT_GT(narrow, 2) << mode;
+        EXPECT_GT(wide, 2) << mode;
+        EXPECT_TRUE(isFree) << mode << ": a descriptor is left open";
+        EXPECT_EQ(content, *mode == 'r' ? "*NODE" : "") << mode;
+        EXPECT_EQ(test::readBytes(path), *mode == 'a'   ? "*NODE+"
+                                         : *mode == 'w' ? "+"
+                                                        : "*NODE")
+            << mode;
+    }
+}
+
+TEST(Platform, LocalTimeLeavesTheHostsResultAlone) {
+    std::time_t year2000 = 946'728'000;  // noon of January 1 in Greenwich
+    const std::tm* const hosts = std::localtime(&year2000);
+    ASSERT_NE(hosts, nullptr);
+    const std::tm before = *hosts;
+    std::tm local{};
+    ASSERT_TRUE(toLocalTime(year2000 + 400 * 86400, local));
+    EXPECT_EQ(hosts->tm_year, 100);
+    EXPECT_EQ(local.tm_year, 101);
+    ASSERT_TRUE(toLocalTime(year2000, local));
+    EXPECT_EQ(local.tm_hour, before.tm_hour);
+    EXPECT_EQ(local.tm_mday, before.tm_mday);
+    EXPECT_EQ(local.tm_isdst, before.tm_isdst);
+}
 
 TEST(Platform, ReadableAndWritable) {
     const test::TempFolder folder;

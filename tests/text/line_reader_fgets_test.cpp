@@ -78,11 +78,6 @@ TEST(LineReaderAgainstFgets, RandomFiles) {
         expectSameLines(plain.get(), reader, bound, random);
         if (HasFatalFailure())
             return;
-        std::rewind(plain.get());
-        reader.rewind();
-        expectSameLines(plain.get(), reader, bound, random);
-        if (HasFatalFailure())
-            return;
     }
 }
 

@@ -8,6 +8,13 @@
 
 #include "support/files.h"
 #include "text/file.h"
+#include "text/pass_lines.h"
+
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 
 namespace kvocaeio::text {
 namespace {
@@ -170,19 +177,6 @@ TEST_F(LineReaderTest, CrAtABlockBorderWaitsForTheNextByte) {
     }
 }
 
-TEST_F(LineReaderTest, RewindStartsAgain) {
-    LineReader& reader = open("a\r\nb\x1A\n", LineMode::kText);
-    for (int pass = 0; pass < 3; ++pass) {
-        EXPECT_EQ(reader.line(), "");
-        EXPECT_TRUE(reader.next());
-        EXPECT_EQ(reader.line(), "a\n");
-        EXPECT_TRUE(reader.next());
-        EXPECT_EQ(reader.line(), "b");
-        EXPECT_FALSE(reader.next());
-        reader.rewind();
-    }
-}
-
 TEST_F(LineReaderTest, StartsWhereTheFileStands) {
     const test::TempFolder folder;
     const File file = openFile(folder.write("file", "abc\ndef\n").c_str(), "rb");
@@ -197,6 +191,32 @@ TEST_F(LineReaderTest, FailureToReadIsTheEnd) {
     const File file = openFile(folder.file("file").c_str(), "wb");  // cannot be read
     LineReader reader(file.get(), 512, LineMode::kBinary);
     EXPECT_FALSE(reader.next());
+}
+
+TEST_F(LineReaderTest, RemembersThatReadingFailed) {
+    LineReader& sound = open("a\nb");
+    while (sound.next()) {
+    }
+    EXPECT_FALSE(sound.hasFailed());
+    // Its descriptor is replaced by one for writing, which cannot be read.
+    const test::TempFolder folder;
+    const File file = openFile(folder.write("read", "a\nb").c_str(), "rb");
+    const File written = openFile(folder.file("written").c_str(), "wb");
+#if defined(_WIN32)
+    _dup2(_fileno(written.get()), _fileno(file.get()));
+#else
+    dup2(fileno(written.get()), fileno(file.get()));
+#endif
+    LineReader failing(file.get(), 512, LineMode::kBinary);
+    EXPECT_FALSE(failing.hasFailed());
+    EXPECT_FALSE(failing.next());
+    EXPECT_TRUE(failing.metEnd());
+    EXPECT_TRUE(failing.hasFailed());
+    const Listener nobody;
+    std::clearerr(file.get());
+    PassLines lines(file.get(), 512, LineMode::kBinary, nobody, 0);
+    EXPECT_FALSE(lines.next());
+    EXPECT_TRUE(lines.hasFailed());
 }
 
 }  // namespace

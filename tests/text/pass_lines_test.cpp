@@ -99,9 +99,9 @@ TEST_F(PassLinesTest, NotesAPieceThatIsCutAndHasWhatIsSought) {
     };
     while (lines.nextWith(find)) {
     }
-    ASSERT_EQ(findings_.count(kCut), 1u);
-    EXPECT_EQ(findings_.places(kCut)[0].line, 2u);
-    EXPECT_EQ(findings_.places(kCut)[0].text(), "wxy");
+    ASSERT_EQ(countOf(LineKind::kCut), 1u);
+    EXPECT_EQ(placesOf(LineKind::kCut)[0].line, 2u);
+    EXPECT_EQ(placesOf(LineKind::kCut)[0].text(), "wxy");
 }
 
 TEST_F(PassLinesTest, CountsLinesAcrossManyBlocksAndSkippedLines) {
