@@ -23,9 +23,6 @@ function(kvocaeio_hardening target)
         target_compile_options(${target} PRIVATE
             $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
     endif()
-    if(WIN32 AND type STREQUAL STATIC_LIBRARY)  # the stack guard is a library of its own there
-        target_link_options(${target} INTERFACE -fstack-protector-strong)
-    endif()
     if(NOT links)
         if(WIN32)  # whoever links these objects needs the runtime part of the guarded stacks
             target_link_options(${target} INTERFACE -fstack-protector-strong)
