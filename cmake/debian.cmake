@@ -2,10 +2,10 @@
 
 # Their own rules of installation, with Debian's folders.
 foreach(component IN ITEMS library program)
-    set(${component} COMPONENT debian_${component} EXCLUDE_FROM_ALL)
+    set(as_${component} COMPONENT debian_${component} EXCLUDE_FROM_ALL)
 endforeach()
 foreach(component IN ITEMS headers development static documents)
-    set(${component} COMPONENT debian_development EXCLUDE_FROM_ALL)
+    set(as_${component} COMPONENT debian_development EXCLUDE_FROM_ALL)
 endforeach()
 set(libdir ${CMAKE_INSTALL_LIBDIR})
 if(CMAKE_LIBRARY_ARCHITECTURE)
@@ -20,7 +20,8 @@ kvocaeio_install_code(${libdir} debian)
 kvocaeio_install_manual(vendor-completions)
 kvocaeio_install_pages(share/doc/${packageOf_development})
 # The loader finds the library without being told where.
-install(CODE [[file(RPATH_REMOVE FILE "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/bin/kvocaeio")]] ${program})
+install(CODE [[file(RPATH_REMOVE FILE "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/bin/kvocaeio")]]
+    ${as_program})
 
 # What Debian wants in every package: terms of use, and a changelog of its own.
 set(debianFolder ${PROJECT_BINARY_DIR}/debian)
@@ -30,14 +31,15 @@ file(READ ${notices} noticeText)
 file(CONFIGURE OUTPUT ${debianFolder}/copyright
     CONTENT "@license@\nThe program holds parts of other works:\n\n@noticeText@" @ONLY)
 configure_file(cmake/changelog.in ${debianFolder}/changelog @ONLY)
-execute_process(COMMAND gzip -9nkf ${debianFolder}/changelog COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${KVOCAEIO_GZIP} -9nkf ${debianFolder}/changelog
+    COMMAND_ERROR_IS_FATAL ANY)
 foreach(component IN ITEMS library development program)
     install(FILES ${debianFolder}/copyright ${debianFolder}/changelog.gz
-        DESTINATION share/doc/${packageOf_${component}} ${${component}})
+        DESTINATION share/doc/${packageOf_${component}} ${as_${component}})
 endforeach()
 
-# Which package holds the library of a name, and that the loader's cache is renewed: CPack would write
-# scripts for the latter, which need a shell in the place of installation.
+# Which package holds the library of a name, and that the loader's cache is renewed: CPack would
+# write scripts for the latter, which need a shell in the place of installation.
 file(CONFIGURE OUTPUT ${debianFolder}/shlibs
     CONTENT "libKVOCAEIO ${soversion} ${packageOf_library} (>= ${PROJECT_VERSION})\n")
 file(CONFIGURE OUTPUT ${debianFolder}/triggers CONTENT "activate-noawait ldconfig\n")
@@ -55,7 +57,8 @@ plain records. It writes meshes the same way.")
 
 set(CPACK_DEBIAN_DEBIAN_LIBRARY_PACKAGE_NAME ${packageOf_library})
 set(CPACK_DEBIAN_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${debianFolder}/shlibs ${debianFolder}/triggers)
+set(CPACK_DEBIAN_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
+    ${debianFolder}/shlibs ${debianFolder}/triggers)
 set(CPACK_DEBIAN_DEBIAN_LIBRARY_DESCRIPTION "library for files of simulation tools
 ${description}")
 
@@ -73,6 +76,7 @@ set(CPACK_DEBIAN_DEBIAN_PROGRAM_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_DEBIAN_PROGRAM_PACKAGE_DEPENDS ${sameVersion})
 set(CPACK_DEBIAN_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
-set(CPACK_DEBIAN_DEBIAN_PROGRAM_DESCRIPTION "command-line host of a library for files of simulation tools
+set(CPACK_DEBIAN_DEBIAN_PROGRAM_DESCRIPTION
+"command-line host of a library for files of simulation tools
 It says what Abaqus input decks, Nastran bulk data, Patran neutral files and
 chip packages hold, and converts meshes of solids.")

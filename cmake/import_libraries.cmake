@@ -1,6 +1,6 @@
-# Beside the import library of GNU's linker, which MSVC's does not take in all versions: the list of
-# the DLL's exports, and from it an import library in Microsoft's own form. From either, a host built
-# by MSVC can link the functions of the C interface.
+# Beside the import library of GNU's form, which Microsoft's linker does not take in all versions:
+# the list of the DLL's exports, and made from it an import library in Microsoft's own form. By
+# either, a host built with MSVC can link the functions of the C interface.
 if(MSVC)
     return()  # its linker makes the import library itself
 endif()
@@ -12,7 +12,8 @@ find_program(KVOCAEIO_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14)
 if(KVOCAEIO_DLLTOOL)
     set(importLibrary ${PROJECT_BINARY_DIR}/KVOCAEIO.lib)
     add_custom_command(TARGET KVOCAEIO POST_BUILD
-        COMMAND ${KVOCAEIO_DLLTOOL} -m i386:x86-64 -D KVOCAEIO.dll -d ${definitions} -l ${importLibrary}
+        COMMAND ${KVOCAEIO_DLLTOOL} -m i386:x86-64 -D KVOCAEIO.dll -d ${definitions}
+            -l ${importLibrary}
         BYPRODUCTS ${definitions} ${importLibrary} VERBATIM)
     list(APPEND KVOCAEIO_IMPORT_FILES ${importLibrary})
 else()

@@ -12,11 +12,10 @@ if(TARGET kvocaeio)
     endif()
 endif()
 
-# What belongs to which component. The rules of Debian's packages put the libraries into another folder;
-# they are further components, which an ordinary installation passes over.
-
+# What belongs to which component. The rules of Debian's packages put the libraries into another
+# folder; they are further components, which an ordinary installation passes over.
 foreach(component IN ITEMS library headers development static program documents)
-    set(${component} COMPONENT ${component})
+    set(as_${component} COMPONENT ${component})
 endforeach()
 
 # Installs libraries into the folder `libdir`, what hosts compile and link with, and the program.
@@ -24,30 +23,31 @@ endforeach()
 function(kvocaeio_install_code libdir exported)
     set(packageFolder ${libdir}/cmake/KVOCAEIO)
     install(TARGETS KVOCAEIO EXPORT ${exported}Shared
-        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} ${library}
-        LIBRARY DESTINATION ${libdir} ${library} NAMELINK_SKIP
-        ARCHIVE DESTINATION ${libdir} ${development})
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} ${as_library}
+        LIBRARY DESTINATION ${libdir} ${as_library} NAMELINK_SKIP
+        ARCHIVE DESTINATION ${libdir} ${as_development})
     install(TARGETS KVOCAEIO
-        LIBRARY DESTINATION ${libdir} ${development} NAMELINK_ONLY)
+        LIBRARY DESTINATION ${libdir} ${as_development} NAMELINK_ONLY)
     install(EXPORT ${exported}Shared NAMESPACE KVOCAEIO:: FILE KVOCAEIOShared.cmake
-        DESTINATION ${packageFolder} ${development})
+        DESTINATION ${packageFolder} ${as_development})
     if(TARGET kvocaeio_static)
         install(TARGETS kvocaeio_static EXPORT ${exported}Static
-            ARCHIVE DESTINATION ${libdir} ${static})
+            ARCHIVE DESTINATION ${libdir} ${as_static})
         install(EXPORT ${exported}Static NAMESPACE KVOCAEIO:: FILE KVOCAEIOStatic.cmake
-            DESTINATION ${packageFolder} ${static})
+            DESTINATION ${packageFolder} ${as_static})
     endif()
-    install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${headers})
-    install(FILES cmake/KVOCAEIOConfig.cmake ${versionFile} DESTINATION ${packageFolder} ${headers})
-    install(FILES ${KVOCAEIO_IMPORT_FILES} DESTINATION ${libdir} ${development})
+    install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${as_headers})
+    install(FILES cmake/KVOCAEIOConfig.cmake ${versionFile}
+        DESTINATION ${packageFolder} ${as_headers})
+    install(FILES ${KVOCAEIO_IMPORT_FILES} DESTINATION ${libdir} ${as_development})
 
     file(RELATIVE_PATH prefixFromPcFile /${libdir}/pkgconfig /)
     string(REGEX REPLACE "/$" "" prefixFromPcFile ${prefixFromPcFile})
     set(pcFile ${PROJECT_BINARY_DIR}/${exported}/kvocaeio.pc)
     configure_file(cmake/kvocaeio.pc.in ${pcFile} @ONLY)
-    install(FILES ${pcFile} DESTINATION ${libdir}/pkgconfig ${development})
+    install(FILES ${pcFile} DESTINATION ${libdir}/pkgconfig ${as_development})
     if(TARGET kvocaeio)
-        install(TARGETS kvocaeio RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} ${program})
+        install(TARGETS kvocaeio RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} ${as_program})
     endif()
 endfunction()
 
@@ -56,18 +56,23 @@ function(kvocaeio_install_manual zshFolder)
     if(NOT TARGET kvocaeio_manual)
         return()
     endif()
-    install(DIRECTORY ${manualFolder}/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 ${program}
+    install(DIRECTORY ${manualFolder}/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 ${as_program}
         FILES_MATCHING PATTERN *.1.gz)
     set(share ${CMAKE_INSTALL_DATADIR})
-    install(FILES ${manualFolder}/kvocaeio DESTINATION ${share}/bash-completion/completions ${program})
-    install(FILES ${manualFolder}/_kvocaeio DESTINATION ${share}/zsh/${zshFolder} ${program})
-    install(FILES ${manualFolder}/kvocaeio.fish DESTINATION ${share}/fish/vendor_completions.d ${program})
+    install(FILES ${manualFolder}/kvocaeio
+        DESTINATION ${share}/bash-completion/completions ${as_program})
+    install(FILES ${manualFolder}/_kvocaeio
+        DESTINATION ${share}/zsh/${zshFolder} ${as_program})
+    install(FILES ${manualFolder}/kvocaeio.fish
+        DESTINATION ${share}/fish/vendor_completions.d ${as_program})
 endfunction()
 
 # The pages, and the examples with their data, so that no link in a page leads nowhere.
 function(kvocaeio_install_pages folder)
-    install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${folder} ${documents})
-    install(DIRECTORY docs examples DESTINATION ${folder} ${documents})
+    install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE
+        DESTINATION ${folder} ${as_documents})
+    install(DIRECTORY docs examples DESTINATION ${folder} ${as_documents}
+        PATTERN __pycache__ EXCLUDE)
 endfunction()
 
 # The terms of what is compiled into the files that are handed out, in one file.
@@ -91,5 +96,5 @@ kvocaeio_install_code(${CMAKE_INSTALL_LIBDIR} installed)
 kvocaeio_install_manual(site-functions)
 kvocaeio_install_pages(${CMAKE_INSTALL_DOCDIR})
 if(noticeParts)
-    install(FILES ${notices} DESTINATION ${CMAKE_INSTALL_DOCDIR} ${program})
+    install(FILES ${notices} DESTINATION ${CMAKE_INSTALL_DOCDIR} ${as_documents})
 endif()

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes all that is handed out, in build/packages: Debian packages and an archive for Linux, the archive
-# for Windows, the source archive, and a file of SHA-256 checksums for each.
+# Makes all that is handed out, in build/packages: Debian packages and an archive for Linux, the
+# archive for Windows, the source archive, and beside each its SHA-256 checksum.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

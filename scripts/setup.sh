@@ -4,8 +4,8 @@
 # usage: scripts/setup.sh [build | package | test | fuzz | bench]...
 #   build    what the Linux build needs
 #   package  and what scripts/package.sh needs: mingw-w64, tools of LLVM and of Debian's developers
-#   test     and what scripts/test.sh needs: clang, Wine, Python, a locale with a decimal comma, what
-#            checks packages, manual pages and completion
+#   test     and what scripts/test.sh needs: clang, Wine, Python, a locale with a decimal comma,
+#            what checks packages, manual pages and completion
 #   fuzz     clang with libFuzzer
 #   bench    Google Benchmark
 # Without a word: all of them.

@@ -1,8 +1,10 @@
-# Packs the build folder BUILD into PACKAGES and compares the archive with what a user is promised: its
-# files, their checksum, what its programs carry. The documentation's pages and the samples are their
-# writers' affair; the rest is listed here file by file. The archive is left unpacked in PACKAGES.
+# Packs the build folder BUILD into PACKAGES and compares the archive with what a user is promised:
+# its files, its checksum, the notices, how the binaries were built. The documentation's pages and the
+# samples are their writers' affair; the rest is listed here file by file. The archive is left
+# unpacked in PACKAGES.
 #
-# CPACK, NM, OBJDUMP: the programs. CONFIG: how it was built. SYSTEM: for what. LIB: the libraries' folder.
+# CPACK, NM, OBJDUMP: the programs. CONFIG, SYSTEM: how and for what it was built. LIB: the folder of
+# the libraries.
 
 file(REMOVE_RECURSE ${PACKAGES})
 execute_process(COMMAND ${CPACK} --config ${BUILD}/CPackConfig.cmake -C ${CONFIG} -B ${PACKAGES}

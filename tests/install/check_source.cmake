@@ -1,5 +1,5 @@
-# Makes the source archive of the build folder BUILD, unpacks it into FOLDER, builds the static library
-# of it with the preset that the script for a first look uses, and installs that as INSTALLED.
+# Makes the source archive of the build folder BUILD, unpacks it into FOLDER, builds the static
+# library of it with the preset that users are shown, and installs that as INSTALLED.
 #
 # CPACK: the program. OPTIONS: how this build was configured.
 
@@ -25,7 +25,8 @@ endforeach()
 set(build ${FOLDER}/${name}/build/linux-release)
 execute_process(
     COMMAND ${CMAKE_COMMAND} --preset linux-release -D CMAKE_BUILD_TYPE=Debug
-        -D KVOCAEIO_STATIC_LIBRARY=ON -D KVOCAEIO_BUILD_HOST=OFF -D KVOCAEIO_BUILD_TESTS=OFF ${OPTIONS}
+        -D KVOCAEIO_STATIC_LIBRARY=ON -D KVOCAEIO_BUILD_HOST=OFF
+        -D KVOCAEIO_BUILD_TESTS=OFF ${OPTIONS}
     WORKING_DIRECTORY ${FOLDER}/${name} COMMAND_ERROR_IS_FATAL ANY)
 load_cache(${build} READ_WITH_PREFIX cached_ KVOCAEIO_WARNINGS_AS_ERRORS)
 if(cached_KVOCAEIO_WARNINGS_AS_ERRORS)

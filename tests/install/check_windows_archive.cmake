@@ -1,6 +1,6 @@
-# The unpacked Windows archive TREE as its user finds it: below a folder with a blank and a letter that
-# is not ASCII, the program reads DECK; a program in C, linked by a linker of Microsoft's kind, finds
-# the DLL.
+# The unpacked Windows archive TREE as its user finds it: in a folder whose name has a blank and an
+# umlaut, the program reads DECK; a program in C, linked by a linker of Microsoft's kind, loads the
+# DLL.
 #
 # EMULATOR: runs Windows programs. CLANG, LINKER: the compiler, and the linker of Microsoft's kind.
 # VERSION_C: the program's source.
@@ -31,5 +31,6 @@ file(GLOB importLibrary ${TREE}/lib*/KVOCAEIO.lib)
 execute_process(COMMAND ${CLANG} --target=x86_64-pc-windows-msvc -ffreestanding -I ${TREE}/include
     -c ${VERSION_C} -o ${folder}/version.obj COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${LINKER} /nologo /subsystem:console /nodefaultlib /entry:start
-    /out:${folder}/bin/version.exe ${folder}/version.obj ${importLibrary} COMMAND_ERROR_IS_FATAL ANY)
+    /out:${folder}/bin/version.exe ${folder}/version.obj ${importLibrary}
+    COMMAND_ERROR_IS_FATAL ANY)
 run(output ${folder}/bin/version.exe)

@@ -6,7 +6,8 @@ endif()
 set(debianRoot ${CMAKE_CURRENT_BINARY_DIR}/debian)
 foreach(action IN ITEMS install use remove)
     add_test(NAME debian_${action}
-        COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/debian_packages.sh ${action} ${debianRoot} ${packages} ${deck})
+        COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/debian_packages.sh ${action} ${debianRoot} ${packages}
+            ${deck})
 endforeach()
 set_tests_properties(debian_install PROPERTIES FIXTURES_REQUIRED packages FIXTURES_SETUP debian)
 set_tests_properties(debian_use PROPERTIES FIXTURES_REQUIRED debian)

@@ -11,7 +11,9 @@ kvocaeio_consumer_test(install_static installedStatic
 # The installed examples are a project that a user can build.
 add_test(NAME install_examples
     COMMAND ${CMAKE_CTEST_COMMAND}
-        --build-and-test ${installed}/${CMAKE_INSTALL_DOCDIR}/examples ${CMAKE_CURRENT_BINARY_DIR}/examples
-        --build-generator ${CMAKE_GENERATOR} --build-options ${options} -DCMAKE_PREFIX_PATH=${installed}
+        --build-and-test ${installed}/${CMAKE_INSTALL_DOCDIR}/examples
+            ${CMAKE_CURRENT_BINARY_DIR}/examples
+        --build-generator ${CMAKE_GENERATOR}
+        --build-options ${options} -DCMAKE_PREFIX_PATH=${installed}
         --test-command example_abaqus ${deck})
 set_tests_properties(install_examples PROPERTIES FIXTURES_REQUIRED installedTree)

@@ -8,5 +8,6 @@ for page in kvocaeio $pages; do
         printf '%s\n%s\n' "$page" "$warnings" >&2
         exit 1
     fi
-    zcat "$2/$page.1.gz" | "$1" -man -Tascii -P-cbou | grep -A 1 '^NAME' | grep -q " $page  *- " || exit 1
+    zcat "$2/$page.1.gz" | "$1" -man -Tascii -P-cbou |
+        grep -A 1 '^NAME' | grep -q " $page  *- " || exit 1
 done
