@@ -7,6 +7,7 @@
 
 #include "convert/convert.h"
 #include "info/info.h"
+#include "manual/command.h"
 #include "platform.h"
 #include <kvocaeio/export.h>
 
@@ -76,6 +77,7 @@ int run(int argc, char** argv) {
     addInfo(app, infoOptions);
     ConvertOptions convertOptions;
     const CLI::App* convert = addConvert(app, convertOptions);
+    kvocaeio::host::addManual(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
