@@ -11,7 +11,7 @@ std::string singularOf(std::string_view plural) {
     };
     if (plural.ends_with("hedra"))
         return with(1, "on");
-    if (plural.ends_with("ies"))
+    if (plural.ends_with("ies") && plural != "dies")
         return with(3, "y");
     return plural.ends_with("s") ? with(1, "") : std::string(plural);
 }

@@ -24,6 +24,7 @@ struct SolidsRequest {
 /// formats.cpp.
 struct Format {
     std::string_view name;
+    std::string_view code;                         ///< the same for programs
     std::span<const std::string_view> extensions;  ///< with the point, in lower case
     /// Whether `head`, the first part of a file, can only be of this format.
     bool (*recognises)(std::string_view head);
@@ -39,5 +40,11 @@ std::string extensionOf(const std::string& path);
 /// The format of the file at `path`, told by its content, else by its extension. Throws `FileError`
 /// when the file cannot be read or is of no known format.
 const Format& findFormat(const std::string& path);
+
+/// Whether the content of the file at `path` tells its format.
+bool hasKnownContent(const std::string& path);
+
+/// Whether the name of `path` ends as those of one of the formats do.
+bool hasKnownExtension(const std::string& path);
 
 }  // namespace kvocaeio::host

@@ -32,11 +32,13 @@ std::string shownName(const std::string& name) {
 void refuseSpecialFile(const std::string& path) {
     const FileKind kind = kindOf(path);
     if (kind == FileKind::kFolder)
-        throw FileError("is a folder, not a file");
+        throw FileError("is a folder, not a file", "special-file");
     if (kind != FileKind::kFile && kind != FileKind::kMissing)
-        throw FileError("is a " + std::string(nameOf(kind)) +
-                        ", not a file: save its content to a file first, or send it to standard "
-                        "input and name - as the file");
+        throw FileError(
+            "is a " + std::string(nameOf(kind)) +
+                ", not a file: save its content to a file first, or send it to standard "
+                "input and name - as the file",
+            "special-file");
 }
 
 InputFile::InputFile(const std::string& name) : path_(name) {

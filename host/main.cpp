@@ -1,25 +1,23 @@
 /// The command line of `kvocaeio`, the sample host: it uses the library through its public headers
 /// only, as any host would.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
+#include "clean_name.h"
 #include "convert/convert.h"
 #include "info/info.h"
 #include "platform.h"
 #include "tool_run.h"
-#include <kvocaeio/export.h>
+#include "version_text.h"
 
 namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongCommandLine = 2;
-
-std::string versionText() {
-    return "kvocaeio " + std::to_string(KVOCAEIO_VERSION_MAJOR) + "." +
-           std::to_string(KVOCAEIO_VERSION_MINOR) + "." + std::to_string(KVOCAEIO_VERSION_PATCH);
-}
 
 using kvocaeio::host::ConvertOptions;
 using kvocaeio::host::InfoOptions;
@@ -28,8 +26,12 @@ void addInfo(CLI::App& app, InfoOptions& options) {
     CLI::App* info = app.add_subcommand("info", "Says what each FILE holds.");
     info->add_option("FILE", options.files,
                      "Files to read: Abaqus input decks, Nastran decks, Patran neutral files, 3DI "
-                     "packages; with --tool Cadence designs.");
-    info->add_flag("--json", options.json, "Write one JSON document, for programs.");
+                     "packages; with --tool Cadence designs. Of a folder, all such files in it.");
+    CLI::Option* json =
+        info->add_flag("--json", options.json, "Write one JSON document, for programs.");
+    info->add_flag("--json-lines", options.jsonLines,
+                   "Write a JSON document for each file, in a line of its own.")
+        ->excludes(json);
     info->add_flag("--verbose", options.verbose,
                    "Show the library's progress lines, on standard error; else they are hidden.");
     CLI::Option* tool = info->add_option("--tool", options.tool,
@@ -87,9 +89,22 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     return convert;
 }
 
+bool isCommand(CLI::App& app, const std::string& word) {
+    const std::vector<CLI::App*> commands = app.get_subcommands({});
+    return std::any_of(commands.begin(), commands.end(),
+                       [&](const CLI::App* command) { return command->get_name() == word; });
+}
+
+std::string namesOfCommands(CLI::App& app) {
+    std::string names;
+    for (const CLI::App* command : app.get_subcommands({}))
+        names += (names.empty() ? "" : ", ") + command->get_name();
+    return names;
+}
+
 int run(int argc, char** argv) {
     CLI::App app("Opens the files of other engineering tools and says what they hold.", "kvocaeio");
-    app.set_version_flag("--version", versionText());
+    app.set_version_flag("--version", kvocaeio::host::versionText());
     app.allow_windows_style_options(false);  // a path may begin with a slash
     app.require_subcommand(1);
     app.footer(
@@ -100,6 +115,12 @@ int run(int argc, char** argv) {
     addInfo(app, infoOptions);
     ConvertOptions convertOptions;
     const CLI::App* convert = addConvert(app, convertOptions);
+    if (argc > 1 && *argv[1] != '-' && !isCommand(app, argv[1])) {
+        std::cerr << "kvocaeio: unknown command '" << kvocaeio::host::cleanName(argv[1])
+                  << "'; the commands are " << namesOfCommands(app)
+                  << "\nRun with --help for more information.\n";
+        return kWrongCommandLine;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -116,6 +137,7 @@ int main(int argc, char** argv) {
     if (kvocaeio::host::isLauncher(argc, argv))
         return kvocaeio::host::launchTool(argc, argv);
     kvocaeio::host::holdStandardStreams();
+    const kvocaeio::host::Terminal terminal;
     try {
         return run(argc, argv);
     } catch (const std::exception& error) {

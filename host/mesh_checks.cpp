@@ -11,7 +11,7 @@ namespace kvocaeio::host {
 
 void requireMesh(std::size_t nodes, std::size_t elements, std::string_view format) {
     if (nodes == 0 && elements == 0)
-        throw FileError("holds no nodes and no elements of " + std::string(format));
+        throw FileError("holds no nodes and no elements of " + std::string(format), "nothing-read");
 }
 
 OidRepeats findRepeats(std::span<const int> oids,

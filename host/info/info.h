@@ -7,12 +7,13 @@
 namespace kvocaeio::host {
 
 struct InfoOptions {
-    std::vector<std::string> files;
-    std::string tool;            ///< extraction tool that opens `files`, which are designs then
-    std::string toolFolder;      ///< for that tool's command files and reports
-    double toolTimeout = 600.0;  ///< seconds that the tool's runs may take together
-    std::string reportsFolder;   ///< reports of a design to read beside `files`; empty for none
-    bool json = false;           ///< one JSON document instead of text
+    std::vector<std::string> files;  ///< files, and folders whose files are meant
+    std::string tool;                ///< extraction tool that opens `files`, which are designs then
+    std::string toolFolder;          ///< for that tool's command files and reports
+    double toolTimeout = 600.0;      ///< seconds that the tool's runs may take together
+    std::string reportsFolder;       ///< reports of a design to read beside `files`; empty for none
+    bool json = false;               ///< one JSON document instead of text
+    bool jsonLines = false;          ///< one JSON document for each file, a line each
     bool verbose = false;  ///< the library's progress lines go to standard error, else nowhere
 };
 

@@ -1,6 +1,7 @@
 /// Cadence designs, read through an extraction tool or from its reports.
 #include "package/design.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
@@ -33,14 +34,14 @@ std::unique_ptr<PackageReport> import(CKVOCadenceReader& reader, const std::stri
         }
     });
     auto report = std::make_unique<PackageReport>(reader, PackageSource::kCadence);
-    report->seconds = seconds;
-    report->importFailure = failure;
+    report->importSeconds = seconds;
+    report->find(Finding::Level::kError, "no-usable-reports", failure.empty() ? 0 : 1, failure);
     return report;
 }
 
 void requireFolder(const std::string& folder) {
     if (!isFolder(folder.c_str()))
-        throw FileError("the folder " + cleanName(folder) + " does not exist");
+        throw FileError("the folder " + cleanName(folder) + " does not exist", "no-such-folder");
 }
 
 void requireDesign(const std::string& path) {
@@ -62,8 +63,22 @@ std::string failureOf(const std::vector<ToolRun>& runs) {
     return failure;
 }
 
+/// What went wrong in the tool's runs is why the import failed, where it did.
+void addToolFailure(const std::string& failure, FileReport& report) {
+    if (failure.empty())
+        return;
+    const auto consequence =
+        std::ranges::find(report.findings, Finding::Level::kError, &Finding::level);
+    const bool isAlone = consequence == report.findings.end();
+    const std::string text = isAlone ? failure : failure + "; " + consequence->text;
+    if (!isAlone)
+        report.findings.erase(consequence);
+    report.find(Finding::Level::kError, "tool-failed", 1, text);
+}
+
 std::unique_ptr<FileReport> refuse(const std::string&, PrintTarget) {
-    throw FileError("is a design that needs an extraction tool: give --tool and --temp");
+    throw FileError("is a design that needs an extraction tool: give --tool and --temp",
+                    "needs-tool");
 }
 
 }  // namespace
@@ -74,16 +89,14 @@ std::unique_ptr<FileReport> readDesign(const std::string& path, const ToolReques
     requireDesign(path);
     const auto tool = findTool(request.tool);
     if (!tool)
-        throw FileError("the extraction tool " + cleanName(request.tool) +
-                        " does not exist or is no program");
+        throw FileError(
+            "the extraction tool " + cleanName(request.tool) + " does not exist or is no program",
+            "no-such-tool");
     CKVOCadenceReader reader;
     ToolWatch watch(*tool, request.seconds);
     reader.SetExeFilePath(watch.launcher().c_str());
     std::unique_ptr<PackageReport> report = import(reader, path, request.folder, progress);
-    const std::string failure = failureOf(watch.runs());
-    if (!failure.empty())
-        report->importFailure =
-            failure + (report->importFailure.empty() ? "" : "; " + report->importFailure);
+    addToolFailure(failureOf(watch.runs()), *report);
     return report;
 }
 
@@ -94,7 +107,8 @@ std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTa
 }
 
 // A design is a database: nothing in its first bytes is known, its extension must do.
-const Format kCadenceFormat = {"Cadence design", kExtensions,
-                               [](std::string_view) { return false; }, refuse, nullptr};
+const Format kCadenceFormat = {"Cadence design", "cadence",
+                               kExtensions,      [](std::string_view) { return false; },
+                               refuse,           nullptr};
 
 }  // namespace kvocaeio::host

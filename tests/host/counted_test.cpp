@@ -17,6 +17,7 @@ TEST(Counted, One) {
     EXPECT_EQ(counted(1, "nodes"), "1 node");
     EXPECT_EQ(counted(1, "quadratic hexahedra"), "1 quadratic hexahedron");
     EXPECT_EQ(counted(1, "bodies"), "1 body");
+    EXPECT_EQ(counted(1, "dies"), "1 die");
     EXPECT_EQ(counted(1, "of unknown type"), "1 of unknown type");
 }
 
