@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <limits>
 #include <string>
@@ -14,17 +15,24 @@ struct BoundingBox {
     std::array<double, 3> low{kInfinity, kInfinity, kInfinity};
     std::array<double, 3> high{-kInfinity, -kInfinity, -kInfinity};
 
-    /// Makes the box hold x, y, z at `place`, too. A coordinate that is not a number changes
-    /// nothing.
+    std::size_t nonFinite = 0;  ///< places with a coordinate that is infinite or no number
+
+    /// Makes the box hold x, y, z at `place`, too, as far as they are finite numbers.
     template <class Real>
     void add(const Real* place) {
+        bool isFinite = true;
         for (std::size_t axis = 0; axis < 3; ++axis) {
             const auto value = static_cast<double>(place[axis]);
+            if (!std::isfinite(value)) {
+                isFinite = false;
+                continue;
+            }
             if (value < low[axis])
                 low[axis] = value;
             if (value > high[axis])
                 high[axis] = value;
         }
+        nonFinite += isFinite ? 0 : 1;
     }
 
     /// Whether there is a box: a place was added on each axis.

@@ -1,18 +1,38 @@
 /// What the commands say of one file, whatever its format.
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <nlohmann/json_fwd.hpp>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace kvocaeio::host {
 
 using Json = nlohmann::ordered_json;
+struct PageStyle;
 
 /// A file that no report can be given of; the text says why, for the user.
 struct FileError : std::runtime_error {
-    using std::runtime_error::runtime_error;
+    /// `reason` is the same in a word, for programs.
+    explicit FileError(const std::string& text, std::string_view reason = "cannot-be-read")
+        : std::runtime_error(text), code(reason) {}
+
+    std::string_view code;
+};
+
+/// Something that the user had better know of a file.
+struct Finding {
+    enum class Level { kNote, kWarning, kError };
+
+    Level level;
+    std::string_view code;                ///< its kind in a word, for programs
+    std::size_t count;                    ///< how many there are of it
+    std::string text;                     ///< the same for a person
+    std::vector<std::string> paths = {};  ///< the files that it is about, if any
 };
 
 /// What one reader learned of one file.
@@ -21,13 +41,24 @@ class FileReport {
     virtual ~FileReport() = default;
 
     /// Writes the report for a person, lines indented by two blanks.
-    virtual void print(std::ostream& out) const = 0;
+    virtual void print(std::ostream& out, const PageStyle& style) const = 0;
 
     /// Adds the report for programs to `object`.
     virtual void addTo(Json& object) const = 0;
 
-    /// What went wrong although there is a report; empty when nothing did.
-    virtual std::string failure() const { return {}; }
+    /// The times that it took, in seconds, by name.
+    virtual std::vector<std::pair<std::string_view, double>> seconds() const = 0;
+
+    /// What neither of these says. An error means that the file failed although there is a report.
+    std::vector<Finding> findings;
+
+    /// Adds a finding; none of a kind are not worth one.
+    void find(Finding::Level level, std::string_view code, std::size_t count, std::string text);
+    void warn(std::string_view code, std::size_t count, std::string text) {
+        find(Finding::Level::kWarning, code, count, std::move(text));
+    }
+    /// Warns of coordinates that are infinite or no numbers, in so many of `things`.
+    void warnOfNonFinite(std::size_t number, std::string_view things);
 };
 
 }  // namespace kvocaeio::host

@@ -8,6 +8,8 @@
 #include "abaqus/format.h"
 #include "c_file.h"
 #include "file_head.h"
+#include "foreign_content.h"
+#include "input_file.h"
 #include "nastran/format.h"
 #include "package/design.h"
 #include "package/format.h"
@@ -24,8 +26,7 @@ const std::array<const Format*, 5> kFormats = {&kAbaqusFormat, &kPatranFormat, &
 constexpr std::size_t kHeadSize = std::size_t{64} * 1024;
 
 std::string readHead(const std::string& path) {
-    if (isFolder(path.c_str()))
-        throw FileError("is a folder, not a file");
+    refuseSpecialFile(path);
     const CFile file = openFile(path, "rb");
     if (!file)
         throw FileError("cannot be read: " + systemFailure());
@@ -34,8 +35,15 @@ std::string readHead(const std::string& path) {
     if (std::ferror(file.get()) != 0)
         throw FileError("cannot be read: " + systemFailure());
     if (head.empty())
-        throw FileError("is empty");
+        throw FileError("is empty", "empty");
     return head;
+}
+
+/// The format of which the text `head` can only be; null for none.
+const Format* formatOf(std::string_view head) {
+    const auto* const format = std::ranges::find_if(
+        kFormats, [&](const Format* known) { return known->recognises(head); });
+    return format != kFormats.end() ? *format : nullptr;
 }
 
 std::string namesOfFormats() {
@@ -59,14 +67,34 @@ std::string extensionOf(const std::string& path) {
 
 const Format& findFormat(const std::string& path) {
     const std::string head = readHead(path);
-    for (const Format* format : kFormats)
-        if (format->recognises(head))
-            return *format;
     const std::string extension = extensionOf(path);
+    if (contains(kCadenceFormat.extensions, extension))
+        return kCadenceFormat;  // a database, whose bytes may look like anything
+    refuseForeignContent(head);
+    if (const Format* format = formatOf(withoutMark(head)))
+        return *format;
+    refuseBinary(head);
     for (const Format* format : kFormats)
         if (contains(format->extensions, extension))
             return *format;
-    throw FileError("holds nothing that is known here (known formats: " + namesOfFormats() + ")");
+    throw FileError("holds nothing that is known here (known formats: " + namesOfFormats() + ")",
+                    "unknown-format");
+}
+
+bool hasKnownContent(const std::string& path) {
+    try {
+        const std::string head = readHead(path);
+        refuseForeignContent(head);
+        return formatOf(withoutMark(head)) != nullptr;
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
+bool hasKnownExtension(const std::string& path) {
+    const std::string extension = extensionOf(path);
+    return std::ranges::any_of(
+        kFormats, [&](const Format* format) { return contains(format->extensions, extension); });
 }
 
 }  // namespace kvocaeio::host

@@ -13,17 +13,25 @@ namespace kvocaeio::host {
 
 struct SolidMesh;
 
+/// How a file's solids are taken for `convert`.
+struct SolidsRequest {
+    bool normalised = false;  ///< of an Abaqus deck, those of the normalised mesh
+    bool force = false;       ///< OIDs that are defined twice with different content are accepted
+    PrintTarget progress = PrintTarget::kNowhere;  ///< for the library's progress lines
+};
+
 /// One format: each has a folder of its own that defines one of these, and a row in the table of
 /// formats.cpp.
 struct Format {
     std::string_view name;
+    std::string_view code;                         ///< the same for programs
     std::span<const std::string_view> extensions;  ///< with the point, in lower case
     /// Whether `head`, the first part of a file, can only be of this format.
     bool (*recognises)(std::string_view head);
     /// Reads the file through the library. The library's progress lines go to `progress`.
     std::unique_ptr<FileReport> (*read)(const std::string& path, PrintTarget progress);
     /// The file's solids, for `convert`; null where the format is not converted.
-    SolidMesh (*takeSolids)(const std::string& path, PrintTarget progress);
+    SolidMesh (*takeSolids)(const std::string& path, const SolidsRequest& request);
 };
 
 /// The end of a file's name from its last point on, in lower case.
@@ -32,5 +40,11 @@ std::string extensionOf(const std::string& path);
 /// The format of the file at `path`, told by its content, else by its extension. Throws `FileError`
 /// when the file cannot be read or is of no known format.
 const Format& findFormat(const std::string& path);
+
+/// Whether the content of the file at `path` tells its format.
+bool hasKnownContent(const std::string& path);
+
+/// Whether the name of `path` ends as those of one of the formats do.
+bool hasKnownExtension(const std::string& path);
 
 }  // namespace kvocaeio::host

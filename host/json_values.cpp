@@ -1,4 +1,4 @@
-/// Boxes and counts as JSON.
+/// Meshes as JSON.
 #include "json_values.h"
 
 #include <nlohmann/json.hpp>
@@ -11,10 +11,18 @@ Json asJson(const BoundingBox& box) {
     return {{"min", box.low}, {"max", box.high}};
 }
 
+Json meshAsJson(std::size_t nodes, const BoundingBox& box, std::size_t elements,
+                const KindCounts& kinds) {
+    return {{"nodes", nodes},
+            {"boundingBox", asJson(box)},
+            {"elements", elements},
+            {"elementsByKind", asJson(kinds)}};
+}
+
 Json asJson(const KindCounts& kinds) {
     Json object = Json::object();
     for (const auto& [name, elements] : kinds)
-        object[name] = elements;
+        object[kindCode(name)] = elements;
     return object;
 }
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "counted.h"
+
 namespace kvocaeio::host {
 
 void count(KindCounts& kinds, std::string_view name, std::size_t elements) {
@@ -17,8 +19,15 @@ void count(KindCounts& kinds, std::string_view name, std::size_t elements) {
 std::string asText(const KindCounts& kinds) {
     std::string words;
     for (const auto& [name, elements] : kinds)
-        words += (words.empty() ? "" : ", ") + std::to_string(elements) + " " + name;
+        words += (words.empty() ? "" : ", ") + counted(elements, name);
     return words;
+}
+
+std::string kindCode(std::string_view name) {
+    constexpr std::string_view kOf = "of ";
+    std::string code(name.substr(name.starts_with(kOf) ? kOf.size() : 0));
+    std::replace(code.begin(), code.end(), ' ', '-');
+    return code;
 }
 
 }  // namespace kvocaeio::host

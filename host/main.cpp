@@ -1,25 +1,24 @@
 /// The command line of `kvocaeio`, the sample host: it uses the library through its public headers
 /// only, as any host would.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
+#include "clean_name.h"
 #include "convert/convert.h"
 #include "info/info.h"
 #include "manual/command.h"
 #include "platform.h"
-#include <kvocaeio/export.h>
+#include "tool_run.h"
+#include "version_text.h"
 
 namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongCommandLine = 2;
-
-std::string versionText() {
-    return "kvocaeio " + std::to_string(KVOCAEIO_VERSION_MAJOR) + "." +
-           std::to_string(KVOCAEIO_VERSION_MINOR) + "." + std::to_string(KVOCAEIO_VERSION_PATCH);
-}
 
 using kvocaeio::host::ConvertOptions;
 using kvocaeio::host::InfoOptions;
@@ -28,8 +27,12 @@ void addInfo(CLI::App& app, InfoOptions& options) {
     CLI::App* info = app.add_subcommand("info", "Says what each FILE holds.");
     info->add_option("FILE", options.files,
                      "Files to read: Abaqus input decks, Nastran decks, Patran neutral files, 3DI "
-                     "packages; with --tool Cadence designs.");
-    info->add_flag("--json", options.json, "Write one JSON document, for programs.");
+                     "packages; with --tool Cadence designs. Of a folder, all such files in it.");
+    CLI::Option* json =
+        info->add_flag("--json", options.json, "Write one JSON document, for programs.");
+    info->add_flag("--json-lines", options.jsonLines,
+                   "Write a JSON document for each file, in a line of its own.")
+        ->excludes(json);
     info->add_flag("--verbose", options.verbose,
                    "Show the library's progress lines, on standard error; else they are hidden.");
     CLI::Option* tool = info->add_option("--tool", options.tool,
@@ -37,6 +40,11 @@ void addInfo(CLI::App& app, InfoOptions& options) {
     CLI::Option* folder = info->add_option(
         "--temp", options.toolFolder,
         "Folder for the tool's command files and reports, which replace older ones.");
+    info->add_option("--tool-timeout", options.toolTimeout,
+                     "Seconds after which the tool is ended with all that it has started.")
+        ->check(CLI::PositiveNumber)
+        ->needs(tool)
+        ->capture_default_str();
     tool->needs(folder);
     folder->needs(tool);
     info->add_option("--reports", options.reportsFolder,
@@ -49,7 +57,9 @@ void addInfo(CLI::App& app, InfoOptions& options) {
 
 CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     CLI::App* convert = app.add_subcommand("convert", "Writes the solids of IN as OUT.");
-    convert->add_option("IN", options.source, "An Abaqus input deck or a Patran neutral file.")
+    convert
+        ->add_option("IN", options.source,
+                     "An Abaqus input deck or a Patran neutral file; - is standard input.")
         ->required();
     convert
         ->add_option("OUT", options.target,
@@ -57,16 +67,45 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
         ->required();
     convert
         ->add_option("--unit", options.unit,
-                     "Length unit that the header of a Nastran deck names: m, mm, cm or inch.")
+                     "Length unit that the header of a Nastran deck names; coordinates stay as "
+                     "they are.")
+        ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
         ->capture_default_str();
+    convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
+        ->check(CLI::PositiveNumber);
+    convert->add_flag("--normalised", options.normalised,
+                      "Take the normalised mesh of an Abaqus deck instead of the elements that it "
+                      "lists.");
+    convert->add_flag("--force", options.force,
+                      "Write although the source defines OIDs more than once with different "
+                      "content.");
+    convert->add_flag("--strict", options.strict,
+                      "Exit code 1 when anything of the source was left out.");
+    CLI::Option* json =
+        convert->add_flag("--json", options.json, "Report as a JSON document, for programs.");
+    convert->add_flag("--quiet", options.quiet, "Write no report; failures are still told.")
+        ->excludes(json);
     convert->add_flag("--verbose", options.verbose,
                       "Show the library's progress lines, on standard error.");
     return convert;
 }
 
+bool isCommand(CLI::App& app, const std::string& word) {
+    const std::vector<CLI::App*> commands = app.get_subcommands({});
+    return std::any_of(commands.begin(), commands.end(),
+                       [&](const CLI::App* command) { return command->get_name() == word; });
+}
+
+std::string namesOfCommands(CLI::App& app) {
+    std::string names;
+    for (const CLI::App* command : app.get_subcommands({}))
+        names += (names.empty() ? "" : ", ") + command->get_name();
+    return names;
+}
+
 int run(int argc, char** argv) {
     CLI::App app("Opens the files of other engineering tools and says what they hold.", "kvocaeio");
-    app.set_version_flag("--version", versionText());
+    app.set_version_flag("--version", kvocaeio::host::versionText());
     app.allow_windows_style_options(false);  // a path may begin with a slash
     app.require_subcommand(1);
     app.footer(
@@ -78,22 +117,29 @@ int run(int argc, char** argv) {
     ConvertOptions convertOptions;
     const CLI::App* convert = addConvert(app, convertOptions);
     kvocaeio::host::addManual(app);
+    if (argc > 1 && *argv[1] != '-' && !isCommand(app, argv[1])) {
+        std::cerr << "kvocaeio: unknown command '" << kvocaeio::host::cleanName(argv[1])
+                  << "'; the commands are " << namesOfCommands(app)
+                  << "\nRun with --help for more information.\n";
+        return kWrongCommandLine;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kWrongCommandLine;
     }
-    if (convert->parsed()) {
-        kvocaeio::host::runConvert(convertOptions);
-        return 0;
-    }
+    if (convert->parsed())
+        return kvocaeio::host::runConvert(convertOptions) ? 0 : kFailed;
     return kvocaeio::host::runInfo(infoOptions) ? 0 : kFailed;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (kvocaeio::host::isLauncher(argc, argv))
+        return kvocaeio::host::launchTool(argc, argv);
     kvocaeio::host::holdStandardStreams();
+    const kvocaeio::host::Terminal terminal;
     try {
         return run(argc, argv);
     } catch (const std::exception& error) {

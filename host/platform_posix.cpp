@@ -1,6 +1,7 @@
 /// The host's platform calls on Linux and its kin.
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,6 +22,18 @@ bool isFolder(const char* path) {
     struct stat status {};
     return ::stat(path, &status) == 0 && S_ISDIR(status.st_mode);
 }
+
+std::size_t terminalColumns() {
+    winsize size{};
+    if (::isatty(STDOUT_FILENO) == 0)
+        return 0;
+    constexpr std::size_t kUsual = 80;
+    return ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col != 0 ? size.ws_col
+                                                                              : kUsual;
+}
+
+Terminal::Terminal() = default;
+Terminal::~Terminal() = default;
 
 int redirectStandardOutput(PrintTarget target) {
     std::fflush(stdout);

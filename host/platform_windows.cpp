@@ -5,6 +5,7 @@
 #include <io.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <windows.h>
 
 #include "platform.h"
 
@@ -21,6 +22,31 @@ void holdStandardStreams() {}
 bool isFolder(const char* path) {
     struct _stat64 status {};
     return _stat64(path, &status) == 0 && (status.st_mode & _S_IFDIR) != 0;
+}
+
+std::size_t terminalColumns() {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (!GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info))
+        return 0;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
+Terminal::Terminal() {
+    constexpr DWORD kEscapeSequences = 4;  // ENABLE_VIRTUAL_TERMINAL_PROCESSING
+    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    if (!GetConsoleMode(output, &mode_))
+        return;
+    if (!SetConsoleMode(output, mode_ | kEscapeSequences))
+        mode_ = 0;
+    codePage_ = GetConsoleOutputCP();
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+Terminal::~Terminal() {
+    if (codePage_ != 0)
+        SetConsoleOutputCP(codePage_);
+    if (mode_ != 0)
+        SetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), mode_);
 }
 
 int redirectStandardOutput(PrintTarget target) {

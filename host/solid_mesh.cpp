@@ -1,41 +1,29 @@
-/// What all writers of meshes need.
+/// What all sources and writers of meshes need.
 #include "solid_mesh.h"
 
 #include <algorithm>
-#include <cmath>
-#include <sstream>
+
+#include "counted.h"
 
 namespace kvocaeio::host {
 
-std::array<int, 8> idsOf(const SolidMesh::Element& element) {
-    std::array<int, 8> ids{};
-    std::transform(element.nodes.begin(), element.nodes.begin() + element.corners, ids.begin(),
-                   [](int row) { return row + 1; });
-    return ids;
+std::array<int, 8> oidsOf(const SolidMesh& mesh, const SolidMesh::Element& element) {
+    std::array<int, 8> oids{};
+    std::transform(element.nodes.begin(), element.nodes.begin() + element.corners, oids.begin(),
+                   [&](int row) { return mesh.nodeOids[static_cast<std::size_t>(row)]; });
+    return oids;
 }
 
-void note(std::vector<std::string>& notes, std::size_t number, const std::string& what) {
+void leaveOut(SolidMesh& mesh, std::string_view code, std::size_t number, std::string_view things,
+              std::string_view rest) {
     if (number != 0)
-        notes.push_back(std::to_string(number) + " " + what);
+        mesh.losses.push_back(
+            {std::string(code), number, counted(number, things) + std::string(rest)});
 }
 
-void remarkOnRounding(SolidMesh& mesh, std::chars_format form, int decimals, const char* what) {
-    double largest = 0.0;
-    char digits[512];
-    for (const auto& node : mesh.nodes)
-        for (const double value : node) {
-            const char* end =
-                std::to_chars(digits, digits + sizeof digits, value, form, decimals).ptr;
-            double written = value;
-            std::from_chars(digits, end, written);
-            largest = std::max(largest, std::fabs(written - value));
-        }
-    if (largest == 0.0)
-        return;
-    std::ostringstream remark;
-    remark << "coordinates are written with " << what << ", which changes them by up to "
-           << largest;
-    mesh.remarks.push_back(remark.str());
+void leaveOut(SolidMesh& mesh, const KindCounts& kinds) {
+    for (const auto& [name, number] : kinds)
+        leaveOut(mesh, kindCode(name), number, name);
 }
 
 }  // namespace kvocaeio::host

@@ -8,22 +8,33 @@
 #include <string_view>
 #include <vector>
 
+#include "kind_counts.h"
+
 namespace kvocaeio::host {
+
+/// What the user has to know of a conversion.
+struct Note {
+    std::string code;    ///< for programs: small letters and hyphens
+    std::size_t number;  ///< of what was found; 1 where nothing is counted
+    std::string text;    ///< for people, with the number
+};
 
 struct SolidMesh {
     struct Element {
         std::size_t section;
         int corners;               ///< 4, 6 or 8: tetrahedron, wedge, hexahedron
         std::array<int, 8> nodes;  ///< as many as there are corners; rows of `nodes`
+        int oid;
     };
 
     std::vector<std::array<double, 3>> nodes;
+    std::vector<int> nodeOids;  ///< per node
     std::vector<Element> elements;
     std::vector<std::string> sections;  ///< names
-    /// What the source holds and the target will not, a line for the user each.
-    std::vector<std::string> losses;
-    /// What else the user had better know, likewise.
-    std::vector<std::string> remarks;
+    /// What the source holds and the target will not.
+    std::vector<Note> losses;
+    /// What else the user had better know.
+    std::vector<Note> remarks;
 };
 
 /// How a mesh of solids becomes a file of one format, through the library.
@@ -32,17 +43,26 @@ struct MeshWriter {
     bool (*write)(const SolidMesh& mesh, const std::string& path, const std::string& unit);
     /// What a complete file ends with, line ends left out.
     std::string_view ending;
+    /// The largest OID that the file can hold; 0 where OIDs are the numbers from 1 on, without
+    /// gaps.
+    int largestOid;
+    /// How it writes coordinates, and that in words.
+    std::chars_format form;
+    int decimals;
+    std::string_view formName;
     /// Notes what the file cannot hold of the mesh, or asks for beside it.
     void (*takeNotes)(SolidMesh& mesh);
 };
 
-/// The nodes of an element as ids that count from 1.
-std::array<int, 8> idsOf(const SolidMesh::Element& element);
+/// The nodes of an element as OIDs.
+std::array<int, 8> oidsOf(const SolidMesh& mesh, const SolidMesh::Element& element);
 
-/// Adds "`number` `what`" to `notes`; none are not worth a note.
-void note(std::vector<std::string>& notes, std::size_t number, const std::string& what);
+/// Notes that `number` things are left out, "1 pyramid"; none are not worth a note. `things` is a
+/// plural, `rest` goes after it.
+void leaveOut(SolidMesh& mesh, std::string_view code, std::size_t number, std::string_view things,
+              std::string_view rest = "");
 
-/// Remarks by how much coordinates change that are written with `decimals`; `what` names that form.
-void remarkOnRounding(SolidMesh& mesh, std::chars_format form, int decimals, const char* what);
+/// The same of elements by kind.
+void leaveOut(SolidMesh& mesh, const KindCounts& kinds);
 
 }  // namespace kvocaeio::host

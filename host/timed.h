@@ -29,7 +29,7 @@ double timed(PrintTarget progress, const Work& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// "0.123 s".
+/// As people write it: "less than 1 ms", "12 ms", "1.5 s", "2 min 5 s".
 std::string secondsText(double seconds);
 
 }  // namespace kvocaeio::host

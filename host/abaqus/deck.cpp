@@ -29,7 +29,8 @@ AbaqusDeck::AbaqusDeck(const std::string& path, PrintTarget progress) {
         throwImportFailure(path);
     tables = takeRawTables(reader_);
     if (tables.nodeIds.empty() && tables.raw.empty() && tables.thicknesses.empty())
-        throw FileError("holds no nodes, no elements and no shell sections of an Abaqus deck");
+        throw FileError("holds no nodes, no elements and no shell sections of an Abaqus deck",
+                        "nothing-read");
     try {
         normalisationSeconds = timed(progress, [&] { reader_.SortData(); });
         takeNormalisedTables(reader_, tables);

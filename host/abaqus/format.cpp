@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "abaqus/debug_logs.h"
 #include "abaqus/deck.h"
 #include "abaqus/report.h"
 #include "abaqus/solids.h"
@@ -25,11 +26,15 @@ bool recognises(std::string_view head) {
 }
 
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
-    return std::make_unique<AbaqusReport>(AbaqusDeck(path, progress));
+    const DebugLogs logs(path);
+    auto report = std::make_unique<AbaqusReport>(AbaqusDeck(path, progress));
+    logs.addTo(*report);
+    return report;
 }
 
 }  // namespace
 
-const Format kAbaqusFormat = {"Abaqus input deck", kExtensions, recognises, read, takeAbaqusSolids};
+const Format kAbaqusFormat = {"Abaqus input deck", "abaqus", kExtensions,
+                              recognises,          read,     takeAbaqusSolids};
 
 }  // namespace kvocaeio::host

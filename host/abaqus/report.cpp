@@ -1,11 +1,15 @@
 /// The report on an Abaqus deck, written as text and as JSON.
 #include "abaqus/report.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <utility>
 #include <vector>
 
+#include "abaqus/findings.h"
+#include "clean_name.h"
+#include "counted.h"
 #include "json_values.h"
 #include "text_table.h"
 #include "timed.h"
@@ -14,32 +18,33 @@ namespace kvocaeio::host {
 
 namespace {
 
-std::string quoted(const std::string& name) {
-    return name.empty() ? "(no name)" : printable(name);
+std::string shownSet(const std::string& name) {
+    return name.empty() ? "(no name)" : cleanName(name);
 }
 
-std::string joined(const std::vector<std::string>& words) {
-    std::string line;
-    for (const std::string& word : words)
-        line += (line.empty() ? "" : ", ") + word;
-    return line;
+void append(std::string& words, const std::string& more) {
+    words += (words.empty() ? "" : ", ") + more;
 }
 
-using Cells = std::vector<std::string>;
-
-/// The right half of a line: `elements` of a section of the mesh.
-Cells meshCells(const NormalisedSummary& section, std::size_t elements, const std::string& how) {
-    std::string part = std::to_string(elements);
-    if (elements != section.elements)
-        part += " of " + std::to_string(section.elements);
-    return {section.list + " " + std::to_string(section.index), quoted(section.elset),
-            std::to_string(section.nodesPerElement), part, how};
+std::string placeOf(const NormalisedSummary& section) {
+    return section.list + " " + std::to_string(section.index);
 }
 
-Cells sideBySide(Cells left, const Cells& right) {
-    left.emplace_back("|");
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
+/// What the rows of a section of the mesh hold.
+std::string contentOf(const NormalisedSummary& section) {
+    KindCounts kinds = section.kinds;
+    for (auto& [kind, elements] : kinds)
+        if (kind == kDegenerate)
+            elements -= std::min(elements, section.blank);  // told below
+    std::erase_if(kinds, [](const auto& kind) { return kind.second == 0; });
+    std::string words = asText(kinds);
+    if (section.origin != "elements")
+        return "faces of " + section.origin + ": " + words;
+    if (section.repeated != 0)
+        append(words, std::to_string(section.repeated) + " of them repeated");
+    if (section.blank != 0)
+        append(words, counted(section.blank, "rows") + " without an element");
+    return words;
 }
 
 }  // namespace
@@ -48,131 +53,107 @@ AbaqusReport::AbaqusReport(const AbaqusDeck& deck)
     : summary_(summarise(deck.tables, deck.sortFailure.empty())),
       importSeconds_(deck.importSeconds),
       normalisationSeconds_(deck.normalisationSeconds),
-      sortFailure_(deck.sortFailure) {}
-
-std::string AbaqusReport::failure() const {
-    return sortFailure_.empty() ? "" : "the deck cannot be normalised: " + sortFailure_;
+      isNormalised_(deck.sortFailure.empty()) {
+    addFindings(summary_, *this);
+    if (!isNormalised_)
+        find(Finding::Level::kError, "not-normalised", 1,
+             "the deck cannot be normalised: " + deck.sortFailure);
 }
 
-void AbaqusReport::print(std::ostream& out) const {
-    printOverview(out);
-    printSections(out);
-    printLosses(out);
-    out << '\n';
+std::vector<std::pair<std::string_view, double>> AbaqusReport::seconds() const {
+    return {{"import", importSeconds_}, {"normalisation", normalisationSeconds_}};
 }
 
-void AbaqusReport::printOverview(std::ostream& out) const {
-    TextTable table("ll");
+void AbaqusReport::print(std::ostream& out, const PageStyle& style) const {
+    printOverview(out, style);
+    printDeck(out, style);
+    printMesh(out, style);
+}
+
+void AbaqusReport::printOverview(std::ostream& out, const PageStyle& style) const {
+    TextTable table("lw");
     table.add({"nodes", std::to_string(summary_.nodes)});
     if (summary_.box.known())
         table.add({"bounding box", asText(summary_.box)});
     table.add({"elements", std::to_string(summary_.elements) + " in " +
-                               std::to_string(summary_.raw.size()) + " sections" +
+                               counted(summary_.raw.size(), "sections") +
                                (summary_.kinds.empty() ? "" : ": " + asText(summary_.kinds))});
-    for (const ShellThickness& shell : summary_.thicknesses) {
-        std::ostringstream thickness;
-        thickness << quoted(shell.elset) << ": thickness " << shell.thickness;
-        table.add({"shell section", thickness.str()});
-    }
+    if (isNormalised_)
+        table.add({"faces", std::to_string(summary_.loadFaces) + " from loads, " +
+                                std::to_string(summary_.surfaceFaces) + " from surfaces"});
     table.add({"time taken", "import " + secondsText(importSeconds_) + ", normalisation " +
                                  secondsText(normalisationSeconds_)});
-    table.print(out, "  ");
+    table.print(out, style.width);
+    if (summary_.thicknesses.empty())
+        return;
+    TextTable shells("nl");
+    shells.add({"shell section", "thickness"});
+    for (const ShellThickness& shell : summary_.thicknesses) {
+        std::ostringstream thickness;
+        thickness << shell.thickness;
+        shells.add({shownSet(shell.elset), thickness.str()});
+    }
+    out << '\n';
+    shells.print(out, style.width);
 }
 
-// Left half: the deck's sections; right half: where their elements are in the normalised mesh.
-void AbaqusReport::printSections(std::ostream& out) const {
+void AbaqusReport::printDeck(std::ostream& out, const PageStyle& style) const {
     if (summary_.raw.empty())
         return;
-    TextTable table("rllrlllrrl");
-    table.add({"deck", "set", "elements", "nodes", "", "mesh", "set", "nodes", "elements", "how"});
-    std::vector<bool> shown(summary_.normalised.size());
-    auto flow = summary_.flows.begin();
+    TextTable table("rnwrw");
+    table.add({"deck", "set", "elements", "nodes each", isNormalised_ ? "in the mesh" : ""});
     for (std::size_t s = 0; s < summary_.raw.size(); ++s) {
         const RawSummary& raw = summary_.raw[s];
-        Cells left = {std::to_string(s), quoted(raw.elset),
-                      std::to_string(raw.elements) + " " + raw.kind,
-                      std::to_string(raw.nodesPerElement)};
-        const auto addLine = [&](const Cells& right) {
-            table.add(sideBySide(std::exchange(left, {"", "", "", ""}), right));
-        };
-        const bool placed = flow != summary_.flows.end() && flow->raw == s;
-        for (; flow != summary_.flows.end() && flow->raw == s; ++flow) {
-            addLine(
-                meshCells(summary_.normalised[flow->normalised], flow->elements, howItCame(*flow)));
-            shown[flow->normalised] = true;
-        }
-        if (raw.leftOut != 0)
-            addLine({"-", "", "", std::to_string(raw.leftOut), "left out: " + raw.reason});
-        else if (!placed)
-            addLine({sortFailure_.empty() ? "" : "not normalised"});
-    }
-    for (std::size_t s = 0; s < summary_.normalised.size(); ++s) {
-        if (shown[s])
-            continue;
-        const NormalisedSummary& section = summary_.normalised[s];
-        const bool faces = section.origin != "elements";
-        table.add(sideBySide({"", "", faces ? section.origin : "", ""},
-                             meshCells(section, section.elements,
-                                       faces ? "faces: " + asText(section.kinds) : "blank rows")));
+        table.add({std::to_string(s), shownSet(raw.elset), counted(raw.elements, raw.kind),
+                   std::to_string(raw.nodesPerElement), isNormalised_ ? destinationsOf(s) : ""});
     }
     out << '\n';
-    table.print(out, "  ");
+    table.print(out, style.width);
 }
 
-std::string AbaqusReport::howItCame(const Flow& flow) const {
-    const RawSummary& raw = summary_.raw[flow.raw];
-    const NormalisedSummary& target = summary_.normalised[flow.normalised];
-    std::vector<std::string> words;
+/// Where the elements of a section of the deck are in the mesh, and what became of them.
+std::string AbaqusReport::destinationsOf(std::size_t section) const {
+    const RawSummary& raw = summary_.raw[section];
+    std::string words;
+    bool isFilled = false;
+    for (auto flow = std::ranges::lower_bound(summary_.flows, section, {}, &Flow::raw);
+         flow != summary_.flows.end() && flow->raw == section; ++flow) {
+        const NormalisedSummary& target = summary_.normalised[flow->normalised];
+        append(words, placeOf(target));
+        if (flow->elements != raw.elements)
+            words += " (" + std::to_string(flow->elements) + ")";
+        isFilled = isFilled || raw.corners < target.nodesPerElement;
+    }
+    if (raw.leftOut != 0)
+        append(words,
+               (raw.leftOut == raw.elements ? "" : std::to_string(raw.leftOut) + " ") + "left out");
     if (raw.reduced)
-        words.emplace_back("reduced to corners");
-    if (target.merged)
-        words.emplace_back("merged");
-    if (raw.corners < target.nodesPerElement)
-        words.push_back("filled up to " + std::to_string(target.nodesPerElement));
-    if (raw.split)
-        words.emplace_back("split");
-    if (target.repeated != 0)
-        words.push_back(std::to_string(target.repeated) + " repeated");
-    if (target.blank != 0)
-        words.push_back(std::to_string(target.blank) + " blank rows");
-    return joined(words);
+        append(words, "reduced to corners");
+    if (isFilled)
+        append(words, "last corner repeated");
+    return words;
 }
 
-void AbaqusReport::printLosses(std::ostream& out) const {
-    TextTable table("ll");
-    if (summary_.unknownType != 0)
-        table.add({"left out", std::to_string(summary_.unknownType) + " elements of unknown type"});
-    if (summary_.otherLeftOut != 0)
-        table.add({"left out", std::to_string(summary_.otherLeftOut) + " elements " +
-                                   (summary_.nodes == 0 ? "of a deck without nodes"
-                                                        : "that are in no generated set")});
-    if (summary_.undefinedNodes != 0)
-        table.add({"no such node", std::to_string(summary_.undefinedNodes) +
-                                       " times in elements; the first node stands in"});
-    if (sortFailure_.empty())
-        table.add(
-            {"faces", std::to_string(summary_.loadFaces) + " from loads, " +
-                          std::to_string(summary_.surfaceFaces) +
-                          " from surfaces; the reader does not tell which of them gave none"});
-    if (summary_.withoutFaces != 0)
-        table.add({"faceless", std::to_string(summary_.withoutFaces) +
-                                   " elements, of which loads and surfaces give no face (pyramids, "
-                                   "triangles, unknown types)"});
+void AbaqusReport::printMesh(std::ostream& out, const PageStyle& style) const {
+    if (summary_.normalised.empty())
+        return;
+    TextTable table("lnrrw");
+    table.add({"mesh", "set", "rows", "nodes each", "content"});
+    for (const NormalisedSummary& section : summary_.normalised)
+        table.add({placeOf(section), shownSet(section.elset), std::to_string(section.elements),
+                   std::to_string(section.nodesPerElement), contentOf(section)});
     out << '\n';
-    table.print(out, "  ");
+    table.print(out, style.width);
 }
 
 void AbaqusReport::addTo(Json& object) const {
-    object["nodes"] = summary_.nodes;
-    object["boundingBox"] = asJson(summary_.box);
-    object["elements"] = summary_.elements;
-    object["elementsByKind"] = asJson(summary_.kinds);
-    object["shellSections"] = Json::array();
+    object["mesh"] = meshAsJson(summary_.nodes, summary_.box, summary_.elements, summary_.kinds);
+    Json shells = Json::array();
     for (const ShellThickness& shell : summary_.thicknesses)
-        object["shellSections"].push_back({{"elset", shell.elset}, {"thickness", shell.thickness}});
-    object["sections"] = sectionsAsJson();
-    object["normalised"] = sortFailure_.empty() ? meshAsJson() : Json();
-    object["seconds"] = {{"import", importSeconds_}, {"normalisation", normalisationSeconds_}};
+        shells.push_back({{"set", shell.elset}, {"thickness", shell.thickness}});
+    object["abaqus"] = {{"sections", sectionsAsJson()},
+                        {"shellSections", std::move(shells)},
+                        {"normalised", isNormalised_ ? normalisedAsJson() : Json()}};
 }
 
 Json AbaqusReport::sectionsAsJson() const {
@@ -180,16 +161,16 @@ Json AbaqusReport::sectionsAsJson() const {
     auto flow = summary_.flows.begin();
     for (std::size_t s = 0; s < summary_.raw.size(); ++s) {
         const RawSummary& raw = summary_.raw[s];
-        Json section = {{"elset", raw.elset},
-                        {"kind", raw.kind},
+        Json section = {{"set", raw.elset},
+                        {"kind", kindCode(raw.kind)},
                         {"nodesPerElement", raw.nodesPerElement},
                         {"elements", raw.elements}};
-        if (sortFailure_.empty()) {
+        if (isNormalised_) {
             section["reduced"] = raw.reduced;
             section["split"] = raw.split;
             section["leftOut"] = raw.leftOut;
             if (raw.leftOut != 0)
-                section["leftOutBecause"] = raw.reason;
+                section["leftOutBecause"] = wordsOf(raw.reason).code;
             section["normalisedTo"] = Json::array();
             for (; flow != summary_.flows.end() && flow->raw == s; ++flow) {
                 const NormalisedSummary& target = summary_.normalised[flow->normalised];
@@ -203,10 +184,10 @@ Json AbaqusReport::sectionsAsJson() const {
     return sections;
 }
 
-Json AbaqusReport::meshAsJson() const {
+Json AbaqusReport::normalisedAsJson() const {
     Json mesh = {{"solid", Json::array()}, {"shell", Json::array()}};
     for (const NormalisedSummary& section : summary_.normalised)
-        mesh[section.list].push_back({{"elset", section.elset},
+        mesh[section.list].push_back({{"set", section.elset},
                                       {"origin", section.origin},
                                       {"nodesPerElement", section.nodesPerElement},
                                       {"elements", section.elements},
@@ -214,11 +195,8 @@ Json AbaqusReport::meshAsJson() const {
                                       {"merged", section.merged},
                                       {"repeated", section.repeated},
                                       {"blank", section.blank}});
-    mesh["leftOut"] = {{"unknownType", summary_.unknownType}, {"other", summary_.otherLeftOut}};
-    mesh["undefinedNodes"] = summary_.undefinedNodes;
-    mesh["faces"] = {{"loads", summary_.loadFaces},
-                     {"surfaces", summary_.surfaceFaces},
-                     {"elementsWithout", summary_.withoutFaces}};
+    mesh["loadFaces"] = summary_.loadFaces;
+    mesh["surfaceFaces"] = summary_.surfaceFaces;
     return mesh;
 }
 

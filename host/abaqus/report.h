@@ -1,4 +1,4 @@
-/// The report on an Abaqus deck: raw and normalised tables side by side.
+/// The report on an Abaqus deck: its sections and those of the normalised mesh.
 #pragma once
 
 #include <string>
@@ -13,22 +13,22 @@ class AbaqusReport final : public FileReport {
   public:
     explicit AbaqusReport(const AbaqusDeck& deck);
 
-    void print(std::ostream& out) const override;
+    void print(std::ostream& out, const PageStyle& style) const override;
     void addTo(Json& object) const override;
-    std::string failure() const override;
+    std::vector<std::pair<std::string_view, double>> seconds() const override;
 
   private:
-    void printOverview(std::ostream& out) const;
-    void printSections(std::ostream& out) const;
-    void printLosses(std::ostream& out) const;
-    std::string howItCame(const Flow& flow) const;
+    void printOverview(std::ostream& out, const PageStyle& style) const;
+    void printDeck(std::ostream& out, const PageStyle& style) const;
+    void printMesh(std::ostream& out, const PageStyle& style) const;
+    std::string destinationsOf(std::size_t section) const;
     Json sectionsAsJson() const;
-    Json meshAsJson() const;
+    Json normalisedAsJson() const;
 
     DeckSummary summary_;
     double importSeconds_;
     double normalisationSeconds_;
-    std::string sortFailure_;  // why there is no normalised mesh; empty when there is one
+    bool isNormalised_;
 };
 
 }  // namespace kvocaeio::host

@@ -12,7 +12,7 @@ KindCounts kindsOfRows(const Section& section) {
     for (std::size_t e = 0; e < section.elements; ++e) {
         const int corners = cornersOf(section, section.element(e));
         const ElementKind& kind = elementKind(section.geometry, corners);
-        count(kinds, kind.nodes == 0 ? "degenerate" : kind.name);
+        count(kinds, kind.nodes == 0 ? kDegenerate : kind.name);
     }
     return kinds;
 }
@@ -24,10 +24,10 @@ bool isWithoutFaces(const Section& section) {
     return kind.corners == 0 || kind.corners == 3 || kind.corners == 5;
 }
 
-std::string whyLeftOut(const Section& section, const DeckTables& tables) {
+LeftOut whyLeftOut(const Section& section, const DeckTables& tables) {
     if (section.geometry == Geometry::kUnknown)
-        return "unknown type";
-    return tables.nodeIds.empty() ? "the deck has no nodes" : "in no generated set";
+        return LeftOut::kUnknownType;
+    return tables.nodeIds.empty() ? LeftOut::kNoNodes : LeftOut::kInNoSet;
 }
 
 NormalisedSummary normalisedSummary(const DeckTables& tables, const ElementTrace& trace,
@@ -106,6 +106,8 @@ DeckSummary summarise(const DeckTables& tables, bool normalised) {
         if (isWithoutFaces(section))
             summary.withoutFaces += section.elements;
     }
+    summary.repeatedNodes = findRepeatedNodes(tables);
+    summary.repeatedElements = findRepeatedElements(tables);
     if (normalised)
         addTrace(summary, tables);
     return summary;

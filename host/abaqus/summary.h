@@ -3,13 +3,18 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "abaqus/element_trace.h"
+#include "abaqus/repeats.h"
 #include "abaqus/tables.h"
 #include "kind_counts.h"
 
 namespace kvocaeio::host {
+
+/// Why the normalised mesh does not hold an element.
+enum class LeftOut { kUnknownType, kNoNodes, kInNoSet };
 
 struct RawSummary {
     std::string elset;
@@ -17,11 +22,14 @@ struct RawSummary {
     int nodesPerElement = 0;
     int corners = 0;  ///< of those nodes; 0 for elements of unknown type
     std::size_t elements = 0;
-    std::size_t leftOut = 0;  ///< elements that the normalised mesh does not hold
-    std::string reason;       ///< why they are left out
-    bool reduced = false;     ///< its mid-side nodes are dropped
-    bool split = false;       ///< in several normalised sections, or only in part
+    std::size_t leftOut = 0;                 ///< elements that the normalised mesh does not hold
+    LeftOut reason = LeftOut::kUnknownType;  ///< why they are left out
+    bool reduced = false;                    ///< its mid-side nodes are dropped
+    bool split = false;                      ///< in several normalised sections, or only in part
 };
+
+/// The kind of a row whose nodes make no element.
+inline constexpr std::string_view kDegenerate = "degenerate";
 
 struct NormalisedSummary {
     std::string list;       ///< "solid" or "shell"
@@ -45,8 +53,10 @@ struct DeckSummary {
     std::vector<RawSummary> raw;
     std::vector<NormalisedSummary> normalised;
     std::vector<Flow> flows;
-    std::size_t unknownType = 0;     ///< elements left out because of their type
-    std::size_t otherLeftOut = 0;    ///< elements left out for another reason
+    std::size_t unknownType = 0;   ///< elements left out because of their type
+    std::size_t otherLeftOut = 0;  ///< elements left out for another reason
+    OidRepeats repeatedNodes;
+    OidRepeats repeatedElements;
     std::size_t undefinedNodes = 0;  ///< connectivity entries that name a node the deck lacks
     std::size_t loadFaces = 0;       ///< faces that the loads gave
     std::size_t surfaceFaces = 0;    ///< faces that the surfaces gave

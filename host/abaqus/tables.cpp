@@ -6,8 +6,9 @@ namespace kvocaeio::host {
 namespace {
 
 Section toSection(const CKVOAbaqusReader::ElemSecData& record) {
-    return {record.elset, static_cast<Geometry>(record.geometryType), record.nodesPerElem,
-            static_cast<std::size_t>(record.elemNum), record.nodes};
+    return {record.elset,        static_cast<Geometry>(record.geometryType),
+            record.nodesPerElem, static_cast<std::size_t>(record.elemNum),
+            record.nodes,        record.ids};
 }
 
 void takeNodes(CKVOAbaqusReader& reader, DeckTables& tables) {

@@ -24,6 +24,7 @@ struct Section {
     int nodesPerElement = 0;
     std::size_t elements = 0;
     const int* nodes = nullptr;  ///< in the reader's tables
+    const int* ids = nullptr;    ///< OIDs, likewise; null in the normalised mesh
 
     const int* element(std::size_t row) const {
         return nodes + row * static_cast<std::size_t>(nodesPerElement);

@@ -2,16 +2,20 @@
 #include "convert/convert.h"
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <system_error>
+#include <new>
+#include <optional>
 
-#include "c_file.h"
+#include "convert/oids.h"
+#include "convert/report.h"
+#include "convert/rounding.h"
+#include "counted.h"
 #include "formats.h"
+#include "input_file.h"
+#include "mesh_checks.h"
 #include "nastran/mesh_writer.h"
 #include "patran/mesh_writer.h"
+#include "replacement_file.h"
 
 namespace kvocaeio::host {
 
@@ -33,8 +37,8 @@ const MeshWriter& writerOf(const std::string& path) {
     for (const Target& target : kTargets)
         if (target.extension == extension)
             return *target.writer;
-    throw FileError(
-        "cannot be written: its name must end in .nas, .bdf (Nastran) or .pat (Patran)");
+    throw FileError("cannot be written: its name must end in .nas, .bdf (Nastran) or .pat (Patran)",
+                    "unknown-target");
 }
 
 /// Drops elements of nodes that are not there and nodes that no element has.
@@ -44,7 +48,7 @@ void compact(SolidMesh& mesh) {
         return std::any_of(element.nodes.begin(), element.nodes.begin() + element.corners,
                            [&](int node) { return node < 0 || node >= nodeCount; });
     });
-    note(mesh.losses, lost, "elements of nodes that are not there");
+    leaveOut(mesh, "elements-of-missing-nodes", lost, "elements", " of nodes that are not there");
     std::vector<int> newRows(mesh.nodes.size(), -1);
     for (const SolidMesh::Element& element : mesh.elements)
         for (int i = 0; i < element.corners; ++i)
@@ -54,10 +58,13 @@ void compact(SolidMesh& mesh) {
         if (newRows[row] < 0)
             continue;
         newRows[row] = static_cast<int>(used);
+        mesh.nodeOids[used] = mesh.nodeOids[row];
         mesh.nodes[used++] = mesh.nodes[row];
     }
-    note(mesh.losses, mesh.nodes.size() - used, "nodes that no written element has");
+    leaveOut(mesh, "unused-nodes", mesh.nodes.size() - used, "nodes",
+             " that no written element has");
     mesh.nodes.resize(used);
+    mesh.nodeOids.resize(used);
     for (SolidMesh::Element& element : mesh.elements)
         for (int i = 0; i < element.corners; ++i) {
             int& node = element.nodes[static_cast<std::size_t>(i)];
@@ -65,95 +72,110 @@ void compact(SolidMesh& mesh) {
         }
 }
 
-/// A file that takes the place of another once it is complete, and goes away if that never happens.
-class PartialFile {
-  public:
-    explicit PartialFile(const std::string& target) : target_(target), path_(target + ".part") {
-        if (!openFile(path_, "wb"))
-            throw FileError("cannot be written: " + systemFailure());
-    }
-    ~PartialFile() {
-        std::error_code ignored;
-        std::filesystem::remove(path_, ignored);
-    }
-    PartialFile(const PartialFile&) = delete;
-    PartialFile& operator=(const PartialFile&) = delete;
+void refuseInfinitePlaces(const SolidMesh& mesh) {
+    const auto bad = std::count_if(mesh.nodes.begin(), mesh.nodes.end(),
+                                   [](const auto& place) { return !isFinitePlace(place.data()); });
+    if (bad != 0)
+        throw FileError("has " + counted(static_cast<std::size_t>(bad), "nodes") +
+                            " with coordinates that are no finite numbers",
+                        "not-finite");
+}
 
-    const std::string& path() const { return path_; }
+void scale(SolidMesh& mesh, double factor) {
+    for (auto& place : mesh.nodes)
+        for (double& value : place)
+            value *= factor;
+}
 
-    /// Whether the file ends with `ending`, line ends aside: the library's writers do not tell
-    /// whether the disk took everything, but they write nothing more once it did not.
-    bool endsWith(std::string_view ending) const {
-        std::ifstream file(path_, std::ios::binary | std::ios::ate);
-        const auto size = static_cast<std::streamoff>(file.tellg());
-        const auto reach = std::min<std::streamoff>(size, 256);
-        std::string tail(static_cast<std::size_t>(std::max<std::streamoff>(reach, 0)), '\0');
-        file.seekg(size - reach);
-        file.read(tail.data(), reach);
-        const std::size_t last = tail.find_last_not_of("\r\n");
-        return last + 1 < tail.size() && tail.substr(0, last + 1).ends_with(ending);
-    }
-
-    void finish() {
-        std::error_code error;
-        std::filesystem::rename(path_, target_, error);
-        if (error)
-            throw FileError("cannot be written: " + error.message());
-    }
-
-  private:
-    std::string target_;
-    std::string path_;
-};
-
-SolidMesh takeSolids(const ConvertOptions& options) {
-    const Format& format = findFormat(options.source);
+SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
+    const Format& format = findFormat(file.path());
     if (format.takeSolids == nullptr)
         throw FileError("is of a format that is not converted (" + std::string(format.name) +
-                        "); Abaqus decks and Patran neutral files are");
+                            "); Abaqus decks and Patran neutral files are",
+                        "not-converted");
     SolidMesh mesh = format.takeSolids(
-        options.source, options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere);
+        file.path(), {options.normalised, options.force,
+                      options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
     compact(mesh);
     if (mesh.elements.empty())
-        throw FileError("holds no tetrahedra, wedges or hexahedra");
+        throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
+    scale(mesh, options.scale);
+    refuseInfinitePlaces(mesh);
     return mesh;
+}
+
+void write(SolidMesh& mesh, const ConvertOptions& options) {
+    const MeshWriter& writer = writerOf(options.target);
+    chooseOids(mesh, writer);
+    checkRounding(mesh, writer, options.unit);
+    ReplacementFile file(options.target);
+    if (!writer.write(mesh, file.path(), options.unit) || !file.endsWith(writer.ending))
+        throw FileError("cannot be written as a whole: the disk may be full", "cannot-be-written");
+    file.finish();
+    writer.takeNotes(mesh);
+}
+
+/// A failure, with the file that it is of.
+struct Failure {
+    std::string file;
+    std::string what;
+    std::string_view code;
+};
+
+/// Runs a step that reads or writes `file`; what stops it.
+template <class Step>
+std::optional<Failure> attempt(const std::string& file, const Step& step) {
+    try {
+        step();
+        return std::nullopt;
+    } catch (const FileError& error) {
+        return Failure{shownName(file), error.what(), error.code};
+    } catch (const std::bad_alloc&) {
+        return Failure{shownName(file), "there is not enough memory for it", "out-of-memory"};
+    }
+}
+
+std::optional<Failure> convert(const ConvertOptions& options, std::optional<SolidMesh>& written) {
+    SolidMesh mesh;
+    std::optional<InputFile> source;
+    std::optional<Failure> failure = attempt(options.target, [&] { writerOf(options.target); });
+    if (!failure)
+        failure = attempt(options.source, [&] { source.emplace(options.source); });
+    if (!failure)
+        failure = attempt(options.target, [&] {
+            if (source->identity() && source->identity() == identityOf(options.target))
+                throw FileError("cannot be written: it is the file that is read", "same-file");
+        });
+    if (!failure)
+        failure = attempt(options.source, [&] { mesh = takeSolids(*source, options); });
+    if (!failure)
+        failure = attempt(options.target, [&] { write(mesh, options); });
+    if (!failure)
+        written = std::move(mesh);
+    return failure;
 }
 
 }  // namespace
 
-void runConvert(const ConvertOptions& options) {
-    const auto complain = [](const std::string& file, const FileError& error) {
-        return FileError(file + ": " + error.what());
-    };
-    SolidMesh mesh;
-    try {
-        writerOf(options.target);
-    } catch (const FileError& error) {
-        throw complain(options.target, error);
-    }
-    try {
-        mesh = takeSolids(options);
-    } catch (const FileError& error) {
-        throw complain(options.source, error);
-    }
-    try {
-        const MeshWriter& writer = writerOf(options.target);
-        PartialFile file(options.target);
-        if (!writer.write(mesh, file.path(), options.unit) || !file.endsWith(writer.ending))
-            throw FileError("cannot be written as a whole: the disk may be full");
-        file.finish();
-        writer.takeNotes(mesh);
-    } catch (const FileError& error) {
-        throw complain(options.target, error);
-    }
-    std::cout << options.target << ": " << mesh.nodes.size() << " nodes, " << mesh.elements.size()
-              << " elements in " << mesh.sections.size() << " sections\n";
-    for (const std::string& loss : mesh.losses)
-        std::cout << "  left out: " << loss << '\n';
-    for (const std::string& remark : mesh.remarks)
-        std::cout << "  note: " << remark << '\n';
+bool runConvert(const ConvertOptions& options) {
+    std::optional<SolidMesh> written;
+    std::optional<Failure> failure = convert(options, written);
+    if (!failure && options.strict && !written->losses.empty())
+        failure = {shownName(options.target),
+                   "is written, but without what is left out, which --strict counts as a failure",
+                   "left-out"};
+    if (failure)
+        std::cerr << "kvocaeio: " << failure->file << ": " << failure->what << '\n';
+    if (options.json)
+        std::cout << conversionJson(
+            written ? &*written : nullptr, options,
+            failure ? std::optional<Note>({std::string(failure->code), 1, failure->what})
+                    : std::nullopt);
+    else if (written && !options.quiet)
+        std::cout << conversionText(*written, options);
     if (!std::cout.flush())
         throw std::runtime_error("the report cannot be written to standard output");
+    return !failure;
 }
 
 }  // namespace kvocaeio::host

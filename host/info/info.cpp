@@ -3,108 +3,178 @@
 
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <new>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <sstream>
 
 #include "formats.h"
+#include "info/file_list.h"
+#include "info/page.h"
+#include "input_file.h"
+#include "json_values.h"
 #include "package/design.h"
+#include "version_text.h"
 
 namespace kvocaeio::host {
 
 namespace {
 
-struct Opened {
-    std::string_view format;
-    std::unique_ptr<FileReport> report;
-};
-
-Opened openFile(const std::string& path, const InfoOptions&, PrintTarget progress) {
-    const Format& format = findFormat(path);
-    return {format.name, format.read(path, progress)};
-}
-
-Opened openDesign(const std::string& path, const InfoOptions& options, PrintTarget progress) {
-    return {kCadenceFormat.name, readDesign(path, options.tool, options.toolFolder, progress)};
-}
-
-Opened openReports(const std::string& path, const InfoOptions&, PrintTarget progress) {
-    return {kCadenceFormat.name, readDesignReports(path, progress)};
-}
-
-void complain(const std::string& file, const std::string& what) {
-    std::cerr << "kvocaeio: " << file << ": " << what << '\n';
-}
-
-/// Writes all of `output` to standard output at once; false when it does not arrive there.
-bool writeOut(const std::string& output) {
-    return std::fwrite(output.data(), 1, output.size(), stdout) == output.size() &&
-           std::fflush(stdout) == 0;
-}
-
 /// What one report is to be made of.
 struct Job {
     std::string path;
-    Opened (*open)(const std::string& path, const InfoOptions& options, PrintTarget progress);
+    enum class Kind { kFile, kDesign, kReports } kind;
 };
 
-std::vector<Job> jobsOf(const InfoOptions& options) {
-    std::vector<Job> jobs;
-    for (const std::string& file : options.files)
-        jobs.push_back({file, options.tool.empty() ? openFile : openDesign});
-    if (!options.reportsFolder.empty())
-        jobs.push_back({options.reportsFolder, openReports});
-    return jobs;
+struct Outcome {
+    const Format* format = nullptr;  ///< null where it is not known
+    std::unique_ptr<FileReport> report;
+    std::vector<Finding> findings;
+};
+
+void read(const Job& job, const InfoOptions& options, Outcome& outcome) {
+    const PrintTarget progress =
+        options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere;
+    if (job.kind == Job::Kind::kFile) {
+        const InputFile file(job.path);
+        outcome.format = &findFormat(file.path());
+        outcome.report = outcome.format->read(file.path(), progress);
+        return;
+    }
+    outcome.format = &kCadenceFormat;
+    outcome.report =
+        job.kind == Job::Kind::kReports
+            ? readDesignReports(job.path, progress)
+            : readDesign(job.path, {options.tool, options.toolFolder, options.toolTimeout},
+                         progress);
 }
 
-/// The report of one job, written to `out` or added to `json`; what went wrong in spite of it.
-/// Throws what stops it.
-std::string report(const Job& job, const InfoOptions& options, std::ostream& out, Json& json) {
-    const auto [format, report] = job.open(
-        job.path, options, options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere);
-    if (options.json) {
-        json["format"] = format;
-        report->addTo(json);
-    } else {
-        out << job.path << '\n' << "  " << format << '\n';
-        report->print(out);
+Outcome outcomeOf(const Job& job, const InfoOptions& options) {
+    Outcome outcome;
+    try {
+        read(job, options, outcome);
+        outcome.findings = outcome.report->findings;
+    } catch (const std::bad_alloc&) {
+        outcome.findings = {
+            {Finding::Level::kError, "out-of-memory", 1, "there is not enough memory to read it"}};
+    } catch (const FileError& error) {
+        outcome.findings = {{Finding::Level::kError, error.code, 1, error.what()}};
     }
-    return report->failure();
+    return outcome;
 }
+
+class InfoRun {
+  public:
+    explicit InfoRun(const InfoOptions& options) : options_(options), style_(styleOfOutput()) {}
+
+    bool run() {
+        for (const std::string& path : options_.files)
+            addPath(path);
+        if (!options_.reportsFolder.empty())
+            add({options_.reportsFolder, Job::Kind::kReports});
+        finish();
+        return totals_.failed == 0;
+    }
+
+  private:
+    void addPath(const std::string& path) {
+        const bool designs = !options_.tool.empty();
+        const Job::Kind kind = designs ? Job::Kind::kDesign : Job::Kind::kFile;
+        if (!isFolder(path.c_str())) {
+            add({path, kind});
+            return;
+        }
+        FileList list;
+        try {
+            list = filesIn(path, designs);
+        } catch (const FileError& error) {
+            Outcome outcome;
+            outcome.findings = {{Finding::Level::kError, error.code, 1, error.what()}};
+            show(path, outcome);
+            return;
+        }
+        totals_.passedOver += list.passedOver;
+        for (const std::string& file : list.files)
+            add({file, kind});
+    }
+
+    void add(const Job& job) { show(job.path, outcomeOf(job, options_)); }
+
+    void show(const std::string& path, const Outcome& outcome) {
+        totals_.add(outcome.findings);
+        for (const Finding& finding : outcome.findings)
+            if (finding.level == Finding::Level::kError)
+                std::cerr << "kvocaeio: " << shownName(path) << ": " << finding.text << '\n';
+        if (options_.json || options_.jsonLines) {
+            addJson(path, outcome);
+        } else if (outcome.report) {
+            std::ostringstream out;
+            out << shownName(path) << "\n  " << outcome.format->name << '\n';
+            outcome.report->print(out, style_);
+            printFindings(out, outcome.findings, style_);
+            out << '\n';
+            writeOut(out.str());
+            hasPrinted_ = true;
+        }
+    }
+
+    void addJson(const std::string& path, const Outcome& outcome) {
+        Json json = options_.jsonLines ? head() : Json::object();
+        json["file"] = path;
+        json["format"] = outcome.format != nullptr ? Json(outcome.format->code) : Json();
+        json["status"] = statusOf(outcome.findings);
+        json["findings"] = asJson(outcome.findings);
+        if (outcome.report) {
+            outcome.report->addTo(json);
+            for (const auto& [step, seconds] : outcome.report->seconds())
+                json["seconds"][std::string(step)] = seconds;
+        }
+        if (options_.jsonLines)
+            writeJson(json, -1);
+        else
+            reports_.push_back(std::move(json));
+    }
+
+    static Json head() { return {{"version", kJsonVersion}, {"library", libraryVersion()}}; }
+
+    void finish() {
+        if (options_.json) {
+            Json document = head();
+            document["files"] = std::move(reports_);
+            document["passedOver"] = totals_.passedOver;
+            writeJson(document, 2);
+        } else if (hasPrinted_) {
+            std::ostringstream out;
+            printTotals(out, totals_, style_);
+            writeOut(out.str());
+        }
+    }
+
+    /// Names in a file may be of any encoding: bytes that are no UTF-8 become replacement
+    /// characters.
+    static void writeJson(const Json& json, int indent) {
+        writeOut(json.dump(indent, ' ', false, Json::error_handler_t::replace) + "\n");
+    }
+
+    /// Writes all of `output` to standard output at once.
+    static void writeOut(const std::string& output) {
+        if (std::fwrite(output.data(), 1, output.size(), stdout) != output.size() ||
+            std::fflush(stdout) != 0)
+            throw std::runtime_error("the report cannot be written to standard output");
+    }
+
+    const InfoOptions& options_;
+    PageStyle style_;
+    Totals totals_;
+    Json reports_ = Json::array();
+    bool hasPrinted_ = false;
+};
 
 }  // namespace
 
 bool runInfo(const InfoOptions& options) {
-    bool good = true;
-    Json reports = Json::array();
-    for (const Job& job : jobsOf(options)) {
-        std::ostringstream out;
-        Json json = {{"file", job.path}};
-        std::string failure;
-        try {
-            failure = report(job, options, out, json);
-        } catch (const std::bad_alloc&) {
-            failure = "there is not enough memory to read it";
-        } catch (const FileError& error) {
-            failure = error.what();
-        }
-        if (!failure.empty()) {
-            complain(job.path, failure);
-            json["error"] = failure;
-            good = false;
-        }
-        if (options.json)
-            reports.push_back(std::move(json));
-        else if (!writeOut(out.str()))
-            throw std::runtime_error("the report cannot be written to standard output");
-    }
-    // Names in a deck may be of any encoding; bytes that are no UTF-8 become replacement
-    // characters.
-    if (options.json && !writeOut(Json{{"files", std::move(reports)}}.dump(
-                                      2, ' ', false, Json::error_handler_t::replace) +
-                                  "\n"))
-        throw std::runtime_error("the report cannot be written to standard output");
-    return good;
+    return InfoRun(options).run();
 }
 
 }  // namespace kvocaeio::host

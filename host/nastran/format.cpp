@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <array>
 
+#include "counted.h"
 #include "file_head.h"
+#include "nastran/card_forms.h"
 #include "nastran/report.h"
 #include "timed.h"
 #include <kvocaeio/nastran.h>
@@ -32,7 +34,7 @@ std::string_view kindOf(const int* slots) {
         --corners;
     switch (corners) {
         case 2:
-            return "bars and rods";
+            return "bars";
         case 4:
             return "tetrahedra";
         case 6:
@@ -61,6 +63,7 @@ void takeElements(KVONASTRAN_Reader& reader, NastranReport& report) {
         return oid >= 1 && oid <= report.nodeRows &&
                nodes[4 * (static_cast<std::size_t>(oid) - 1)] != 0.0f;
     };
+    std::size_t undefinedNodes = 0;
     report.elementRows = reader.GetElemCout();
     const int* row = reader.GetElemVector();
     for (int i = 0; i < report.elementRows; ++i, row += 9) {
@@ -68,20 +71,41 @@ void takeElements(KVONASTRAN_Reader& reader, NastranReport& report) {
             continue;
         ++report.elements;
         count(report.kinds, kindOf(row + 1));
-        report.undefinedNodes +=
-            static_cast<std::size_t>(8 - std::count_if(row + 1, row + 9, isDefined));
+        undefinedNodes += static_cast<std::size_t>(8 - std::count_if(row + 1, row + 9, isDefined));
     }
+    report.warn("undefined-node", undefinedNodes,
+                "no such node: " + counted(undefinedNodes, "times") + " in elements");
+}
+
+/// Why the reader refused the deck, which it could open: what it does not tell, the cards tell.
+FileError refusalOf(KVONASTRAN_Reader& reader, const CardForms& forms) {
+    const bool hasNodes = reader.GetNodeCout() > 0;
+    const bool hasElements = reader.GetElemCout() > 0;
+    if (hasNodes && hasElements)
+        return FileError("has no property card with an OID above 0", "nothing-read");
+    if (!hasNodes && !hasElements && forms.fixedGrids != 0 && forms.fixedElements != 0)
+        return FileError(
+            "cannot be read: there is not enough memory for its rows, one for each "
+            "OID up to the largest",
+            "out-of-memory");
+    if (forms.freeGrids != 0)
+        return FileError("has " + counted(forms.freeGrids, "GRID cards") +
+                             " in free or large fields, with commas or asterisks; only fixed "
+                             "fields of eight columns are read",
+                         "free-fields");
+    return FileError(hasNodes ? "has no element card with an OID above 0"
+                              : "has no GRID card with an OID above 0",
+                     "nothing-read");
 }
 
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     auto report = std::make_unique<NastranReport>();
     KVONASTRAN_Reader reader;
     bool good = false;
-    report->seconds = timed(progress, [&] { good = reader.SetFilePath(path.c_str()); });
+    report->importSeconds = timed(progress, [&] { good = reader.SetFilePath(path.c_str()); });
+    const CardForms forms = countCardForms(path);
     if (!good)
-        throw FileError(
-            "holds no GRID card, or no element card, with an OID above 0 (or there is not enough "
-            "memory for the rows of its largest OIDs)");
+        throw refusalOf(reader, forms);
     takeNodes(reader, *report);
     takeElements(reader, *report);
     const int* section = reader.GetSectionVector();
@@ -89,11 +113,17 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
         if (section[0] != 0 || section[1] != 0)
             report->sections.push_back({section[0], section[1], section[2]});
     report->materials = reader.GetPropertiesCout();
+    report->warnOfNonFinite(report->box.nonFinite, "nodes");
+    report->find(Finding::Level::kError, "free-fields", forms.freeCards,
+                 "has free or large fields, which are read wrongly, on " +
+                     counted(forms.freeCards, "cards") +
+                     "; only fixed fields of eight columns are read as they are meant");
     return report;
 }
 
 }  // namespace
 
-const Format kNastranFormat = {"Nastran bulk data", kExtensions, recognises, read, nullptr};
+const Format kNastranFormat = {"Nastran bulk data", "nastran", kExtensions,
+                               recognises,          read,      nullptr};
 
 }  // namespace kvocaeio::host

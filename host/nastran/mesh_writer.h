@@ -5,8 +5,8 @@
 
 namespace kvocaeio::host {
 
-/// Nodes and elements numbered from 1, a property for each section, told by a comment. The unit
-/// goes into the header.
+/// A property for each section, numbered from 1 and told by a comment. The unit goes into the
+/// header.
 extern const MeshWriter kNastranWriter;
 
 }  // namespace kvocaeio::host

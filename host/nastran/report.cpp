@@ -21,44 +21,40 @@ std::string ofRows(std::size_t used, int rows) {
 
 }  // namespace
 
-void NastranReport::print(std::ostream& out) const {
-    TextTable overview("ll");
+void NastranReport::print(std::ostream& out, const PageStyle& style) const {
+    TextTable overview("lw");
     overview.add({"nodes", ofRows(nodes, nodeRows)});
     overview.add({"bounding box", asText(box)});
     overview.add({"elements", ofRows(elements, elementRows)});
     if (!kinds.empty())
         overview.add({"by kind", asText(kinds)});
-    if (undefinedNodes != 0)
-        overview.add({"no such node", std::to_string(undefinedNodes) + " times in elements"});
-    overview.add({"sections", std::to_string(sections.size())});
+    overview.add({"properties", std::to_string(sections.size())});
     overview.add({"materials", std::to_string(materials)});
-    overview.add({"time taken", secondsText(seconds)});
-    overview.print(out, "  ");
-    out << '\n';
+    overview.add({"time taken", secondsText(importSeconds)});
+    overview.print(out, style.width);
     if (sections.empty())
         return;
     TextTable table("rrr");
     table.add({"property", "material", "value"});
     for (const auto& [property, material, value] : sections)
         table.add({std::to_string(property), std::to_string(material), std::to_string(value)});
-    table.print(out, "  ");
     out << '\n';
+    table.print(out, style.width);
 }
 
 void NastranReport::addTo(Json& object) const {
-    object["nodes"] = nodes;
-    object["nodeRows"] = nodeRows;
-    object["boundingBox"] = asJson(box);
-    object["elements"] = elements;
-    object["elementRows"] = elementRows;
-    object["elementsByKind"] = asJson(kinds);
-    object["undefinedNodes"] = undefinedNodes;
-    object["sections"] = Json::array();
+    object["mesh"] = meshAsJson(nodes, box, elements, kinds);
+    Json properties = Json::array();
     for (const auto& [property, material, value] : sections)
-        object["sections"].push_back(
-            {{"property", property}, {"material", material}, {"value", value}});
-    object["materials"] = materials;
-    object["seconds"] = seconds;
+        properties.push_back({{"property", property}, {"material", material}, {"value", value}});
+    object["nastran"] = {{"nodeRows", nodeRows},
+                         {"elementRows", elementRows},
+                         {"properties", std::move(properties)},
+                         {"materials", materials}};
+}
+
+std::vector<std::pair<std::string_view, double>> NastranReport::seconds() const {
+    return {{"import", importSeconds}};
 }
 
 }  // namespace kvocaeio::host

@@ -19,13 +19,13 @@ class NastranReport final : public FileReport {
     int elementRows = 0;
     std::size_t elements = 0;
     KindCounts kinds;
-    std::size_t undefinedNodes = 0;            ///< entries that name a node the deck lacks
     std::vector<std::array<int, 3>> sections;  ///< property, material, value
     int materials = 0;
-    double seconds = 0.0;
+    double importSeconds = 0.0;
 
-    void print(std::ostream& out) const override;
+    void print(std::ostream& out, const PageStyle& style) const override;
     void addTo(Json& object) const override;
+    std::vector<std::pair<std::string_view, double>> seconds() const override;
 };
 
 }  // namespace kvocaeio::host

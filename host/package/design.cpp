@@ -1,11 +1,16 @@
 /// Cadence designs, read through an extraction tool or from its reports.
 #include "package/design.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
+#include "c_file.h"
+#include "clean_name.h"
+#include "input_file.h"
 #include "package/report.h"
 #include "timed.h"
+#include "tool_run.h"
 #include <kvocaeio/package.h>
 
 namespace kvocaeio::host {
@@ -14,47 +19,96 @@ namespace {
 
 constexpr std::array<std::string_view, 3> kExtensions = {".mcm", ".sip", ".brd"};
 
-std::unique_ptr<FileReport> import(CKVOCadenceReader& reader, const std::string& path,
-                                   const std::string& folder, PrintTarget progress) {
-    if (!isFolder(folder.c_str()))
-        throw FileError("the folder " + folder + " does not exist");
+std::unique_ptr<PackageReport> import(CKVOCadenceReader& reader, const std::string& path,
+                                      const std::string& folder, PrintTarget progress) {
     reader.SetTempFilePath(folder.c_str());
     std::string failure;
     const double seconds = timed(progress, [&] {
         try {
             if (!reader.ImportCadenceFile(path.c_str()))
-                failure = "no reports of a design that can be used are in " + folder +
+                failure = "no reports of a design that can be used are in " + cleanName(folder) +
                           " (CmdFile1.txt, CmdFile2.txt, and CmdFile3.txt of a .sip design)";
         } catch (const std::out_of_range&) {
-            failure = "the report CmdFile2.txt in " + folder + " has no job line of two cells";
+            failure =
+                "the report CmdFile2.txt in " + cleanName(folder) + " has no job line of two cells";
         }
     });
     auto report = std::make_unique<PackageReport>(reader, PackageSource::kCadence);
-    report->seconds = seconds;
-    report->importFailure = failure;
+    report->importSeconds = seconds;
+    report->find(Finding::Level::kError, "no-usable-reports", failure.empty() ? 0 : 1, failure);
     return report;
 }
 
+void requireFolder(const std::string& folder) {
+    if (!isFolder(folder.c_str()))
+        throw FileError("the folder " + cleanName(folder) + " does not exist", "no-such-folder");
+}
+
+void requireDesign(const std::string& path) {
+    refuseSpecialFile(path);
+    if (!openFile(path, "rb"))
+        throw FileError("cannot be read: " + systemFailure());
+}
+
+/// What went wrong in the tool's runs, for the user; empty where nothing did. Runs that the time
+/// did not suffice for are told once.
+std::string failureOf(const std::vector<ToolRun>& runs) {
+    std::string failure;
+    for (const ToolRun& run : runs) {
+        const std::string how = asText(run);
+        const bool isGood = run.end == ToolRun::End::kExited && run.code == 0;
+        if (!isGood && failure.find(how) == std::string::npos)
+            failure += (failure.empty() ? "the extraction tool " : " and then ") + how;
+    }
+    return failure;
+}
+
+/// What went wrong in the tool's runs is why the import failed, where it did.
+void addToolFailure(const std::string& failure, FileReport& report) {
+    if (failure.empty())
+        return;
+    const auto consequence =
+        std::ranges::find(report.findings, Finding::Level::kError, &Finding::level);
+    const bool isAlone = consequence == report.findings.end();
+    const std::string text = isAlone ? failure : failure + "; " + consequence->text;
+    if (!isAlone)
+        report.findings.erase(consequence);
+    report.find(Finding::Level::kError, "tool-failed", 1, text);
+}
+
 std::unique_ptr<FileReport> refuse(const std::string&, PrintTarget) {
-    throw FileError("is a design that needs an extraction tool: give --tool and --temp");
+    throw FileError("is a design that needs an extraction tool: give --tool and --temp",
+                    "needs-tool");
 }
 
 }  // namespace
 
-std::unique_ptr<FileReport> readDesign(const std::string& path, const std::string& tool,
-                                       const std::string& folder, PrintTarget progress) {
+std::unique_ptr<FileReport> readDesign(const std::string& path, const ToolRequest& request,
+                                       PrintTarget progress) {
+    requireFolder(request.folder);
+    requireDesign(path);
+    const auto tool = findTool(request.tool);
+    if (!tool)
+        throw FileError(
+            "the extraction tool " + cleanName(request.tool) + " does not exist or is no program",
+            "no-such-tool");
     CKVOCadenceReader reader;
-    reader.SetExeFilePath(tool.c_str());
-    return import(reader, path, folder, progress);
+    ToolWatch watch(*tool, request.seconds);
+    reader.SetExeFilePath(watch.launcher().c_str());
+    std::unique_ptr<PackageReport> report = import(reader, path, request.folder, progress);
+    addToolFailure(failureOf(watch.runs()), *report);
+    return report;
 }
 
 std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTarget progress) {
+    requireFolder(folder);
     CKVOCadenceReader reader;
     return import(reader, "", folder, progress);
 }
 
 // A design is a database: nothing in its first bytes is known, its extension must do.
-const Format kCadenceFormat = {"Cadence design", kExtensions,
-                               [](std::string_view) { return false; }, refuse, nullptr};
+const Format kCadenceFormat = {"Cadence design", "cadence",
+                               kExtensions,      [](std::string_view) { return false; },
+                               refuse,           nullptr};
 
 }  // namespace kvocaeio::host

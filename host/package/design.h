@@ -10,9 +10,16 @@ namespace kvocaeio::host {
 
 extern const Format kCadenceFormat;
 
-/// Opens the design at `path` with the tool at `tool`, whose files go into `folder`.
-std::unique_ptr<FileReport> readDesign(const std::string& path, const std::string& tool,
-                                       const std::string& folder, PrintTarget progress);
+struct ToolRequest {
+    std::string tool;    ///< as `findTool` takes it
+    std::string folder;  ///< for the tool's command files and reports
+    double seconds;      ///< that all its runs may take together
+};
+
+/// Opens the design at `path` with an extraction tool. Where design, tool or folder do not exist,
+/// it throws `FileError` before anything is deleted.
+std::unique_ptr<FileReport> readDesign(const std::string& path, const ToolRequest& request,
+                                       PrintTarget progress);
 
 /// Reads the reports that a tool has left in `folder`.
 std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTarget progress);

@@ -2,9 +2,11 @@
 #include "package/format.h"
 
 #include <array>
+#include <new>
 #include <stdexcept>
 
 #include "file_head.h"
+#include "memory_watch.h"
 #include "package/report.h"
 #include "timed.h"
 #include <kvocaeio/package.h>
@@ -32,27 +34,37 @@ bool recognises(std::string_view head) {
 
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     CKVOCadenceReader reader;
-    std::string failure;
+    Finding failure{Finding::Level::kError, "", 1, ""};
     const double seconds = timed(progress, [&] {
+        const MemoryWatch memory;
         try {
-            if (!reader.Import3DIFile(path.c_str()))
-                failure =
-                    "its object table has no SYMBOL or its layer table no OUTLINE (or there "
-                    "is not enough memory)";
+            if (reader.Import3DIFile(path.c_str()))
+                return;
+            if (memory.ranOut())
+                throw std::bad_alloc();
+            failure.code = "no-symbol-or-outline";
+            failure.text = "its object table has no SYMBOL or its layer table no OUTLINE";
+            if (!MemoryWatch::kSeesLibrary)
+                failure.text += " (or there is not enough memory)";
         } catch (const std::out_of_range&) {
-            failure =
-                "a body has no colour of the colour table, or no name and no layer; bodies "
-                "behind it and all wires are missing";
+            failure.code = "unknown-colour-or-layer";
+            failure.text =
+                "a body has no colour of the colour table, or no name and no layer; bodies after "
+                "it and all wires are missing";
         }
     });
     auto report = std::make_unique<PackageReport>(reader, PackageSource::k3di);
-    report->seconds = seconds;
-    report->importFailure = failure;
+    report->importSeconds = seconds;
+    if (failure.code.empty() && report->isEmpty())
+        failure = {Finding::Level::kError, "nothing-read", 1,
+                   "holds no bodies and no wires of a 3DI package"};
+    if (!failure.code.empty())
+        report->findings.push_back(std::move(failure));
     return report;
 }
 
 }  // namespace
 
-const Format k3diFormat = {"3DI package", kExtensions, recognises, read, nullptr};
+const Format k3diFormat = {"3DI package", "3di", kExtensions, recognises, read, nullptr};
 
 }  // namespace kvocaeio::host

@@ -10,7 +10,10 @@
 #include <stdexcept>
 
 #include "bounding_box.h"
+#include "clean_name.h"
+#include "counted.h"
 #include "kind_counts.h"
+#include "mesh_checks.h"
 #include "text_table.h"
 #include "timed.h"
 #include <kvocaeio/package.h>
@@ -73,6 +76,13 @@ std::string PackageReport::colorOf(const PackageBody& body) const {
 PackageReport::PackageReport(CKVOCadenceReader& reader, PackageSource source) : source_(source) {
     takeBodies(reader);
     takeWires(reader);
+    warnOfNonFinite(static_cast<std::size_t>(
+                        std::ranges::count_if(bodies_,
+                                              [](const PackageBody& body) {
+                                                  return !isFinitePlace(body.center.data()) ||
+                                                         !isFinitePlace(body.size.data());
+                                              })),
+                    "bodies");
 }
 
 void PackageReport::takeBodies(CKVOCadenceReader& reader) {
@@ -129,99 +139,112 @@ void PackageReport::takeWires(CKVOCadenceReader& reader) {
     }
 }
 
-void PackageReport::print(std::ostream& out) const {
+void PackageReport::print(std::ostream& out, const PageStyle& style) const {
     KindCounts kinds;
     for (const PackageBody& body : bodies_)
-        count(kinds, body.kind);
-    for (auto& [kind, number] : kinds)
-        kind += number == 1 ? "" : "s";
-    TextTable table("ll");
+        count(kinds, body.kind + "s");
+    TextTable table("lw");
     table.add(
         {"bodies", std::to_string(bodies_.size()) + (kinds.empty() ? "" : ": ") + asText(kinds)});
     table.add({"wires", std::to_string(wires_)});
-    table.add({"time taken", secondsText(seconds)});
-    table.print(out, "  ");
-    printBodies(out);
-    printWires(out);
-    out << '\n';
+    table.add({"time taken", secondsText(importSeconds)});
+    table.print(out, style.width);
+    printBodies(out, style);
+    printBalls(out, style);
+    printWires(out, style);
 }
 
-void PackageReport::printBodies(std::ostream& out) const {
-    if (bodies_.empty())
-        return;
-    TextTable table("lllll");
+void PackageReport::printBodies(std::ostream& out, const PageStyle& style) const {
+    TextTable table("lnwwl");
     table.add(
         {"body", "name", "centre mm", "size mm", source_ == PackageSource::k3di ? "colour" : ""});
-    // A package may have thousands of balls: those that look the same share a line.
+    bool areAny = false;
+    for (const PackageBody& body : bodies_) {
+        if (body.isBall)
+            continue;
+        areAny = true;
+        table.add(
+            {body.kind, cleanName(body.name), asText(body.center),
+             number(body.size[0]) + " x " + number(body.size[1]) + " x " + number(body.size[2]),
+             colorOf(body)});
+    }
+    if (!areAny)
+        return;
+    out << '\n';
+    table.print(out, style.width);
+}
+
+// A package may have thousands of balls: those that look the same share a line.
+void PackageReport::printBalls(std::ostream& out, const PageStyle& style) const {
     struct Balls {
         std::size_t number = 0;
         BoundingBox centers;
     };
     std::map<std::array<std::string, 3>, Balls> balls;
     for (const PackageBody& body : bodies_) {
-        const auto& [x, y, z, ignored1, ignored2] = body.size;
-        if (!body.isBall) {
-            table.add({body.kind, printable(body.name), asText(body.center),
-                       number(x) + " x " + number(y) + " x " + number(z), colorOf(body)});
+        if (!body.isBall)
             continue;
-        }
-        Balls& group = balls[{printable(body.name), "diameter " + number(x), colorOf(body)}];
+        Balls& group = balls[{cleanName(body.name), number(body.size[0]), colorOf(body)}];
         ++group.number;
         group.centers.add(body.center.data());
     }
-    for (const auto& [key, group] : balls) {
-        const auto& [name, size, color] = key;
-        table.add({group.number == 1 ? "solder ball" : std::to_string(group.number) + " balls",
-                   name, group.number == 1 ? asText(group.centers.low) : asText(group.centers),
-                   size, color});
-    }
+    if (balls.empty())
+        return;
+    TextTable table("rnrlw");
+    table.add({"balls", "layer", "diameter mm", "colour", "centres mm"});
+    for (const auto& [key, group] : balls)
+        table.add({std::to_string(group.number), key[0], key[1], key[2],
+                   group.number == 1 ? asText(group.centers.low) : asText(group.centers)});
     out << '\n';
-    table.print(out, "  ");
+    table.print(out, style.width);
 }
 
-void PackageReport::printWires(std::ostream& out) const {
+void PackageReport::printWires(std::ostream& out, const PageStyle& style) const {
     if (profiles_.empty())
         return;
-    TextTable table("rlrlrrl");
+    TextTable table("rnrwrrl");
     table.add({"profile", "model", "wires", "diameter mm", "points", "length mm", "colour"});
     for (const WireProfile& profile : profiles_)
         table.add(
             {std::to_string(profile.number),
-             profile.name ? printable(*profile.name) : "(no such model)",
+             profile.name ? cleanName(*profile.name) : "(no such model)",
              std::to_string(profile.wires),
              profile.wires == 0 ? "-" : range(profile.smallestDiameter, profile.largestDiameter),
              std::to_string(profile.points), number(profile.length),
              profile.color ? colorText(*profile.color) : "-"});
     out << '\n';
-    table.print(out, "  ");
+    table.print(out, style.width);
 }
 
 void PackageReport::addTo(Json& object) const {
-    object["bodies"] = Json::array();
+    Json bodies = Json::array();
     for (const PackageBody& body : bodies_) {
-        Json entry = {{"kind", body.kind}, {"name", body.name}, {"center", body.center}};
+        Json entry = {{"kind", kindCode(body.kind)}, {"name", body.name}, {"center", body.center}};
         if (body.isBall)
             entry["diameter"] = body.size[0];
         else
             entry["size"] = {body.size[0], body.size[1], body.size[2]};
         if (source_ == PackageSource::k3di)
             entry["color"] = colorOf(body);
-        object["bodies"].push_back(std::move(entry));
+        bodies.push_back(std::move(entry));
     }
-    object["wires"] = wires_;
-    object["wireProfiles"] = Json::array();
+    Json profiles = Json::array();
     for (const WireProfile& profile : profiles_)
-        object["wireProfiles"].push_back(
-            {{"profile", profile.number},
-             {"model", profile.name ? Json(*profile.name) : Json()},
-             {"wires", profile.wires},
-             {"diameters", profile.wires == 0
-                               ? Json()
-                               : Json{profile.smallestDiameter, profile.largestDiameter}},
-             {"points", profile.points},
-             {"length", profile.length},
-             {"color", profile.color ? Json(colorText(*profile.color)) : Json()}});
-    object["seconds"] = seconds;
+        profiles.push_back({{"profile", profile.number},
+                            {"model", profile.name ? Json(*profile.name) : Json()},
+                            {"wires", profile.wires},
+                            {"diameters", profile.wires == 0 ? Json()
+                                                             : Json{profile.smallestDiameter,
+                                                                    profile.largestDiameter}},
+                            {"points", profile.points},
+                            {"length", profile.length},
+                            {"color", profile.color ? Json(colorText(*profile.color)) : Json()}});
+    object["package"] = {
+        {"bodies", std::move(bodies)}, {"wires", wires_}, {"wireProfiles", std::move(profiles)}};
+}
+
+std::vector<std::pair<std::string_view, double>> PackageReport::seconds() const {
+    return {{"import", importSeconds}};
 }
 
 }  // namespace kvocaeio::host

@@ -41,20 +41,22 @@ class PackageReport final : public FileReport {
     /// Takes over what an import has left.
     PackageReport(CKVOCadenceReader& reader, PackageSource source);
 
-    double seconds = 0.0;
-    std::string importFailure;
+    double importSeconds = 0.0;
 
-    void print(std::ostream& out) const override;
+    void print(std::ostream& out, const PageStyle& style) const override;
     void addTo(Json& object) const override;
-    std::string failure() const override { return importFailure; }
+    std::vector<std::pair<std::string_view, double>> seconds() const override;
+
+    bool isEmpty() const { return bodies_.empty() && wires_ == 0; }
 
   private:
     void takeBodies(CKVOCadenceReader& reader);
     void takeWires(CKVOCadenceReader& reader);
     std::string kindOf(const PackageBody& body) const;
     std::string colorOf(const PackageBody& body) const;
-    void printBodies(std::ostream& out) const;
-    void printWires(std::ostream& out) const;
+    void printBodies(std::ostream& out, const PageStyle& style) const;
+    void printBalls(std::ostream& out, const PageStyle& style) const;
+    void printWires(std::ostream& out, const PageStyle& style) const;
 
     std::vector<PackageBody> bodies_;
     std::vector<WireProfile> profiles_;  // in the order of their numbers

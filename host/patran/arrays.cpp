@@ -30,7 +30,8 @@ const Shape& shapeOf(int code) {
 
 void import(CPatranReader& reader, const std::string& path) {
     if (!reader.ImportFromPatFile(path.c_str()))
-        throw FileError("cannot be imported: there is not enough memory for what it announces");
+        throw FileError("cannot be imported: there is not enough memory for what it announces",
+                        "out-of-memory");
 }
 
 ArrayElement elementAt(CPatranReader& reader, int index) {

@@ -3,8 +3,12 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <map>
+#include <new>
+#include <vector>
 
+#include "mesh_checks.h"
 #include "patran/arrays.h"
 #include "patran/report.h"
 #include "patran/solids.h"
@@ -28,65 +32,102 @@ bool recognises(std::string_view head) {
            card.find_first_not_of(" -0123456789\r", 2) == std::string_view::npos;
 }
 
-PatranView viewOf(CKVO_PatranIO_Bridge& reader) {
+std::size_t rows(int number) {
+    return static_cast<std::size_t>(std::max(0, number));
+}
+
+PatranView viewOf(CKVO_PatranIO_Bridge& reader, double seconds) {
     PatranView view;
-    view.nodes = reader.GetNodeCount();
-    view.elements = reader.GetElementCount();
-    for (int i = 0; i < view.nodes; ++i) {
+    view.seconds = seconds;
+    view.nodes = rows(reader.GetNodeCount());
+    view.elements = rows(reader.GetElementCount());
+    for (int i = 0; i < reader.GetNodeCount(); ++i) {
         std::array<float, 3> place{};
         reader.GetNodeCoordinate(i, &place[0], &place[1], &place[2]);
         view.box.add(place.data());
     }
-    std::map<int, std::size_t> types;
-    for (int i = 0; i < view.elements; ++i) {
-        std::array<int, 4> nodes{};
-        std::array<double, 3> values{};
-        int type = 0;
-        reader.GetElementDataBase(i, &nodes[0], &nodes[1], &nodes[2], &nodes[3], &type, &values[0],
-                                  &values[1], &values[2]);
-        ++types[type];
-    }
-    // With properties these are property types, without them shapes: the reader does not say.
-    for (const auto& [type, elements] : types)
-        count(view.kinds, "of type " + std::to_string(type), elements);
     return view;
 }
 
-PatranView viewOf(CPatranReader& reader) {
+std::vector<int> typesOf(CKVO_PatranIO_Bridge& reader) {
+    std::vector<int> types(rows(reader.GetElementCount()));
+    int index = 0;
+    for (int& type : types) {
+        std::array<int, 4> nodes{};
+        std::array<double, 3> values{};
+        reader.GetElementDataBase(index++, &nodes[0], &nodes[1], &nodes[2], &nodes[3], &type,
+                                  &values[0], &values[1], &values[2]);
+    }
+    return types;
+}
+
+PatranView viewOf(CPatranReader& reader, double seconds) {
     PatranView view;
-    view.nodes = reader.GetNodeCout();
-    view.elements = reader.GetElemCount();
-    for (int i = 0; i < view.nodes; ++i)
+    view.seconds = seconds;
+    view.nodes = rows(reader.GetNodeCout());
+    view.elements = rows(reader.GetElemCount());
+    for (int i = 0; i < reader.GetNodeCout(); ++i)
         view.box.add(nodeAt(reader, i).data());
-    std::map<int, std::size_t> shapes;
-    for (int i = 0; i < view.elements; ++i)
-        ++shapes[elementAt(reader, i).shape];
-    for (const auto& [shape, elements] : shapes)
-        count(view.kinds, shapeOf(shape).name, elements);
     return view;
+}
+
+/// Counts the shapes, of all elements and by those types of theirs that are known.
+void countKinds(CPatranReader& reader, const std::vector<int>& types, PatranReport& report) {
+    using Pair = std::pair<int, int>;  // shape, type
+    std::map<Pair, std::size_t> pairs;
+    std::map<int, std::size_t> shapes;
+    for (int i = 0; i < reader.GetElemCount(); ++i) {
+        const int shape = elementAt(reader, i).shape;
+        ++shapes[shape];
+        if (rows(i) < types.size())
+            ++pairs[{shape, types[rows(i)]}];
+    }
+    for (const auto& [shape, elements] : shapes)
+        count(report.kinds, shapeOf(shape).name, elements);
+    for (const auto& [pair, elements] : pairs)
+        count(report.types[pair.second], shapeOf(pair.first).name, elements);
+}
+
+/// Whether one of the file's last lines is the packet that ends it.
+bool hasEnd(const std::string& path) {
+    constexpr std::streamoff kReach = std::streamoff{1} << 16;
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    const std::streamoff size = file.tellg();
+    file.seekg(std::max<std::streamoff>(size - kReach, 0));
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with("99"))
+            return true;
+    return false;
 }
 
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     auto report = std::make_unique<PatranReport>();
+    std::vector<int> types;
     {
         CKVO_PatranIO_Bridge reader;
         bool imported = false;
-        report->bridgeSeconds =
+        const double seconds =
             timed(progress, [&] { imported = reader.ImportFromPatFile(path.c_str()); });
         if (!imported)
-            throw FileError("cannot be imported: there is not enough memory");
-        report->bridge = viewOf(reader);
+            throw std::bad_alloc();
+        report->bridge = viewOf(reader, seconds);
+        types = typesOf(reader);
     }
     CPatranReader reader;
-    report->arraysSeconds = timed(progress, [&] { import(reader, path); });
-    report->arrays = viewOf(reader);
+    const double seconds = timed(progress, [&] { import(reader, path); });
+    report->arrays = viewOf(reader, seconds);
+    requireMesh(std::max(report->bridge.nodes, report->arrays.nodes), 0, "a Patran neutral file");
+    countKinds(reader, types, *report);
     report->properties = reader.GetPropertyCount();
+    report->warnOfNonFinite(report->arrays.box.nonFinite, "nodes");
+    report->warn("no-end", hasEnd(path) ? 0 : 1,
+                 "no packet 99 at the end: the file may have been cut off");
     return report;
 }
 
 }  // namespace
 
-const Format kPatranFormat = {"Patran neutral file", kExtensions, recognises, read,
+const Format kPatranFormat = {"Patran neutral file", "patran", kExtensions, recognises, read,
                               takePatranSolids};
 
 }  // namespace kvocaeio::host

@@ -12,28 +12,31 @@ bool write(const SolidMesh& mesh, const std::string& path, const std::string&) {
     writer.SetFilePath(path.c_str());
     writer.SetNodeCount(static_cast<int>(mesh.nodes.size()));
     writer.SetNodeArray();
-    int index = 0;
-    for (const auto& [x, y, z] : mesh.nodes)
-        writer.AddNode(index++, x, y, z);
+    for (std::size_t row = 0; row < mesh.nodes.size(); ++row) {
+        const auto& [x, y, z] = mesh.nodes[row];
+        writer.AddNode(mesh.nodeOids[row] - 1, x, y, z);
+    }
     writer.SetElemCount(static_cast<int>(mesh.elements.size()));
     if (!writer.SetElemArray())
         return false;
-    index = 0;
     for (const SolidMesh::Element& element : mesh.elements) {
-        std::array<int, 8> ids = idsOf(element);
-        writer.AddElement(index++, element.corners, ids.data());
+        std::array<int, 8> oids = oidsOf(mesh, element);
+        writer.AddElement(element.oid - 1, element.corners, oids.data());
     }
     return writer.WriteFile();
 }
 
 void takeNotes(SolidMesh& mesh) {
-    remarkOnRounding(mesh, std::chars_format::scientific, 6, "seven digits");
-    note(mesh.losses, mesh.sections.size(), "sections: elements have no property in the file");
+    leaveOut(mesh, "sections", mesh.sections.size(), "sections",
+             ": elements have no property in the file");
 }
 
 }  // namespace
 
 const MeshWriter kPatranWriter = {
-    write, "99       0       0       1       0       0       0       080", takeNotes};
+    write,    "99       0       0       1       0       0       0       080",
+    0,        std::chars_format::scientific,
+    6,        "seven digits",
+    takeNotes};
 
 }  // namespace kvocaeio::host

@@ -5,7 +5,7 @@
 
 namespace kvocaeio::host {
 
-/// Nodes and elements numbered from 1. The unit has no place in the file.
+/// The library numbers nodes and elements from 1. The unit has no place in the file.
 extern const MeshWriter kPatranWriter;
 
 }  // namespace kvocaeio::host

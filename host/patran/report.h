@@ -1,6 +1,8 @@
 /// The report on a Patran neutral file: what each of its two readers makes of it.
 #pragma once
 
+#include <cstddef>
+#include <map>
 #include <string>
 
 #include "bounding_box.h"
@@ -11,22 +13,23 @@ namespace kvocaeio::host {
 
 /// What one of the readers makes of the file.
 struct PatranView {
-    int nodes = 0;
+    std::size_t nodes = 0;
     BoundingBox box;
-    int elements = 0;
-    KindCounts kinds;
+    std::size_t elements = 0;
+    double seconds = 0.0;
 };
 
 class PatranReport final : public FileReport {
   public:
-    PatranView bridge;  ///< of `CKVO_PatranIO_Bridge`
-    PatranView arrays;  ///< of `CPatranReader`
+    PatranView bridge;                ///< of `CKVO_PatranIO_Bridge`
+    PatranView arrays;                ///< of `CPatranReader`
+    KindCounts kinds;                 ///< by the shapes that `CPatranReader` returns
+    std::map<int, KindCounts> types;  ///< the same by the types that `CKVO_PatranIO_Bridge` returns
     int properties = 0;
-    double bridgeSeconds = 0.0;
-    double arraysSeconds = 0.0;
 
-    void print(std::ostream& out) const override;
+    void print(std::ostream& out, const PageStyle& style) const override;
     void addTo(Json& object) const override;
+    std::vector<std::pair<std::string_view, double>> seconds() const override;
 };
 
 }  // namespace kvocaeio::host

@@ -5,17 +5,24 @@
 #include <map>
 
 #include "kind_counts.h"
+#include "mesh_checks.h"
 #include "patran/arrays.h"
 #include "timed.h"
 #include <kvocaeio/patran.h>
 
 namespace kvocaeio::host {
 
-SolidMesh takePatranSolids(const std::string& path, PrintTarget progress) {
+SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request) {
+    if (request.normalised)
+        throw FileError("has no normalised mesh: only Abaqus decks have one", "not-normalised");
     CPatranReader reader;
-    timed(progress, [&] { import(reader, path); });
+    timed(request.progress, [&] { import(reader, path); });
+    requireMesh(static_cast<std::size_t>(std::max(0, reader.GetNodeCout())),
+                static_cast<std::size_t>(std::max(0, reader.GetElemCount())),
+                "a Patran neutral file");
     SolidMesh mesh;
     mesh.nodes.resize(static_cast<std::size_t>(std::max(0, reader.GetNodeCout())));
+    mesh.nodeOids.resize(mesh.nodes.size());
     int row = 0;
     for (std::array<double, 3>& node : mesh.nodes) {
         const std::array<float, 3> place = nodeAt(reader, row++);
@@ -33,10 +40,12 @@ SolidMesh takePatranSolids(const std::string& path, PrintTarget progress) {
         const auto [section, isNew] = sections.emplace(element.property, sections.size());
         if (isNew)
             mesh.sections.push_back("property " + std::to_string(element.property));
-        mesh.elements.push_back({section->second, shape.corners, element.nodes});
+        mesh.elements.push_back({section->second, shape.corners, element.nodes, 0});
     }
-    for (const auto& [name, number] : others)
-        note(mesh.losses, number, name);
+    leaveOut(mesh, others);
+    mesh.remarks.push_back({"oids-unknown", 1,
+                            "the library does not return the OIDs of a Patran file: nodes and "
+                            "elements are numbered from 1"});
     return mesh;
 }
 

@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "platform.h"
+#include "formats.h"
 #include "solid_mesh.h"
 
 namespace kvocaeio::host {
 
 /// Throws `FileError` where there is no mesh to take.
-SolidMesh takePatranSolids(const std::string& path, PrintTarget progress);
+SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request);
 
 }  // namespace kvocaeio::host

@@ -34,17 +34,27 @@ TEST(CommandLine, HelpOfACommandNamesItsOptions) {
 TEST(CommandLine, SaysItsVersion) {
     const Outcome outcome = runHost({"--version"});
     EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.output, "kvocaeio 0.1.0\n");
+    EXPECT_EQ(outcome.output, "kvocaeio 0.1.0\nlibrary 0.1.0\n");
 }
 
 TEST(CommandLine, AWrongOneEndsWithTwo) {
-    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-             {}, {"info"}, {"inform", "a.inp"}, {"info", "--jsn", "a.inp"}}) {
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{},
+                                               {"info"},
+                                               {"inform", "a.inp"},
+                                               {"info", "--jsn", "a.inp"},
+                                               {"info", "--json", "--json-lines", "a.inp"}}) {
         const Outcome outcome = runHost(arguments);
         EXPECT_EQ(outcome.exitCode, 2);
         EXPECT_EQ(outcome.output, "");
         EXPECT_THAT(outcome.errors, HasSubstr("--help"));
     }
+}
+
+TEST(CommandLine, NamesAnUnknownCommandAndThoseThatAreKnown) {
+    EXPECT_EQ(runHost({"inform", "a.inp"}).errors,
+              "kvocaeio: unknown command 'inform'; the commands are info, convert\n"
+              "Run with --help for more information.\n");
 }
 
 /// The message that `info` leaves on a file that it cannot report.
@@ -66,7 +76,8 @@ TEST(InfoFailure, MissingFile) {
 TEST(InfoFailure, Folder) {
     const TempFolder folder;
     folder.makeFolder("deck.inp");
-    EXPECT_EQ(complaintOn(folder.file("deck.inp")), "is a folder, not a file\n");
+    EXPECT_EQ(complaintOn(folder.file("deck.inp")),
+              "is a folder without a file of a known format\n");
 }
 
 TEST(InfoFailure, EmptyFile) {
@@ -95,10 +106,13 @@ TEST(InfoFailure, OneOfSeveralFiles) {
     EXPECT_EQ(linesOf(outcome.errors).size(), 1u);
     const json files = json::parse(outcome.output).at("files");
     ASSERT_EQ(files.size(), 3u);
-    EXPECT_EQ(files[0].at("elements"), 72);
-    EXPECT_EQ(files[1].at("error"), "cannot be read: No such file or directory");
+    EXPECT_EQ(files[0].at("mesh").at("elements"), 72);
+    EXPECT_EQ(files[1].at("status"), "failed");
+    EXPECT_EQ(files[1].at("findings"), json::parse(R"([
+        {"level": "error", "code": "cannot-be-read", "count": 1,
+         "text": "cannot be read: No such file or directory"}])"));
     EXPECT_EQ(files[1].at("file"), folder.file("gone"));
-    EXPECT_EQ(files[2].at("elements"), 168);
+    EXPECT_EQ(files[2].at("mesh").at("elements"), 168);
 }
 
 TEST(InfoFailure, ADeckThatCannotBeNormalisedIsStillShown) {
@@ -111,10 +125,10 @@ TEST(InfoFailure, ADeckThatCannotBeNormalisedIsStillShown) {
                   ": the deck cannot be normalised: a generated set ends before "
                   "it starts, or sets ask for too many rows (vector<T> too long)\n");
     const json report = json::parse(outcome.output).at("files").at(0);
-    EXPECT_EQ(report.at("normalised"), nullptr);
-    EXPECT_EQ(report.at("sections"), json::parse(R"([{"elset": "A", "kind": "triangles",
+    EXPECT_EQ(report.at("abaqus").at("normalised"), nullptr);
+    EXPECT_EQ(report.at("abaqus").at("sections"), json::parse(R"([{"set": "A", "kind": "triangles",
         "nodesPerElement": 3, "elements": 1}])"));
-    EXPECT_THAT(runHost({"info", deck}).output, HasSubstr("1 triangles      3  |  not normalised"));
+    EXPECT_THAT(runHost({"info", deck}).output, HasSubstr("     0  A    1 triangle           3\n"));
 }
 
 /// Rights do not bind the superuser, in whose name tests often run.

@@ -79,6 +79,15 @@ inline nlohmann::json jsonReport(const std::string& file) {
     return nlohmann::json::parse(runHost({"info", "--json", file}).output).at("files").at(0);
 }
 
+/// Names of the files in a folder.
+inline std::vector<std::string> namesIn(const TempFolder& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 /// The lines of `text`.
 inline std::vector<std::string> linesOf(const std::string& text) {
     std::vector<std::string> lines;

@@ -1,0 +1,58 @@
+/// The report as text and as JSON.
+#include "convert/report.h"
+
+#include <nlohmann/json.hpp>
+
+#include "clean_name.h"
+#include "counted.h"
+#include "info/page.h"
+#include "json_values.h"
+#include "version_text.h"
+
+namespace kvocaeio::host {
+
+namespace {
+
+void add(std::vector<Finding>& findings, Finding::Level level, const std::vector<Note>& notes) {
+    for (const Note& note : notes)
+        findings.push_back({level, note.code, note.number, note.text});
+}
+
+std::string lines(const char* kind, const std::vector<Note>& notes) {
+    std::string text;
+    for (const Note& note : notes)
+        text += std::string("  ") + kind + ": " + cleanName(note.text) + '\n';
+    return text;
+}
+
+}  // namespace
+
+std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options) {
+    return cleanName(options.target) + ": " + counted(mesh.nodes.size(), "nodes") + ", " +
+           counted(mesh.elements.size(), "elements") + " in " +
+           counted(mesh.sections.size(), "sections") + '\n' + lines("left out", mesh.losses) +
+           lines("note", mesh.remarks);
+}
+
+std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
+                           const std::optional<Note>& failure) {
+    std::vector<Finding> findings;
+    if (failure)
+        findings.push_back({Finding::Level::kError, failure->code, failure->number, failure->text});
+    Json size;
+    if (mesh != nullptr) {
+        add(findings, Finding::Level::kWarning, mesh->losses);
+        add(findings, Finding::Level::kNote, mesh->remarks);
+        size = {{"nodes", mesh->nodes.size()},
+                {"elements", mesh->elements.size()},
+                {"sections", mesh->sections.size()}};
+    }
+    const Json report = {{"version", kJsonVersion},      {"library", libraryVersion()},
+                         {"source", options.source},     {"target", options.target},
+                         {"status", statusOf(findings)}, {"written", size},
+                         {"findings", asJson(findings)}};
+    // Names may be of any encoding; bytes that are no UTF-8 become replacement characters.
+    return report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,13 @@
+/// Numbers of things in words.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace kvocaeio::host {
+
+/// "1 node", "2 nodes": `plural` is the noun in the plural, as its last word.
+std::string counted(std::size_t number, std::string_view plural);
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,54 @@
+/// The walk through a folder.
+#include "info/file_list.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "file_head.h"
+#include "formats.h"
+#include "package/design.h"
+
+namespace kvocaeio::host {
+
+namespace {
+
+// Other programs use them too: such a file counts only where its content is known.
+constexpr std::array<std::string_view, 2> kCommonExtensions = {".dat", ".out"};
+
+bool isWanted(const std::string& path, bool designs) {
+    const std::string extension = extensionOf(path);
+    if (designs || contains(kCadenceFormat.extensions, extension))
+        return designs && contains(kCadenceFormat.extensions, extension);
+    const bool isSure = hasKnownExtension(path) && !contains(kCommonExtensions, extension);
+    return isSure || hasKnownContent(path);
+}
+
+}  // namespace
+
+FileList filesIn(const std::string& folder, bool designs) {
+    namespace fs = std::filesystem;
+    FileList list;
+    std::error_code error;
+    fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied,
+                                        error);
+    for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
+        std::error_code ignored;
+        if (!at->is_regular_file(ignored))
+            continue;
+        if (std::string path = at->path().string(); isWanted(path, designs))
+            list.files.push_back(std::move(path));
+        else
+            ++list.passedOver;
+    }
+    if (error)
+        throw FileError("the folder cannot be read: " + error.message());
+    if (list.files.empty())
+        throw FileError("is a folder without a file of a known format", "nothing-read");
+    std::ranges::sort(list.files);
+    return list;
+}
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,40 @@
+/// What the reports on all formats have in common, as text and as JSON.
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <span>
+#include <string_view>
+
+#include "file_report.h"
+#include "text_table.h"
+
+namespace kvocaeio::host {
+
+/// As standard output and the environment ask for it: as wide as the terminal or COLUMNS, at least
+/// 80 columns; coloured on a terminal, unless NO_COLOR says otherwise.
+PageStyle styleOfOutput();
+
+/// Sums over all files.
+struct Totals {
+    std::size_t files = 0;
+    std::size_t failed = 0;
+    std::size_t warnings = 0;
+    std::size_t passedOver = 0;  ///< files in folders that are of no known format
+
+    /// Adds what was found in one file.
+    void add(std::span<const Finding> findings);
+};
+
+/// "ok", "warnings" or "failed".
+std::string_view statusOf(std::span<const Finding> findings);
+
+/// Prints warnings and notes, a line or more each.
+void printFindings(std::ostream& out, std::span<const Finding> findings, const PageStyle& style);
+
+/// Prints the last line of all.
+void printTotals(std::ostream& out, const Totals& totals, const PageStyle& style);
+
+Json asJson(std::span<const Finding> findings);
+
+}  // namespace kvocaeio::host
