@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -27,6 +28,11 @@ std::optional<FileIdentity> identityOfStandardInput();
 
 /// The path that `path` leads to where it is a symbolic link; it need not exist. Else `path`.
 std::string followLinks(const std::string& path);
+
+/// `path` for the standard library's calls, and back: on Windows it takes narrow text to be in the
+/// encoding of the locale, which is not that of the system's calls.
+std::filesystem::path standardPath(const std::string& path);
+std::string narrowPath(const std::filesystem::path& path);
 
 /// The length of the part of `path` that names its folder, the last separator included.
 std::size_t folderLength(const std::string& path);

@@ -118,6 +118,14 @@ std::string followLinks(const std::string& path) {
     return place.string();
 }
 
+std::filesystem::path standardPath(const std::string& path) {
+    return path;
+}
+
+std::string narrowPath(const std::filesystem::path& path) {
+    return path.native();
+}
+
 std::size_t folderLength(const std::string& path) {
     return path.rfind('/') + 1;
 }

@@ -136,6 +136,25 @@ std::string followLinks(const std::string& path) {
     return place.empty() ? path : place;
 }
 
+std::filesystem::path standardPath(const std::string& path) {
+    const auto size = static_cast<int>(path.size());
+    std::wstring wide(path.size(), L'\0');
+    const int length = MultiByteToWideChar(CP_ACP, 0, path.data(), size, wide.data(), size);
+    wide.resize(static_cast<std::size_t>(length));
+    return wide;
+}
+
+std::string narrowPath(const std::filesystem::path& path) {
+    const std::wstring& wide = path.native();
+    const auto size = static_cast<int>(wide.size());
+    constexpr int kMostBytes = 3;  // of a character, in any code page
+    std::string narrow(kMostBytes * wide.size(), '\0');
+    const int length = WideCharToMultiByte(CP_ACP, 0, wide.data(), size, narrow.data(),
+                                           kMostBytes * size, nullptr, nullptr);
+    narrow.resize(static_cast<std::size_t>(length));
+    return narrow;
+}
+
 std::size_t folderLength(const std::string& path) {
     return path.find_last_of("\\/:") + 1;
 }

@@ -5,6 +5,7 @@
 
 #include "clean_name.h"
 #include "counted.h"
+#include "file_system.h"
 
 namespace kvocaeio::host {
 
@@ -12,12 +13,8 @@ namespace {
 
 // As the library looks for it: for a path without a folder at the root.
 std::string debugFolderOf(const std::string& path) {
-#if defined(_WIN32)
-    const std::size_t end = path.find_last_of("/\\");
-#else
-    const std::size_t end = path.rfind('/');
-#endif
-    return (end == std::string::npos ? "" : path.substr(0, end)) + "/debug";
+    const std::size_t length = folderLength(path);
+    return (length == 0 ? "/" : path.substr(0, length)) + "debug";
 }
 
 std::string sizeText(std::uintmax_t bytes) {
@@ -33,7 +30,7 @@ std::string sizeText(std::uintmax_t bytes) {
 
 DebugLogs::Time DebugLogs::timeOf(const std::string& path) {
     std::error_code error;
-    const auto time = std::filesystem::last_write_time(path, error);
+    const auto time = std::filesystem::last_write_time(standardPath(path), error);
     return error ? Time() : Time(time);
 }
 
@@ -54,7 +51,7 @@ void DebugLogs::addTo(FileReport& report) const {
             continue;
         std::error_code error;
         words += (words.empty() ? "" : ", ") + cleanName(log.path) + " (" +
-                 sizeText(std::filesystem::file_size(log.path, error)) + ")";
+                 sizeText(std::filesystem::file_size(standardPath(log.path), error)) + ")";
         paths.push_back(log.path);
     }
     if (!paths.empty())

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "file_head.h"
+#include "file_system.h"
 #include "formats.h"
 #include "package/design.h"
 
@@ -32,13 +33,13 @@ FileList filesIn(const std::string& folder, bool designs) {
     namespace fs = std::filesystem;
     FileList list;
     std::error_code error;
-    fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied,
-                                        error);
+    fs::recursive_directory_iterator at(standardPath(folder),
+                                        fs::directory_options::skip_permission_denied, error);
     for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
         std::error_code ignored;
         if (!at->is_regular_file(ignored))
             continue;
-        if (std::string path = at->path().string(); isWanted(path, designs))
+        if (std::string path = narrowPath(at->path()); isWanted(path, designs))
             list.files.push_back(std::move(path));
         else
             ++list.passedOver;

@@ -31,12 +31,6 @@ TEST(CommandLine, HelpOfACommandNamesItsOptions) {
     EXPECT_THAT(outcome.output, HasSubstr("--verbose"));
 }
 
-TEST(CommandLine, SaysItsVersion) {
-    const Outcome outcome = runHost({"--version"});
-    EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_EQ(outcome.output, "kvocaeio 0.1.0\nlibrary 0.1.0\n");
-}
-
 TEST(CommandLine, AWrongOneEndsWithTwo) {
     for (const std::vector<std::string>& arguments :
          std::vector<std::vector<std::string>>{{},

@@ -88,6 +88,32 @@ TEST(InfoPage, SaysThatLogsWereWrittenIntoAFolderDebug) {
     EXPECT_THAT(runHost({"info", sampleDeck("hinge.inp")}).output, Not(HasSubstr("logs written")));
 }
 
+TEST(InfoPage, OpensFilesOfAnyName) {
+    const TempFolder folder;
+    const std::string parts = folder.file("\u96f6\u4ef6");
+    std::filesystem::create_directory(fromUtf8(parts));
+    const auto copy = [&](const std::string& sample, const std::string& name) {
+        const std::u8string place = (fromUtf8(parts) / fromUtf8(name)).u8string();
+        const std::string path(place.begin(), place.end());
+        std::filesystem::copy_file(sampleDeck(sample), fromUtf8(path));
+        return path;
+    };
+    const std::vector<std::string> files = {
+        copy("hinge.inp", "\u5916\u58f3.inp"), copy("bracket.bdf", "\u0412\u0430\u043b.bdf"),
+        copy("bracket.pat", "Geh\u00e4use \u5b50.pat"), copy("stack.3di", "\u5c01\u88c5.3di")};
+    for (const std::string& file : files) {
+        const Outcome outcome = runHost({"info", file});
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+        EXPECT_EQ(linesOf(outcome.output)[0], file);
+    }
+    const json document = json::parse(runHost({"info", "--json", parts}).output);
+    EXPECT_EQ(document.at("files").size(), 4u);
+    EXPECT_EQ(document.at("files")[3].at("file"), files[3]);
+    const std::string target = parts + "/\u65b0.nas";
+    EXPECT_EQ(runHost({"convert", files[0], target}).errors, "");
+    EXPECT_TRUE(std::filesystem::exists(fromUtf8(target)));
+}
+
 #if !defined(_WIN32)
 
 TEST(InfoPage, NamesOfFilesDoNotSteerTheTerminal) {

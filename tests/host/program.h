@@ -37,15 +37,20 @@ inline std::string quote(const std::string& word) {
     return '"' + word + '"';
 }
 
-/// Runs a command line of the shell; `output` is where its standard output goes instead of to the
-/// outcome.
+/// `text`, UTF-8, as a path, whatever the encoding of the system's narrow paths is.
+inline std::filesystem::path fromUtf8(const std::string& text) {
+    return std::u8string(text.begin(), text.end());
+}
+
+/// Runs a command line of the shell, UTF-8; `output` is where its standard output goes instead of
+/// to the outcome.
 inline Outcome runShell(const std::string& command, const std::string& output = "") {
     const TempFolder folder;
     std::string line = command + " 2>" + quote(folder.file("errors")) + " >" +
                        (output.empty() ? quote(folder.file("output")) : output);
 #if defined(_WIN32)
     line = quote(line);  // the shell takes one pair of quotes off
-    const int exitCode = std::system(line.c_str());
+    const int exitCode = _wsystem(fromUtf8(line).c_str());
 #else
     const int status = std::system(line.c_str());
     const int exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
