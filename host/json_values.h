@@ -7,8 +7,8 @@
 
 namespace kvocaeio::host {
 
-/// The number of the layout that docs/info.schema.json describes. It grows when a host that reads
-/// the old layout would be misled by the new one.
+/// The number of the layouts that docs/info.schema.json and docs/convert.schema.json describe. It
+/// grows when a host that reads the old layout would be misled by the new one.
 inline constexpr int kJsonVersion = 1;
 
 /// {"min": [...], "max": [...]}; null where there is no box.

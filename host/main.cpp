@@ -11,6 +11,7 @@
 #include "clean_name.h"
 #include "convert/convert.h"
 #include "info/info.h"
+#include "manual/command.h"
 #include "platform.h"
 #include "tool_run.h"
 #include "version_text.h"
@@ -116,6 +117,7 @@ int run(int argc, char** argv) {
     addInfo(app, infoOptions);
     ConvertOptions convertOptions;
     const CLI::App* convert = addConvert(app, convertOptions);
+    kvocaeio::host::addManual(app);
     if (argc > 1 && *argv[1] != '-' && !isCommand(app, argv[1])) {
         std::cerr << "kvocaeio: unknown command '" << kvocaeio::host::cleanName(argv[1])
                   << "'; the commands are " << namesOfCommands(app)

@@ -21,10 +21,9 @@ void leaveOut(SolidMesh& mesh, std::string_view code, std::size_t number, std::s
             {std::string(code), number, counted(number, things) + std::string(rest)});
 }
 
-std::string codeOf(std::string_view name) {
-    std::string code(name);
-    std::replace(code.begin(), code.end(), ' ', '-');
-    return code;
+void leaveOut(SolidMesh& mesh, const KindCounts& kinds) {
+    for (const auto& [name, number] : kinds)
+        leaveOut(mesh, kindCode(name), number, name);
 }
 
 }  // namespace kvocaeio::host

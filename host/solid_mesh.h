@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "kind_counts.h"
+
 namespace kvocaeio::host {
 
 /// What the user has to know of a conversion.
@@ -60,7 +62,7 @@ std::array<int, 8> oidsOf(const SolidMesh& mesh, const SolidMesh::Element& eleme
 void leaveOut(SolidMesh& mesh, std::string_view code, std::size_t number, std::string_view things,
               std::string_view rest = "");
 
-/// A kind's name as a code: "quadratic wedges" is "quadratic-wedges".
-std::string codeOf(std::string_view name);
+/// The same of elements by kind.
+void leaveOut(SolidMesh& mesh, const KindCounts& kinds);
 
 }  // namespace kvocaeio::host

@@ -1,24 +1,27 @@
 #!/usr/bin/env bash
 # Installs what is missing of the programs and libraries that the project needs (Debian, Ubuntu).
 #
-# usage: scripts/setup.sh [build | test | fuzz | bench]...
-#   build  what the Linux build needs
-#   test   and what scripts/test.sh needs: clang, mingw-w64, Wine, Python, a locale with a decimal comma
-#   fuzz   clang with libFuzzer
-#   bench  Google Benchmark
+# usage: scripts/setup.sh [build | package | test | fuzz | bench]...
+#   build    what the Linux build needs
+#   package  and what scripts/package.sh needs: mingw-w64, tools of LLVM and of Debian's developers
+#   test     and what scripts/test.sh needs: clang, Wine, Python, a locale with a decimal comma,
+#            what checks packages, manual pages and completion
+#   fuzz     clang with libFuzzer
+#   bench    Google Benchmark
 # Without a word: all of them.
 set -euo pipefail
 
-[ $# -gt 0 ] || set -- build test fuzz bench
+[ $# -gt 0 ] || set -- build package test fuzz bench
 
 packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev)
 locales=()
 for part in "$@"; do
     case $part in
         build) ;;
+        package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file) ;;
         test)
-            packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev locales
-                g++-mingw-w64-x86-64-posix python3 wine64)
+            packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
+                python3 wine64 lintian groff-base fish zsh)
             locales+=(de_DE)
             ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;

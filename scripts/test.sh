@@ -25,7 +25,7 @@ begin() {
 
 buildPreset() {
     begin "$1: build"
-    cmake --preset "$1"
+    cmake --preset "$1" -D KVOCAEIO_WARNINGS_AS_ERRORS=ON
     cmake --build --preset "$1" -j "$jobs"
 }
 
@@ -47,7 +47,7 @@ if [ -z "${TMPDIR:-}" ] && [ "$memory" -ge 1024 ] && [ -w /dev/shm ]; then
 fi
 
 begin 'set-up'
-scripts/setup.sh build test bench
+scripts/setup.sh build package test bench
 
 begin 'clang-format'
 sources | xargs -0 clang-format --dry-run -Werror

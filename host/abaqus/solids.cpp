@@ -20,21 +20,9 @@ bool isWritten(int corners) {
     return corners == 4 || corners == 6 || corners == 8;
 }
 
-// What a row of the normalised table holds that is no tetrahedron, wedge or hexahedron.
-void countOther(int corners, KindCounts& other) {
-    if (corners == 5)
-        count(other, "pyramids");
-    else
-        count(other, "rows that hold no element");
-}
-
-void leaveOut(SolidMesh& mesh, const KindCounts& kinds) {
-    for (const auto& [name, number] : kinds)
-        leaveOut(mesh, codeOf(name), number, name);
-}
-
 void takeNormalisedElements(const DeckTables& tables, SolidMesh& mesh) {
-    KindCounts other;
+    std::size_t pyramids = 0;
+    std::size_t blank = 0;
     for (std::size_t s = 0; s < tables.solids; ++s) {
         const Section& section = tables.normalised[s];
         mesh.sections.push_back(section.elset);
@@ -42,31 +30,32 @@ void takeNormalisedElements(const DeckTables& tables, SolidMesh& mesh) {
             const int* row = section.element(e);
             SolidMesh::Element element{s, cornersOf(section, row), {}, 0};
             if (!isWritten(element.corners)) {
-                countOther(element.corners, other);
+                ++(element.corners == 5 ? pyramids : blank);
                 continue;
             }
             std::copy_n(row, element.corners, element.nodes.begin());
             mesh.elements.push_back(element);
         }
     }
-    leaveOut(mesh, other);
+    leaveOut(mesh, "pyramids", pyramids, "pyramids");
+    leaveOut(mesh, "blank-row", blank, "rows", " that hold no element");
     mesh.remarks.push_back({"elements-renumbered", mesh.elements.size(),
                             "elements are numbered from 1: those of the normalised mesh have no "
                             "OIDs"});
 }
 
 void takeNormalisedNotes(const DeckSummary& summary, SolidMesh& mesh) {
-    leaveOut(mesh, "elements-in-no-set", summary.otherLeftOut, "elements", " in no generated set");
+    leaveOut(mesh, "in-no-set", summary.otherLeftOut, "elements", " in no generated set");
     std::size_t repeated = 0;
     for (const NormalisedSummary& section : summary.normalised)
         if (section.list == "solid")
             repeated += section.repeated;
     if (repeated != 0)
         mesh.remarks.push_back(
-            {"elements-repeated", repeated,
+            {"repeated-element", repeated,
              counted(repeated, "elements") + " written once more for being in several sets"});
     if (summary.undefinedNodes != 0)
-        mesh.remarks.push_back({"nodes-undefined", summary.undefinedNodes,
+        mesh.remarks.push_back({"undefined-node", summary.undefinedNodes,
                                 counted(summary.undefinedNodes, "times") +
                                     " the first node stands in for one that the deck lacks"});
 }

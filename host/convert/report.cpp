@@ -5,18 +5,17 @@
 
 #include "clean_name.h"
 #include "counted.h"
-#include "file_report.h"
+#include "info/page.h"
+#include "json_values.h"
 #include "version_text.h"
 
 namespace kvocaeio::host {
 
 namespace {
 
-constexpr int kJsonVersion = 1;
-
-void add(Json& findings, const char* level, const Note& note) {
-    findings.push_back(
-        {{"level", level}, {"code", note.code}, {"count", note.number}, {"text", note.text}});
+void add(std::vector<Finding>& findings, Finding::Level level, const std::vector<Note>& notes) {
+    for (const Note& note : notes)
+        findings.push_back({level, note.code, note.number, note.text});
 }
 
 std::string lines(const char* kind, const std::vector<Note>& notes) {
@@ -37,29 +36,21 @@ std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options)
 
 std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
                            const std::optional<Note>& failure) {
-    Json findings = Json::array();
+    std::vector<Finding> findings;
     if (failure)
-        add(findings, "error", *failure);
+        findings.push_back({Finding::Level::kError, failure->code, failure->number, failure->text});
     Json size;
     if (mesh != nullptr) {
-        for (const Note& loss : mesh->losses)
-            add(findings, "warning", loss);
-        for (const Note& remark : mesh->remarks)
-            add(findings, "note", remark);
+        add(findings, Finding::Level::kWarning, mesh->losses);
+        add(findings, Finding::Level::kNote, mesh->remarks);
         size = {{"nodes", mesh->nodes.size()},
                 {"elements", mesh->elements.size()},
                 {"sections", mesh->sections.size()}};
     }
-    const bool lost = mesh != nullptr && !mesh->losses.empty();
-    const Json report = {{"version", kJsonVersion},
-                         {"library", libraryVersion()},
-                         {"source", options.source},
-                         {"target", options.target},
-                         {"status", failure ? "failed"
-                                    : lost  ? "warnings"
-                                            : "ok"},
-                         {"written", size},
-                         {"findings", std::move(findings)}};
+    const Json report = {{"version", kJsonVersion},      {"library", libraryVersion()},
+                         {"source", options.source},     {"target", options.target},
+                         {"status", statusOf(findings)}, {"written", size},
+                         {"findings", asJson(findings)}};
     // Names may be of any encoding; bytes that are no UTF-8 become replacement characters.
     return report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

@@ -42,8 +42,7 @@ SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request
             mesh.sections.push_back("property " + std::to_string(element.property));
         mesh.elements.push_back({section->second, shape.corners, element.nodes, 0});
     }
-    for (const auto& [name, number] : others)
-        leaveOut(mesh, codeOf(name), number, name);
+    leaveOut(mesh, others);
     mesh.remarks.push_back({"oids-unknown", 1,
                             "the library does not return the OIDs of a Patran file: nodes and "
                             "elements are numbered from 1"});

@@ -58,10 +58,9 @@ TEST(ConvertJson, OfAllSamplesInBothFormats) {
             reportOf({sampleDeck(sample), folder.file(target)}, 0);
     EXPECT_EQ(
         findingsOf(reportOf({"--normalised", sampleDeck("clip.inp"), folder.file("n.pat")}, 0)),
-        (Words{"warning rows-that-hold-no-element 9", "warning elements-in-no-set 24",
-               "warning mid-side-nodes 144", "warning unused-nodes 344", "warning sections 3",
-               "note elements-renumbered 154", "note elements-repeated 10",
-               "note nodes-renumbered 81"}));
+        (Words{"warning blank-row 9", "warning in-no-set 24", "warning mid-side-nodes 144",
+               "warning unused-nodes 344", "warning sections 3", "note elements-renumbered 154",
+               "note repeated-element 10", "note nodes-renumbered 81"}));
 }
 
 TEST(ConvertJson, OfAConversionThatLosesNothing) {

@@ -27,10 +27,10 @@ constexpr std::uint64_t kFirstSeed = 20240917;
 // Where the library is not optimised, or watched by a sanitizer, one of ten must do.
 #if defined(NDEBUG)
 constexpr std::uint64_t kThousand = 1000;
-constexpr std::uint64_t kTwinsOneIn = 1;
+constexpr std::uint64_t kCostlyOneIn = 1;
 #else
 constexpr std::uint64_t kThousand = 100;
-constexpr std::uint64_t kTwinsOneIn = 10;
+constexpr std::uint64_t kCostlyOneIn = 10;
 #endif
 
 /// Arrays beyond this may not be had where memory is short.
@@ -109,11 +109,14 @@ class ReaderDifferential : public testing::Test {
     // The difference with the deck, to be compared with nothing.
     std::string differenceOf(const std::string& name, const std::string& deck) {
         naive = naiveRead(deck);
+        // (A sanitizer writes an eighth of what an array could hold when it is released.)
+        if (isHuge(naive) && hugeDecks++ % kCostlyOneIn != 0)
+            return {};
         KVONASTRAN_Reader reader;
         const DeckFile file(folder, deck);
         const bool result = reader.SetFilePath(file.path.c_str());
         std::string found = difference(reader, result, naive);
-        if (found.empty() && !isHuge(naive) && decks++ % kTwinsOneIn == 0)
+        if (found.empty() && !isHuge(naive) && decks++ % kCostlyOneIn == 0)
             found = differenceToTwins(reader, result, file.path.c_str());
         return found.empty() ? found : name + ": " + found + "\n" + deck;
     }
@@ -121,6 +124,7 @@ class ReaderDifferential : public testing::Test {
     TempFolder folder;
     NaiveDeck naive;
     std::uint64_t decks = 0;
+    std::uint64_t hugeDecks = 0;
 };
 
 TEST_F(ReaderDifferential, RandomDecksAreReadAlike) {
