@@ -25,8 +25,8 @@ class Terminal {
 
   private:
     // What they were before; 0 where they need not be set back.
-    unsigned codePage_ = 0;
-    unsigned long mode_ = 0;
+    [[maybe_unused]] unsigned codePage_ = 0;
+    [[maybe_unused]] unsigned long mode_ = 0;
 };
 
 /// Where text that is printed on standard output goes for a while.
