@@ -16,7 +16,7 @@ expect() {
 expect "info" kvocaeio in
 expect "convert" kvocaeio c
 expect "--version" kvocaeio --v
-expect "--json" kvocaeio info --js
+expect "--json --json-lines" kvocaeio info --js
 expect "--unit" kvocaeio convert --un
 expect "" kvocaeio info part
 ' "$2"

@@ -8,4 +8,4 @@ complete -C 'kvocaeio in'
 complete -C 'kvocaeio info --js'
 complete -C 'kvocaeio convert --un'" > "$home/found" || exit 1
 cut -f 1 "$home/found" > "$home/words"
-printf '%s\n' info --json --unit | diff - "$home/words"
+printf '%s\n' info --json --json-lines --unit | diff - "$home/words"
