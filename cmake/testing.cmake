@@ -23,11 +23,7 @@ set(kvocaeioTestOptions
     $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<CONFIG:Release>>:-Og>
     $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<CONFIG:RelWithDebInfo>>:-O0>)
 
-# In a unity build, each program and each library of the tests is one translation unit: several times
-# as fast to compile as a whole, slower after a change of one file.
-option(KVOCAEIO_UNITY_TESTS "Compile the sources of a test program as one, headers beforehand" OFF)
-
-if(KVOCAEIO_UNITY_TESTS)
+if(KVOCAEIO_UNITY)
     # The headers that most tests include. Every target takes what this one has made of them.
     file(CONFIGURE OUTPUT precompiled.cpp CONTENT "")
     add_library(kvocaeio_test_headers OBJECT ${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp)
@@ -44,7 +40,7 @@ function(kvocaeio_test_settings target)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     kvocaeio_warnings(${target})
     target_compile_options(${target} PRIVATE ${kvocaeioTestOptions})
-    if(KVOCAEIO_UNITY_TESTS)
+    if(KVOCAEIO_UNITY)
         set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
         target_precompile_headers(${target} REUSE_FROM kvocaeio_test_headers)
         target_link_libraries(${target} PRIVATE GTest::gmock)  # the definitions those were made with

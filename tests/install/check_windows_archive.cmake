@@ -23,7 +23,7 @@ if(NOT output MATCHES "0\\.1\\.0")
     message(SEND_ERROR "kvocaeio --version says: ${output}")
 endif()
 run(output ${folder}/bin/kvocaeio.exe info ${folder}/${deck})
-if(NOT output MATCHES "BRICK +1 hexahedra")
+if(NOT output MATCHES "BRICK +1 hexahedron")
     message(SEND_ERROR "kvocaeio info says: ${output}")
 endif()
 
