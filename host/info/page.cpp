@@ -76,15 +76,16 @@ std::string_view statusOf(std::span<const Finding> findings) {
 }
 
 void printFindings(std::ostream& out, std::span<const Finding> findings, const PageStyle& style) {
-    constexpr std::size_t kIndent = 2;
+    constexpr std::size_t kItemIndent = 2;
     constexpr std::size_t kText = 11;  // where the text begins
     bool isFirst = true;
     for (const Finding& finding : findings) {
         if (finding.level == Finding::Level::kError)
             continue;  // told on standard error
         const LevelStyle& level = styleOf(finding.level);
-        std::string front = std::string(kIndent, ' ') + coloured(level.name, level.colour, style) +
-                            std::string(kText - kIndent - level.name.size(), ' ');
+        std::string front = std::string(kItemIndent, ' ') +
+                            coloured(level.name, level.colour, style) +
+                            std::string(kText - kItemIndent - level.name.size(), ' ');
         out << (isFirst ? "\n" : "");
         isFirst = false;
         for (const std::string& line : wrapped(finding.text, style.width - kText)) {
