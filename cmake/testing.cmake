@@ -7,6 +7,9 @@ if(CMAKE_CROSSCOMPILING)
     if(NOT TARGET GTest::gmock_main)
         add_library(GTest::gmock_main ALIAS gmock_main)
     endif()
+    foreach(target gtest gmock gmock_main)
+        target_compile_options(${target} PRIVATE -O0)  # its speed is nothing to that of the tests
+    endforeach()
     # Wine fills its folder once, before tests that run side by side would all begin to.
     set(winePrefixFilled ${PROJECT_BINARY_DIR}/wine/filled)
     add_custom_command(OUTPUT ${winePrefixFilled}
