@@ -60,12 +60,6 @@ testPreset linux-sanitize # replays the fuzz corpora, as every other preset does
 testPreset linux-thread # one test, which is all that this preset builds beside the library
 
 buildPreset windows-release
-# Wine's programs wait for its server most of the time, so the checks of style run beside them.
-tidied=$(mktemp)
-find text abaqus package nastran patran c -name '*.cpp' ! -name '*_windows.cpp' -print0 |
-    nice xargs -0 -n 1 -P "$jobs" \
-        clang-tidy -p build/linux-thread --quiet --warnings-as-errors='*' >"$tidied" 2>&1 &
-tidy=$!
 begin 'windows-release: tests'
 # Wine's services keep the output of the program open that starts them. Started by a test, they would
 # make ctest wait for their end.
@@ -74,9 +68,9 @@ env WINEPREFIX="$PWD/build/windows-release/wine" WINEDEBUG=-all WINEDLLOVERRIDES
     "$emulator" wineboot </dev/null >/dev/null 2>&1
 ctest --preset windows-release -j "$jobs"
 
-begin 'clang-tidy, begun beside the Windows tests'
-wait "$tidy" || { cat "$tidied"; false; }
-rm "$tidied"
+begin 'clang-tidy'
+find text abaqus package nastran patran c -name '*.cpp' ! -name '*_windows.cpp' -print0 |
+    xargs -0 -n 1 -P "$jobs" clang-tidy -p build/linux-thread --quiet --warnings-as-errors='*'
 
 finish
 printf '\n%s' "${times[@]}"
