@@ -13,7 +13,7 @@
 #include "abaqus/deck_store.h"
 #include "abaqus/import_log.h"
 #include "abaqus/import_state.h"
-#include "text/file.h"
+#include "text/listened_file.h"
 
 namespace kvocaeio::abaqus {
 
@@ -92,7 +92,7 @@ void buildOidMaps(AbaqusModel& model) {
 // False where the deck cannot be opened, or where the host stops a pass.
 bool readDeck(AbaqusModel& model, const char* path, const DebugFolder& folder,
               const text::Listener& listener) {
-    text::File deck = text::openFile(path, "r+b");
+    text::File deck = text::openFile(path, "r+b", listener);
     if (deck == nullptr)
         return false;
     constexpr const char* kPassHeader = "============= Loop %d ==============\n";
@@ -109,7 +109,7 @@ bool readDeck(AbaqusModel& model, const char* path, const DebugFolder& folder,
     sizeTables(model, counts);
 
     std::printf(kPassHeader, 2);
-    if (!text::rewindFile(deck.get()))
+    if (!text::rewindFile(deck.get(), listener))
         return false;
     DeckLines lines(deck.get(), listener);
     DeckStore store(model, lines);
@@ -127,7 +127,7 @@ bool readDeck(AbaqusModel& model, const char* path, const DebugFolder& folder,
 
 bool importDeck(AbaqusModel& model, const char* path, const text::Listener& listener) noexcept {
     if (path == nullptr)
-        return false;
+        return text::openFile(path, "r+b", listener) != nullptr;  // false: it tells the listener
     const Clock::time_point start = Clock::now();
     DebugFolder folder;
     bool imported = false;
@@ -138,6 +138,7 @@ bool importDeck(AbaqusModel& model, const char* path, const text::Listener& list
             imported = true;
         }
     } catch (const std::exception&) {  // memory ran out, or a table would be too long for it
+        listener.note(text::FileFinding::kOutOfMemory, {});
     }
     publish(std::move(folder));
     return imported;

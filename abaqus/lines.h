@@ -50,11 +50,7 @@ inline bool hasFlag(std::string_view keywordLine, std::string_view name) {
 class DeckLines : public text::PassLines {
   public:
     DeckLines(std::FILE* deck, const text::Listener& listener)
-        : PassLines(deck, kLineBound, text::LineMode::kBinary, listener, Finding::kLineCut),
-          areNoted_(listener.findings != nullptr) {}
-
-    /// Whether somebody hears what is noted, so that a place is worth looking for.
-    bool areNoted() const { return areNoted_; }
+        : PassLines(deck, kLineBound, text::LineMode::kBinary, listener, Finding::kLineCut) {}
 
     /// Calls `read()` for each data line up to the next keyword line, which is given back, or the
     /// end of the deck. Comment lines are passed over; all other lines are data, blank ones too.
@@ -81,7 +77,6 @@ class DeckLines : public text::PassLines {
     bool hasEnded() const { return ended_; }
 
   private:
-    bool areNoted_;
     bool ended_ = false;
 };
 

@@ -5,12 +5,16 @@
 #include <utility>
 #include <vector>
 
+#include "abaqus/audit.h"
 #include "abaqus/import.h"
 #include "abaqus/model.h"
 #include "abaqus/normalise.h"
+#include "report/import_report.h"
 #include <kvocaeio/abaqus.h>
 
 using namespace kvocaeio::abaqus;
+using kvocaeio::report::runReported;
+using kvocaeio::report::runReportedOn;
 
 namespace {
 
@@ -75,8 +79,20 @@ bool CKVOAbaqusReader::ImportInpFile(const char* path) {
     return importDeck(*impl, path);
 }
 
+bool CKVOAbaqusReader::ImportInpFile(const char* path, CKVOImportReport* report) {
+    return runReported(
+        report, [&](const auto& listener) { return importDeck(*impl, path, listener); },
+        [&](auto& filled) { auditImport(*impl, filled); });
+}
+
 void CKVOAbaqusReader::SortData() {
     kvocaeio::abaqus::SortData(*impl);
+}
+
+void CKVOAbaqusReader::SortData(CKVOImportReport* report) {
+    runReportedOn(
+        report, [&](const auto& listener) { kvocaeio::abaqus::SortData(*impl, listener); },
+        [&](auto& filled) { auditNormalised(*impl, filled); });
 }
 
 int CKVOAbaqusReader::GetNodeNum() {

@@ -11,7 +11,7 @@
 #include "nastran/lines.h"
 #include "nastran/tables.h"
 #include "text/ascii.h"
-#include "text/file.h"
+#include "text/listened_file.h"
 
 namespace kvocaeio::nastran {
 
@@ -74,7 +74,7 @@ DeckTables readCards(std::FILE* deck, const DeckExtent& extent, FastWay fastWay,
 bool importDeck(const char* path, NastranFileInfo& info, const text::Listener& listener,
                 FastWay fastWay) {
     info.extent = {};
-    const text::File deck = text::openFile(path, "rb");
+    const text::File deck = text::openFile(path, "rb", listener);
     if (deck == nullptr)
         return false;
     info.path[std::string_view(path).copy(info.path, sizeof info.path - 1)] = '\0';
@@ -84,7 +84,7 @@ bool importDeck(const char* path, NastranFileInfo& info, const text::Listener& l
             info.extent = extent;
             if (std::min({extent.maxNodeId, extent.maxElemId, extent.maxPropId}) < 1)
                 return false;
-            if (!text::rewindFile(deck.get()))
+            if (!text::rewindFile(deck.get(), listener))
                 return false;
             DeckTables tables = readCards(deck.get(), extent, fastWay, listener);
             if (!listener.hasStopped()) {
@@ -92,7 +92,8 @@ bool importDeck(const char* path, NastranFileInfo& info, const text::Listener& l
                 return true;
             }
         }
-    } catch (const std::exception&) {  // memory ran out
+    } catch (const std::exception&) {
+        listener.note(text::FileFinding::kOutOfMemory, {});
     }
     info.extent = {};
     return false;

@@ -1,8 +1,10 @@
 /// The exported reader: the arrays of the deck that it read last.
 #include <algorithm>
 
+#include "nastran/audit.h"
 #include "nastran/import.h"
 #include "nastran/tables.h"
+#include "report/import_report.h"
 #include <kvocaeio/nastran.h>
 
 using namespace kvocaeio;
@@ -23,7 +25,17 @@ KVONASTRAN_Reader::~KVONASTRAN_Reader() {
 }
 
 bool KVONASTRAN_Reader::SetFilePath(const char* path) {
-    if (!nastran::importDeck(path, *info))
+    return SetFilePath(path, nullptr);
+}
+
+bool KVONASTRAN_Reader::SetFilePath(const char* path, CKVOImportReport* report) {
+    const auto import = [&](const text::Listener& listener) {
+        return nastran::importDeck(path, *info, listener);
+    };
+    const auto audit = [&](report::ImportReport& filled) {
+        nastran::auditDeck(info->decks.back(), filled);
+    };
+    if (!report::runReported(report, import, audit))
         return false;
     const nastran::DeckTables& deck = info->decks.back();
     nodeVector = deck.nodes.get();

@@ -1,7 +1,7 @@
 /// The holder of a file being read, which one import opens again and again.
 #pragma once
 
-#include "text/file.h"
+#include "text/listened_file.h"
 
 namespace kvocaeio::package {
 
@@ -13,9 +13,9 @@ struct InputFile {
 
     /// False when there is no path or the file cannot be opened. (The lines' reader does the work
     /// of the text mode itself, the same on every platform, so the stream is a binary one.)
-    bool open() {
-        stream = narrowPath != nullptr ? text::openFile(narrowPath, "rb")
-                                       : text::openFile(widePath, "rb");
+    bool open(const text::Listener& listener) {
+        stream = narrowPath != nullptr ? text::openFile(narrowPath, "rb", listener)
+                                       : text::openFile(widePath, "rb", listener);
         return stream != nullptr;
     }
     void close() { stream.reset(); }

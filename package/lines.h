@@ -19,7 +19,7 @@ inline constexpr std::size_t kLineBound = 1024;
 /// host has stopped the import.
 template <class Read>
 bool passOver(InputFile& file, const text::Listener& listener, const Read& read) {
-    if (!file.open())
+    if (!file.open(listener))
         return false;
     text::PassLines lines(file.stream.get(), kLineBound, text::LineMode::kText, listener,
                           Finding::kLineCut);

@@ -7,39 +7,52 @@
 #include <utility>
 #include <vector>
 
+#include "package/audit.h"
 #include "package/reader_imp.h"
+#include "report/import_report.h"
 #include "text/platform.h"
 #include <kvocaeio/package.h>
 
+using namespace kvocaeio;
 using kvocaeio::package::CKVOCadenceReaderImp;
 using kvocaeio::package::ComponentShape;
 using kvocaeio::package::ComponentType;
 using kvocaeio::package::InputFile;
 using kvocaeio::package::Model;
 using kvocaeio::package::ToolPaths;
+using kvocaeio::report::runReported;
 
 namespace {
 
 // Runs an import. False without a model to fill, and where memory runs out.
 template <class Import>
-bool importInto(CKVOCadenceReaderImp* imp, const Import& run) {
-    try {
-        return imp != nullptr && run(*imp);
-    } catch (const std::bad_alloc&) {
+bool importInto(CKVOCadenceReaderImp* imp, CKVOImportReport* report, const Import& run) {
+    const auto import = [&](const text::Listener& listener) {
+        try {
+            if (imp != nullptr)
+                return run(*imp, listener);
+        } catch (const std::bad_alloc&) {
+        }
+        listener.note(text::FileFinding::kOutOfMemory, {});
         return false;
-    }
+    };
+    return runReported(report, import, [&](auto& filled) { package::auditModel(*imp, filled); });
 }
 
 template <class Char>
-bool import3DIFile(CKVOCadenceReaderImp* imp, const Char* path) {
+bool import3DIFile(CKVOCadenceReaderImp* imp, const Char* path, CKVOImportReport* report) {
     InputFile file(path);
-    return importInto(imp, [&](auto& to) { return file.open() && to.Import3DI(file); });
+    return importInto(imp, report, [&](auto& to, const text::Listener& listener) {
+        return file.open(listener) && to.Import3DI(file, listener);
+    });
 }
 
 template <class Char>
-bool importCadenceFile(CKVOCadenceReaderImp* imp, const Char* path) {
+bool importCadenceFile(CKVOCadenceReaderImp* imp, const Char* path, CKVOImportReport* report) {
     InputFile design(path);
-    return importInto(imp, [&](auto& to) { return to.ImportCadenceFile(design); });
+    return importInto(imp, report, [&](auto& to, const text::Listener& listener) {
+        return to.ImportCadenceFile(design, listener);
+    });
 }
 
 template <class Char>
@@ -53,7 +66,7 @@ void setTempPath(ToolPaths<String>& paths, const String& folder) {
     const auto setLeaves = [&](auto& files, std::string_view name) {
         for (std::size_t i = 0; i < files.size(); ++i) {
             files[i] = folder;
-            files[i] += static_cast<Char>(kvocaeio::text::kPathSeparator);
+            files[i] += static_cast<Char>(text::kPathSeparator);
             files[i].append(name.begin(), name.end());
             files[i] += static_cast<Char>('1' + i);
             files[i].append({'.', 't', 'x', 't'});
@@ -116,19 +129,35 @@ CKVOCadenceReaderImp* CKVOCadenceReader::GetImp() {
 }
 
 bool CKVOCadenceReader::Import3DIFile(const char* path) {
-    return import3DIFile(GetImp(), path);
+    return import3DIFile(GetImp(), path, nullptr);
+}
+
+bool CKVOCadenceReader::Import3DIFile(const char* path, CKVOImportReport* report) {
+    return import3DIFile(GetImp(), path, report);
 }
 
 bool CKVOCadenceReader::Import3DIFile(const wchar_t* path) {
-    return import3DIFile(GetImp(), path);
+    return import3DIFile(GetImp(), path, nullptr);
+}
+
+bool CKVOCadenceReader::Import3DIFile(const wchar_t* path, CKVOImportReport* report) {
+    return import3DIFile(GetImp(), path, report);
 }
 
 bool CKVOCadenceReader::ImportCadenceFile(const char* path) {
-    return importCadenceFile(GetImp(), path);
+    return importCadenceFile(GetImp(), path, nullptr);
+}
+
+bool CKVOCadenceReader::ImportCadenceFile(const char* path, CKVOImportReport* report) {
+    return importCadenceFile(GetImp(), path, report);
 }
 
 bool CKVOCadenceReader::ImportCadenceFile(const wchar_t* path) {
-    return importCadenceFile(GetImp(), path);
+    return importCadenceFile(GetImp(), path, nullptr);
+}
+
+bool CKVOCadenceReader::ImportCadenceFile(const wchar_t* path, CKVOImportReport* report) {
+    return importCadenceFile(GetImp(), path, report);
 }
 
 void CKVOCadenceReader::SetExeFilePath(const char* path) {

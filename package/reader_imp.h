@@ -22,7 +22,9 @@ namespace kvocaeio::package {
 /// that does the work, with the parts of the model that this reads and writes.
 class CKVOCadenceReaderImp : public Model {
   public:
-    bool Import3DI(InputFile& file) { return import3di(file, *this); }
+    bool Import3DI(InputFile& file, const text::Listener& listener = {}) {
+        return import3di(file, *this, listener);
+    }
     bool ReadUnits(InputFile& file) { return readUnits(file, {}, unitScale); }
     bool ReadColorTable(InputFile& file) { return readColorTable(file, {}, colorTable); }
     /// `word`: "OBJECT" or "LAYER"; false for any other.
@@ -42,7 +44,9 @@ class CKVOCadenceReaderImp : public Model {
         return findEntry(table == 1 ? layerNames : objectNames, key);
     }
 
-    bool ImportCadenceFile(InputFile& design) { return importCadence(design, *this); }
+    bool ImportCadenceFile(InputFile& design, const text::Listener& listener = {}) {
+        return importCadence(design, *this, listener);
+    }
     bool WriteCommandFiles() { return writeCommandFiles(paths); }
     bool ReadReportFiles(InputFile& file0, InputFile& file1, InputFile& file2) {
         return readReportFiles(file0, file1, file2, {}, reportTables);

@@ -5,7 +5,7 @@
 #include <exception>
 
 #include "patran/packets.h"
-#include "text/file.h"
+#include "text/listened_file.h"
 
 namespace kvocaeio::patran {
 
@@ -132,7 +132,8 @@ bool importLists(std::FILE* file, const text::Listener& listener, ListMesh& mesh
                     corner = nodeIds.at(corner);
             return true;
         }
-    } catch (const std::exception&) {  // memory ran out
+    } catch (const std::exception&) {
+        listener.note(text::FileFinding::kOutOfMemory, {});
     }
     clear(mesh);
     return false;
@@ -140,19 +141,20 @@ bool importLists(std::FILE* file, const text::Listener& listener, ListMesh& mesh
 
 bool importFlat(const char* path, const text::Listener& listener, IdMap& nodeIds,
                 FlatMesh& mesh) noexcept {
-    const text::File file = text::openFile(path, "rb");
+    const text::File file = text::openFile(path, "rb", listener);
     if (file == nullptr) {
         std::printf("File Not Found : %s\n", path);
         return false;
     }
     try {
         nodeIds = IdMap(findNodeDimension(file.get(), listener.withoutFindings()));
-        if (!text::rewindFile(file.get()))
+        if (!text::rewindFile(file.get(), listener))
             return false;
         PacketLines lines(file.get(), listener);
         reportEndOfFile(readPackets(lines, nodeIds, mesh), listener);
         return !listener.hasStopped();
-    } catch (const std::exception&) {  // memory ran out
+    } catch (const std::exception&) {
+        listener.note(text::FileFinding::kOutOfMemory, {});
         return false;
     }
 }

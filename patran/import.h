@@ -33,7 +33,9 @@ class CKVO_PatranIO {
   public:
     virtual ~CKVO_PatranIO() = default;
 
-    bool ReadPackets(std::FILE* file) noexcept { return importLists(file, {}, mesh); }
+    bool ReadPackets(std::FILE* file, const text::Listener& listener = {}) noexcept {
+        return importLists(file, listener, mesh);
+    }
     static int FindMaxNodeId(std::FILE* file) { return findMaxNodeId(file, {}); }
 
     ListMesh mesh;

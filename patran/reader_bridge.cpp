@@ -2,10 +2,13 @@
 #include <cstddef>
 #include <new>
 
+#include "patran/audit.h"
 #include "patran/import.h"
-#include "text/file.h"
+#include "report/import_report.h"
+#include "text/listened_file.h"
 #include <kvocaeio/patran.h>
 
+using namespace kvocaeio;
 using namespace kvocaeio::patran;
 
 namespace {
@@ -15,9 +18,16 @@ constexpr int kNoSuchElement = 13;
 constexpr int kNoSuchProperty = 14;
 
 template <class Char>
-bool importFile(CKVO_PatranIO* reader, const Char* path) {
-    const kvocaeio::text::File file = kvocaeio::text::openFile(path, "rb");
-    return reader != nullptr && file != nullptr && reader->ReadPackets(file.get());
+bool importFile(CKVO_PatranIO* reader, const Char* path, const text::Listener& listener) {
+    const text::File file = text::openFile(path, "rb", listener);
+    return reader != nullptr && file != nullptr && reader->ReadPackets(file.get(), listener);
+}
+
+template <class Char>
+bool importReported(CKVO_PatranIO* reader, const Char* path, CKVOImportReport* report) {
+    return report::runReported(
+        report, [&](const auto& listener) { return importFile(reader, path, listener); },
+        [&](auto& filled) { auditLists(reader->mesh, filled); });
 }
 
 template <class List>
@@ -42,11 +52,19 @@ CKVO_PatranIO_Bridge::~CKVO_PatranIO_Bridge() {
 }
 
 bool CKVO_PatranIO_Bridge::ImportFromPatFile(const char* path) {
-    return importFile(reader, path);
+    return importFile(reader, path, {});
 }
 
 bool CKVO_PatranIO_Bridge::_wImportFromPatFile(const wchar_t* path) {
-    return importFile(reader, path);
+    return importFile(reader, path, {});
+}
+
+bool CKVO_PatranIO_Bridge::ImportFromPatFile(const char* path, CKVOImportReport* report) {
+    return importReported(reader, path, report);
+}
+
+bool CKVO_PatranIO_Bridge::_wImportFromPatFile(const wchar_t* path, CKVOImportReport* report) {
+    return importReported(reader, path, report);
 }
 
 int CKVO_PatranIO_Bridge::GetNodeCount() const {

@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <cstdlib>
 
+#include "patran/audit.h"
 #include "patran/import.h"
-#include "text/file.h"
+#include "report/import_report.h"
+#include "text/listened_file.h"
 #include <kvocaeio/patran.h>
 
 #if defined(__GNUC__)
@@ -44,14 +46,22 @@ CPatranReader::~CPatranReader() {
 }
 
 bool CPatranReader::ImportFromPatFile(const char* path) {
-    if (path == nullptr)
-        return false;
-    filePath = path;
-    nodeCount = elemCount = propertyCount = 0;
-    release(nodeIdMap, vertices, elemNodes, elemTypes, elemProperties);
+    return ImportFromPatFile(path, nullptr);
+}
+
+bool CPatranReader::ImportFromPatFile(const char* path, CKVOImportReport* report) {
     IdMap nodeIds;
     FlatMesh mesh;
-    if (!importFlat(path, {}, nodeIds, mesh))
+    const auto import = [&](const text::Listener& listener) {
+        if (path == nullptr)
+            return text::openFile(path, "rb", listener) != nullptr;  // false: it tells the listener
+        filePath = path;
+        nodeCount = elemCount = propertyCount = 0;
+        release(nodeIdMap, vertices, elemNodes, elemTypes, elemProperties);
+        return importFlat(path, listener, nodeIds, mesh);
+    };
+    const auto audit = [&](report::ImportReport& filled) { auditFlat(nodeIds, mesh, filled); };
+    if (!report::runReported(report, import, audit))
         return false;
     nodeIdMap = nodeIds.release();
     vertices = mesh.vertices.release();

@@ -2,6 +2,7 @@
 #include "text/line_reader.h"
 
 #include <cassert>
+#include <cerrno>
 
 #include "text/file.h"
 
@@ -87,7 +88,8 @@ bool LineReader::fill() {
     char* const fresh = first + (heldCr_ ? 1 : 0);
     const std::size_t count = goesOn() ? std::fread(fresh, 1, kBlockSize, file_) : 0;
     bytesRead_ += count;
-    hasFailed_ = hasFailed_ || std::ferror(file_) != 0;
+    if (std::ferror(file_) != 0 && failure_ == 0)
+        failure_ = errno != 0 ? errno : EIO;
     char* last = fresh + count;
     if (mode_ == LineMode::kText)
         last = translateText(first, last);

@@ -97,7 +97,10 @@ class LineReader {
     void giveBack() { position_ = line_; }
 
     /// Whether reading has failed. The lines end there as they do at the end of the file.
-    bool hasFailed() const { return hasFailed_; }
+    bool hasFailed() const { return failure_ != 0; }
+
+    /// Why, as `errno` says; 0 where reading has not failed.
+    int failure() const { return failure_; }
 
   private:
     void deliver(const char* lineEnd) {
@@ -126,7 +129,7 @@ class LineReader {
     bool heldCr_ = false;   // text mode: a CR at `end_`, whose meaning the next byte decides
     bool holdsNul_ = false;
     bool atEnd_ = false;  // nothing more will come of the file
-    bool hasFailed_ = false;
+    int failure_ = 0;
     bool metEnd_ = false;  // a line has been asked for that would need more
     Watch* watch_;
     std::size_t bytesRead_ = 0;

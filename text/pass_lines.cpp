@@ -1,7 +1,10 @@
 /// Notes of a pass: out of line, since nobody listens to most passes.
 #include "text/pass_lines.h"
 
+#include <cstdint>
 #include <functional>
+
+#include "text/listened_file.h"
 
 namespace kvocaeio::text {
 
@@ -12,21 +15,38 @@ void PassLines::noteCut() {
     if (place == lastCut_)
         return;
     lastCut_ = place;
-    findings_->note(cutKind_, place.line, 0, line());
+    findings_->note(*cutKind_, place.line, 0, line());
 }
 
-void PassLines::noteLine(std::size_t kind) {
-    findings_->note(kind, reader_.place().line, 0, line());
+void PassLines::noteEnd() {
+    if (hasNotedFailure_ || !reader_.hasFailed())
+        return;
+    hasNotedFailure_ = true;
+    noteFailure(*findings_, FileFinding::kReadError, reader_.failure(), reader_.place().line);
 }
 
-void PassLines::noteField(std::size_t kind, std::string_view field) {
-    const LinePlace place = reader_.place();
+void PassLines::noteLine(const FindingKind& kind, std::string_view subject) {
+    FindingPlace* const place = findings_->count(kind, subject);
+    if (place == nullptr)
+        return;
+    place->line = reader_.place().line;
+    place->setText(line());
+}
+
+void PassLines::noteField(const FindingKind& kind, std::string_view field,
+                          std::string_view subject) {
+    FindingPlace* const place = findings_->count(kind, subject);
+    if (place == nullptr)
+        return;
+    const LinePlace begin = reader_.place();
     const char* const first = line().data();
     const bool isPart = std::greater_equal<>()(field.data(), first) &&
                         std::less_equal<>()(field.data(), first + line().size());
-    const std::size_t column =
-        isPart ? place.column + static_cast<std::size_t>(field.data() - first) : 0;
-    findings_->note(kind, place.line, column, field);
+    place->line = begin.line;
+    if (isPart)
+        place->column = static_cast<std::uint32_t>(begin.column +
+                                                   static_cast<std::size_t>(field.data() - first));
+    place->setText(field);
 }
 
 }  // namespace kvocaeio::text

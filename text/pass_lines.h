@@ -20,7 +20,7 @@ class PassLines {
               Kind cutKind)
         : reader_(file, bound, mode, listener.watch),
           findings_(listener.findings),
-          cutKind_(static_cast<std::size_t>(cutKind)) {
+          cutKind_(&rowOf(cutKind)) {
         if (findings_ != nullptr)
             reader_.countLines();
     }
@@ -37,34 +37,55 @@ class PassLines {
     void giveBack() { reader_.giveBack(); }
     void setBound(std::size_t bound) { reader_.setBound(bound); }
 
-    /// Notes the line taken last.
+    /// Whether somebody hears what is noted, so that a place is worth looking for.
+    bool areNoted() const { return findings_ != nullptr; }
+
+    /// Where the line taken last begins, for `noteAt`; nowhere while nobody listens.
+    LinePlace place() { return findings_ != nullptr ? reader_.place() : LinePlace(); }
+
+    /// Notes the line taken last. Findings of one kind are kept apart by their subjects.
     template <class Kind>
     void note(Kind kind) {
         if (findings_ != nullptr) [[unlikely]]
-            noteLine(static_cast<std::size_t>(kind));
+            noteLine(rowOf(kind), {});
+    }
+    template <class Kind>
+    void noteNamed(Kind kind, std::string_view subject) {
+        if (findings_ != nullptr) [[unlikely]]
+            noteLine(rowOf(kind), subject);
     }
 
     /// Notes a field of it; without a column where `field` is no part of `line()`.
     template <class Kind>
-    void note(Kind kind, std::string_view field) {
+    void note(Kind kind, std::string_view field, std::string_view subject = {}) {
         if (findings_ != nullptr) [[unlikely]]
-            noteField(static_cast<std::size_t>(kind), field);
+            noteField(rowOf(kind), field, subject);
+    }
+
+    /// Notes a place of the file, as that of an earlier line: `line` from 1, `column` from 1 or 0.
+    template <class Kind>
+    void noteAt(Kind kind, const LinePlace& place, std::string_view what,
+                std::string_view subject = {}) {
+        if (findings_ != nullptr) [[unlikely]]
+            findings_->note(rowOf(kind), place.line, place.column, what, subject);
     }
 
   private:
     bool taken(bool found) {
-        if (findings_ != nullptr && found) [[unlikely]]
-            noteCut();
+        if (findings_ != nullptr) [[unlikely]]
+            found ? noteCut() : noteEnd();
         return found;
     }
     void noteCut();
-    void noteLine(std::size_t kind);
-    void noteField(std::size_t kind, std::string_view field);
+    void noteEnd();
+    void noteLine(const FindingKind& kind, std::string_view subject);
+    void noteField(const FindingKind& kind, std::string_view field, std::string_view subject);
 
     LineReader reader_;
     Findings* findings_;
-    std::size_t cutKind_;
+    const FindingKind* cutKind_;
     LinePlace lastCut_;  // a line that is given back is cut once
+    bool hasNotedFailure_ = false;
 };
 
 }  // namespace kvocaeio::text

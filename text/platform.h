@@ -24,6 +24,9 @@ bool isReadableAndWritable(const char* path) noexcept;
 /// leaves a result that the host has alone, and threads may call it side by side.
 bool toLocalTime(std::time_t time, std::tm& local) noexcept;
 
+/// Makes `narrow` the UTF-8 form of `wide`. False where it has none, as for half a surrogate pair.
+bool toUtf8(std::wstring_view wide, std::string& narrow);
+
 /// Starts a program, hidden where programs have windows, and waits for its end without a time
 /// limit. It has the caller's environment, working directory and descriptors (handles that may be
 /// inherited). Off Windows the command line is split at its blanks, without a shell and without

@@ -42,13 +42,6 @@ bool appendUtf8(std::string& text, char32_t code) {
     return true;
 }
 
-// Gives the UTF-8 form of `wide`; false where it has none.
-bool toUtf8(std::wstring_view wide, std::string& narrow) {
-    narrow.clear();
-    return std::ranges::all_of(
-        wide, [&](wchar_t code) { return appendUtf8(narrow, static_cast<char32_t>(code)); });
-}
-
 constexpr int kFirstOwnDescriptor = STDERR_FILENO + 1;
 
 // A pipe that nobody writes to is refused at once, and not waited for.
@@ -76,6 +69,12 @@ File fileOf(int descriptor, const char* mode) {
 
 const char kPathSeparator = '/';
 const std::string_view kPathSeparators = "/";
+
+bool toUtf8(std::wstring_view wide, std::string& narrow) {
+    narrow.clear();
+    return std::ranges::all_of(
+        wide, [&](wchar_t code) { return appendUtf8(narrow, static_cast<char32_t>(code)); });
+}
 
 std::size_t driveLength(std::string_view) noexcept {
     return 0;

@@ -63,6 +63,16 @@ void waitForEnd(const PROCESS_INFORMATION& process) {
 const char kPathSeparator = '\\';
 const std::string_view kPathSeparators = "\\/";
 
+bool toUtf8(std::wstring_view wide, std::string& narrow) {
+    const int length = static_cast<int>(wide.size());
+    const auto convert = [&](char* to, int size) {
+        return WideCharToMultiByte(CP_UTF8, WC_ERR_INVALID_CHARS, wide.data(), length, to, size,
+                                   nullptr, nullptr);
+    };
+    narrow.resize(static_cast<std::size_t>(convert(nullptr, 0)));
+    return wide.empty() || convert(narrow.data(), static_cast<int>(narrow.size())) > 0;
+}
+
 std::size_t driveLength(std::string_view path) noexcept {
     return path.size() >= 2 && path[1] == ':' ? 2 : 0;
 }

@@ -10,6 +10,8 @@ struct AbaqusModel;
 }
 }  // namespace kvocaeio
 
+class CKVOImportReport;
+
 /// Reads one Abaqus input deck and hands out its mesh.
 ///
 /// Two views of the deck stand side by side. The raw tables hold what the deck lists, in its order
@@ -107,6 +109,9 @@ class KVOCAEIO_API CKVOAbaqusReader {
     /// cannot be opened or memory runs out. Otherwise returns true, whatever the deck holds: what
     /// cannot be read is passed over.
     bool ImportInpFile(const char* path);
+    /// The same, and fills `report` (may be null) with what of the deck was not read, see
+    /// kvocaeio/report.h.
+    bool ImportInpFile(const char* path, CKVOImportReport* report);
 
     /// Derives the normalised mesh from the raw tables, which stay as they are. Does nothing when
     /// the deck has no nodes or no element sections. To be called once: a second call lists the
@@ -117,6 +122,9 @@ class KVOCAEIO_API CKVOAbaqusReader {
     /// ask for more elements than an int counts. Throws `std::bad_alloc` when memory runs out. The
     /// reader can be walked, sorted again and destroyed after that.
     void SortData();
+    /// The same, and adds to `report` (may be null) what of the raw tables the normalised mesh does
+    /// not hold as it stands there.
+    void SortData(CKVOImportReport* report);
 
     /// Returns the number of nodes.
     int GetNodeNum();

@@ -11,6 +11,8 @@ struct NastranWriterState;
 }  // namespace nastran
 }  // namespace kvocaeio
 
+class CKVOImportReport;
+
 /// Reads one Nastran bulk data deck into three flat arrays: nodes, elements, sections.
 ///
 ///     KVONASTRAN_Reader reader;
@@ -47,6 +49,9 @@ class KVOCAEIO_API KVONASTRAN_Reader {
     /// of sections and properties are those of the deck before. The counts of nodes and elements
     /// are not: they are the largest OIDs if the deck could be scanned, else 0.
     bool SetFilePath(const char* path);
+    /// The same, and fills `report` (may be null) with what of the deck was not read, see
+    /// kvocaeio/report.h.
+    bool SetFilePath(const char* path, CKVOImportReport* report);
 
     /// Returns the number of rows of the node vector: the largest node OID of the deck.
     int GetNodeCout();

@@ -12,6 +12,8 @@ class CKVOCadenceReaderImp;
 }  // namespace package
 }  // namespace kvocaeio
 
+class CKVOImportReport;
+
 /// Reads the 3D model of one chip package and hands out its bodies (substrate, dies, interposers,
 /// spacers, solder balls, package cap) and its bond wires. All lengths are millimetres, whatever
 /// the file's unit.
@@ -73,6 +75,10 @@ class KVOCAEIO_API CKVOCadenceReader {
     bool Import3DIFile(const char* path);
     /// Imports a 3DI file by a wide path, with the same results.
     bool Import3DIFile(const wchar_t* path);
+    /// The same two, and fill `report` (may be null) with what of the file was not read, see
+    /// kvocaeio/report.h. When they throw, the report holds the reason.
+    bool Import3DIFile(const char* path, CKVOImportReport* report);
+    bool Import3DIFile(const wchar_t* path, CKVOImportReport* report);
 
     /// Imports a Cadence design (.mcm, .sip or .brd) through the extraction tool and the temporary
     /// folder that were set:
@@ -113,6 +119,10 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// written by the narrow paths in any case, so the folder must be set in both forms, with the
     /// same text.
     bool ImportCadenceFile(const wchar_t* path);
+    /// The same two, and fill `report` (may be null) with what of the design's reports was not
+    /// read. When they throw, the report holds the reason.
+    bool ImportCadenceFile(const char* path, CKVOImportReport* report);
+    bool ImportCadenceFile(const wchar_t* path, CKVOImportReport* report);
 
     /// Sets the narrow path of the extraction tool. The text is copied. The system searches for a
     /// tool whose path has no folder in it. A null or empty `path` means that no tool is set.

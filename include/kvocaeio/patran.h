@@ -12,6 +12,8 @@ class CPATWriter;
 }  // namespace patran
 }  // namespace kvocaeio
 
+class CKVOImportReport;
+
 /// Reads a Patran neutral file and hands out nodes and elements. An element has up to four corners,
 /// and a type and values that come from its property.
 ///
@@ -53,6 +55,10 @@ class KVOCAEIO_API CKVO_PatranIO_Bridge {
     bool ImportFromPatFile(const char* path);
     /// Reads the file at a wide path, with the same results.
     bool _wImportFromPatFile(const wchar_t* path);
+    /// The same two, and fill `report` (may be null) with what of the file was not read, see
+    /// kvocaeio/report.h.
+    bool ImportFromPatFile(const char* path, CKVOImportReport* report);
+    bool _wImportFromPatFile(const wchar_t* path, CKVOImportReport* report);
 
     /// Returns the number of nodes.
     int GetNodeCount() const;
@@ -129,6 +135,9 @@ class KVOCAEIO_API CPatranReader {
     /// or the arrays for its counts and ids cannot be allocated, with all counts 0. Otherwise
     /// returns true, whatever the file holds.
     bool ImportFromPatFile(const char* path);
+    /// The same, and fills `report` (may be null) with what of the file was not read, see
+    /// kvocaeio/report.h.
+    bool ImportFromPatFile(const char* path, CKVOImportReport* report);
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic push

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/files.h"
+#include "support/findings.h"
 #include "text/file.h"
 #include "text/pass_lines.h"
 
@@ -212,11 +213,14 @@ TEST_F(LineReaderTest, RemembersThatReadingFailed) {
     EXPECT_FALSE(failing.next());
     EXPECT_TRUE(failing.metEnd());
     EXPECT_TRUE(failing.hasFailed());
-    const Listener nobody;
+    Findings findings;
     std::clearerr(file.get());
-    PassLines lines(file.get(), 512, LineMode::kBinary, nobody, 0);
+    PassLines lines(file.get(), 512, LineMode::kBinary, {&findings, nullptr},
+                    FileFinding::kReadError);
+    EXPECT_FALSE(lines.next());
     EXPECT_FALSE(lines.next());
     EXPECT_TRUE(lines.hasFailed());
+    ASSERT_EQ(test::countOf(findings, FileFinding::kReadError), 1U);
 }
 
 }  // namespace

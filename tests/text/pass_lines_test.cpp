@@ -2,21 +2,27 @@
 #include "text/pass_lines.h"
 
 #include <algorithm>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "support/files.h"
+#include "support/findings.h"
 #include "text/file.h"
 
 namespace kvocaeio::text {
 namespace {
 
 enum class LineKind { kNoted, kCut };
-constexpr std::array kLineKinds{FindingKind{"test.noted", "it is noted"},
-                                FindingKind{"test.cut", "the line is cut"}};
+constexpr std::array kLineKinds{
+    FindingKind{"test.noted", Severity::kNote, "it is noted", "", ""},
+    FindingKind{"test.cut", Severity::kWarning, "the line is cut", "", ""}};
+
+const FindingKind& rowOf(LineKind kind) {
+    return kLineKinds[static_cast<std::size_t>(kind)];
+}
 
 class PassLinesTest : public testing::Test {
   protected:
@@ -25,14 +31,12 @@ class PassLinesTest : public testing::Test {
         return {file_.get(), bound, mode, listener_, LineKind::kCut};
     }
 
-    std::size_t countOf(LineKind kind) const {
-        return findings_.count(static_cast<std::size_t>(kind));
-    }
-    std::span<const FindingPlace> placesOf(LineKind kind) const {
-        return findings_.places(static_cast<std::size_t>(kind));
+    std::size_t countOf(LineKind kind) const { return test::countOf(findings_, kind); }
+    std::vector<FindingPlace> placesOf(LineKind kind) const {
+        return test::placesOf(findings_, kind);
     }
 
-    Findings findings_{kLineKinds};
+    Findings findings_;
     Watch watch_;
     Listener listener_{&findings_, nullptr};
 
@@ -78,6 +82,20 @@ TEST_F(PassLinesTest, CountsColumnsOfTheFileAcrossPiecesOfALine) {
     EXPECT_EQ(placesOf(LineKind::kNoted)[0].column, 5u);
     EXPECT_EQ(placesOf(LineKind::kNoted)[1].line, 2u);
     EXPECT_EQ(placesOf(LineKind::kNoted)[1].column, 2u);
+}
+
+TEST_F(PassLinesTest, NotesByNameAndAtAnEarlierLine) {
+    PassLines lines = linesOf("block 3\n1\n2\n", 80, LineMode::kBinary);
+    lines.next();
+    const LinePlace head = lines.place();
+    lines.next();
+    lines.noteNamed(LineKind::kNoted, "one");
+    lines.note(LineKind::kNoted, lines.line().substr(0, 1), "one");
+    lines.next();
+    lines.noteAt(LineKind::kNoted, head, "block 3", "two");
+    EXPECT_THAT(test::describe(findings_),
+                testing::ElementsAre("test.noted (one) 2:0 1", "test.noted (one) 2:1 1",
+                                     "test.noted (two) 1:1 block 3"));
 }
 
 TEST_F(PassLinesTest, NotesEachPieceThatIsCutOnce) {
