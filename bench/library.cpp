@@ -14,6 +14,7 @@
 #include <kvocaeio/nastran.h>
 #include <kvocaeio/package.h>
 #include <kvocaeio/patran.h>
+#include <kvocaeio/report.h>
 
 namespace {
 
@@ -36,13 +37,25 @@ Step measure(const char* name, const Run& run) {
     return {name, bench::processorSeconds() - start, bench::peakBytes(), 0};
 }
 
+// Each import can be asked for a report, too.
+enum class Report : bool { kNone, kWanted };
+
+// A report that an import takes, or null.
+template <Report kReport>
+CKVOImportReport* reportToFill() {
+    static CKVOImportReport report;
+    return kReport == Report::kWanted ? &report : nullptr;
+}
+
+template <Report kReport>
 Steps importAbaqus(const char* path, int) {
     bool imported = false;
     Steps steps;
+    CKVOImportReport* const report = reportToFill<kReport>();
     {
         CKVOAbaqusReader reader;
-        steps.push_back(measure("import", [&] { imported = reader.ImportInpFile(path); }));
-        steps.push_back(measure("sort", [&] { reader.SortData(); }));
+        steps.push_back(measure("import", [&] { imported = reader.ImportInpFile(path, report); }));
+        steps.push_back(measure("sort", [&] { reader.SortData(report); }));
     }
     if (!imported)
         return {};
@@ -55,12 +68,14 @@ Steps importAbaqus(const char* path, int) {
     return steps;
 }
 
+template <Report kReport>
 Steps importPackage(const char* path, int) {
     bool imported = false;
     Step step;
+    CKVOImportReport* const report = reportToFill<kReport>();
     {
         CKVOCadenceReader reader;
-        step = measure("import", [&] { imported = reader.Import3DIFile(path); });
+        step = measure("import", [&] { imported = reader.Import3DIFile(path, report); });
     }
     if (!imported)
         return {};
@@ -75,10 +90,12 @@ std::size_t bytes(int rows, std::size_t rowSize) {
     return static_cast<std::size_t>(rows) * rowSize;
 }
 
+template <Report kReport>
 Steps readNastran(const char* path, int) {
     bool read = false;
+    CKVOImportReport* const report = reportToFill<kReport>();
     KVONASTRAN_Reader reader;
-    Step step = measure("read", [&] { read = reader.SetFilePath(path); });
+    Step step = measure("read", [&] { read = reader.SetFilePath(path, report); });
     if (!read)
         return {};
     step.tables = bytes(reader.GetNodeCout(), 4 * sizeof(float)) +
@@ -88,10 +105,12 @@ Steps readNastran(const char* path, int) {
 }
 
 // Coordinates, four corners, shape and property.
+template <Report kReport>
 Steps readPatranLists(const char* path, int) {
     bool read = false;
+    CKVOImportReport* const report = reportToFill<kReport>();
     CKVO_PatranIO_Bridge reader;
-    Step step = measure("bridge", [&] { read = reader.ImportFromPatFile(path); });
+    Step step = measure("bridge", [&] { read = reader.ImportFromPatFile(path, report); });
     if (!read)
         return {};
     step.tables = bytes(reader.GetNodeCount(), 3 * sizeof(float)) +
@@ -100,10 +119,12 @@ Steps readPatranLists(const char* path, int) {
 }
 
 // The same with eight nodes, and the map of the node ids.
+template <Report kReport>
 Steps readPatranArrays(const char* path, int) {
     bool read = false;
+    CKVOImportReport* const report = reportToFill<kReport>();
     CPatranReader reader;
-    Step step = measure("reader", [&] { read = reader.ImportFromPatFile(path); });
+    Step step = measure("reader", [&] { read = reader.ImportFromPatFile(path, report); });
     if (!read)
         return {};
     step.tables = bytes(reader.GetNodeCout(), 3 * sizeof(float) + sizeof(int)) +
@@ -121,12 +142,17 @@ Steps write(const char* path, int size) {
 }
 
 constexpr bench::Job<Steps> kJobs[] = {
-    {"abaqus", importAbaqus},
-    {"3di", importPackage},
-    {"nastran", readNastran},
+    {"abaqus", importAbaqus<Report::kNone>},
+    {"abaqus-report", importAbaqus<Report::kWanted>},
+    {"3di", importPackage<Report::kNone>},
+    {"3di-report", importPackage<Report::kWanted>},
+    {"nastran", readNastran<Report::kNone>},
+    {"nastran-report", readNastran<Report::kWanted>},
     {"write-nastran", write<bench::writeNastranMesh>},
-    {"patran-bridge", readPatranLists},
-    {"patran-reader", readPatranArrays},
+    {"patran-bridge", readPatranLists<Report::kNone>},
+    {"patran-bridge-report", readPatranLists<Report::kWanted>},
+    {"patran-reader", readPatranArrays<Report::kNone>},
+    {"patran-reader-report", readPatranArrays<Report::kWanted>},
     {"write-patran", write<bench::writePatranMesh>},
 };
 

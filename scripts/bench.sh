@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures the library against the floor, the least that any program must do for the same job, and
-# `kvocaeio info` against the import in it.
+# imports with a report and `kvocaeio info` against the import in them.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
 #   FORMAT   abaqus, 3di, nastran or patran (all of them)
@@ -25,8 +25,8 @@ cases=(
     'patran  patran      patran-reader  reader=patran'
     'patran  patran      write-patran   write=write-patran'
 )
-# Format, file, and the jobs of the library that `kvocaeio info` has done of it.
-infoCases=(
+# Format, file, and all imports of it, which are those of `kvocaeio info`.
+importCases=(
     'abaqus  abaqus-hex  abaqus'
     'abaqus  abaqus-tet  abaqus'
     '3di     3di         3di'
@@ -151,26 +151,38 @@ importSeconds() {
     done | awk '{ split($1, field, "="); sum += field[2] } END { print sum }'
 }
 
-compareInfo() {
-    local each format kind jobs file round info import
-    printf '\nkvocaeio info, %d elements, %d rounds\n' "$elements" "$rounds"
-    printf '%-11s %9s %9s %7s\n' file 'info s' 'import s' ratio
-    for each in "${infoCases[@]}"; do
+# compareWithImport TITLE COLUMN MEASURE: what `MEASURE FILE JOB...` takes, in turns with the imports
+# of the same file.
+compareWithImport() {
+    local each format kind jobs file round other import
+    printf '\n%s, %d elements, %d rounds\n' "$1" "$elements" "$rounds"
+    printf '%-11s %9s %9s %7s\n' file "$2 s" 'import s' ratio
+    for each in "${importCases[@]}"; do
         read -r format kind jobs <<<"$each"
         isChosen "$format" || continue
         read -ra jobs <<<"$jobs"
         file=$(input "$kind" "$elements")
-        info=()
+        other=()
         import=()
         for ((round = 0; round < rounds; ++round)); do
             import+=("$(importSeconds "$file" "${jobs[@]}")")
-            info+=("$(processorSeconds "$bin/kvocaeio" info "$file")")
+            other+=("$("$3" "$file" "${jobs[@]}")")
         done
-        printf '%-11s %9.3f %9.3f %7.2f\n' "$kind" "$(printf '%s\n' "${info[@]}" | median)" \
+        printf '%-11s %9.3f %9.3f %7.2f\n' "$kind" "$(printf '%s\n' "${other[@]}" | median)" \
             "$(printf '%s\n' "${import[@]}" | median)" \
-            "$(paste <(printf '%s\n' "${info[@]}") <(printf '%s\n' "${import[@]}") |
+            "$(paste <(printf '%s\n' "${other[@]}") <(printf '%s\n' "${import[@]}") |
                 awk '{ print $1 / $2 }' | median)"
     done
+}
+
+infoSeconds() {
+    processorSeconds "$bin/kvocaeio" info "$1"
+}
+
+reportSeconds() {
+    local file=$1
+    shift
+    importSeconds "$file" "${@/%/-report}"
 }
 
 compareSizes() {
@@ -219,7 +231,8 @@ print(meshio.__version__, time.process_time() - start)'
 }
 
 compareWithFloor
-compareInfo
+compareWithImport 'Import with a report' report reportSeconds
+compareWithImport 'kvocaeio info' info infoSeconds
 [ -z "$scale" ] || compareSizes
 [ -z "$peers" ] || comparePeers
 [ -z "$parts" ] || "$bin/kvocaeio_bench"

@@ -3,6 +3,7 @@
 
 #include <cassert>
 #include <cerrno>
+#include <cstddef>
 
 #include "text/file.h"
 
@@ -13,6 +14,20 @@ namespace {
 // Large enough that system calls do not count, small enough to stay in the second-level cache.
 constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 constexpr char kEndOfTextFile = '\x1A';
+
+// Counts in bytes, many of which go through one instruction; a part is short enough for a byte.
+std::ptrdiff_t countLineFeeds(const char* first, const char* last) {
+    constexpr std::ptrdiff_t kPart = 240;
+    std::ptrdiff_t count = 0;
+    while (first != last) {
+        const char* const end = first + std::min(last - first, kPart);
+        unsigned char ofPart = 0;
+        for (; first != end; ++first)
+            ofPart = static_cast<unsigned char>(ofPart + (*first == '\n' ? 1 : 0));
+        count += ofPart;
+    }
+    return count;
+}
 
 }  // namespace
 
@@ -114,7 +129,7 @@ bool LineReader::goesOn() {
 }
 
 void LineReader::countTo(const char* place) {
-    const auto lineFeeds = std::count(counted_, place, '\n');
+    const std::ptrdiff_t lineFeeds = countLineFeeds(counted_, place);
     if (lineFeeds > 0) {
         lineFeeds_ += static_cast<std::size_t>(lineFeeds);
         charactersBefore_ = 0;

@@ -9,8 +9,6 @@
 namespace kvocaeio::text {
 
 void PassLines::noteCut() {
-    if (!reader_.isCut())
-        return;
     const LinePlace place = reader_.place();
     if (place == lastCut_)
         return;

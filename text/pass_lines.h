@@ -72,7 +72,7 @@ class PassLines {
 
   private:
     bool taken(bool found) {
-        if (findings_ != nullptr) [[unlikely]]
+        if (findings_ != nullptr && (!found || reader_.isCut())) [[unlikely]]
             found ? noteCut() : noteEnd();
         return found;
     }
