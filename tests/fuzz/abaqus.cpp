@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "fuzz/long_numbers.h"
+#include "fuzz/reported.h"
 #include "fuzz/silence.h"
 #include "support/files.h"
 #include <kvocaeio/abaqus.h>
@@ -13,6 +14,7 @@
 namespace {
 
 using kvocaeio::test::hasLongNumber;
+using kvocaeio::test::walkReport;
 
 // Every value handed out goes in here, so that none is left unread.
 volatile double seen = 0.0;
@@ -76,15 +78,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const std::string path = folder.write("deck.inp", bytes);
     CKVOAbaqusReader reader;
-    if (!silent || !reader.ImportInpFile(path.c_str()))
+    CKVOImportReport report;
+    if (!silent || !reader.ImportInpFile(path.c_str(), &report))
         std::abort();
+    walkReport(report, true);
     walkRawTables(reader);
     // Twice, since the second call builds on what the first has left.
     for (int call = 0; call < 2 && !hasLongNumber(bytes, kDigitsOfSmallNumbers); ++call) {
         try {
-            reader.SortData();
+            reader.SortData(call == 0 ? &report : nullptr);
         } catch (const std::length_error&) {  // a generated set that ends before it starts
         }
+        walkReport(report, true);
         walkSortedTables(reader);
     }
     return 0;

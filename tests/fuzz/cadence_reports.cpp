@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "fuzz/reported.h"
 #include "support/files.h"
 #include <kvocaeio/package.h>
 
@@ -37,12 +38,13 @@ void askForBodies(CKVOCadenceReader& reader) {
     }
 }
 
-void import(CKVOCadenceReader& reader) {
+bool import(CKVOCadenceReader& reader, CKVOImportReport* report) {
     try {
-        seen = reader.ImportCadenceFile("design.sip") ? 1.0 : 0.0;
+        return reader.ImportCadenceFile("design.sip", report);
     } catch (const std::out_of_range& error) {
         if (std::string_view(error.what()) != "invalid vector<T> subscript")
             std::abort();
+        return false;
     }
 }
 
@@ -61,7 +63,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     reader.SetTempFilePath(folder.path().string().c_str());
     // Twice, since the second import replaces what the first has left.
     for (int i = 0; i < 2; ++i) {
-        import(reader);
+        CKVOImportReport report;
+        const bool imported = import(reader, i == 0 ? &report : nullptr);
+        kvocaeio::test::walkReport(report, imported || i > 0);
         askForBodies(reader);
     }
     return 0;

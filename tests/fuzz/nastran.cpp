@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "fuzz/long_numbers.h"
+#include "fuzz/reported.h"
 #include "nastran/twin_imports.h"
 #include "support/files.h"
 #include <kvocaeio/nastran.h>
@@ -52,7 +53,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return -1;
     const std::string path = folder.write("deck.nas", bytes);
     KVONASTRAN_Reader reader;
-    const bool read = reader.SetFilePath(path.c_str());
+    CKVOImportReport report;
+    const bool read = reader.SetFilePath(path.c_str(), &report);
+    kvocaeio::test::walkReport(report, read);
     if (read != (reader.GetNodeCout() > 0 && reader.GetElemCout() > 0))
         std::abort();
     if (!kvocaeio::test::differenceToTwins(reader, read, path.c_str()).empty())

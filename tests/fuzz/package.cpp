@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "fuzz/reported.h"
 #include "support/files.h"
 #include <kvocaeio/package.h>
 
@@ -86,7 +87,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CKVOCadenceReader reader;
     // Twice, since the second import counts on from the first.
     for (int import = 0; import < 2; ++import) {
-        ask([&] { reader.Import3DIFile(path.c_str()); });
+        CKVOImportReport report;
+        bool imported = false;
+        ask([&] {
+            imported = reader.Import3DIFile(path.c_str(), import == 0 ? &report : nullptr);
+        });
+        kvocaeio::test::walkReport(report, imported || import > 0);
         askForBodies(reader);
         askForWires(reader);
     }

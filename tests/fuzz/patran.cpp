@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "fuzz/long_numbers.h"
+#include "fuzz/reported.h"
 #include "fuzz/silence.h"
 #include "support/files.h"
 #include <kvocaeio/patran.h>
@@ -98,8 +99,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CPatranReader arrays;
     // Twice, since the second import builds on what the first has left.
     for (int import = 0; import < 2; ++import) {
-        if (!lists.ImportFromPatFile(path.c_str()) || !arrays.ImportFromPatFile(path.c_str()))
+        CKVOImportReport report;
+        CKVOImportReport* const wanted = import == 0 ? &report : nullptr;
+        if (!lists.ImportFromPatFile(path.c_str(), wanted))
             std::abort();
+        kvocaeio::test::walkReport(report, true);
+        if (!arrays.ImportFromPatFile(path.c_str(), wanted))
+            std::abort();
+        kvocaeio::test::walkReport(report, true);
         walkLists(lists);
         walkArrays(arrays);
         copyArrays(arrays);
