@@ -1,116 +1,27 @@
 /// Every code has an example that yields this finding and no other, and a counter-example that does
-/// not. `examples/CODE.EXT` and `examples/CODE.not.EXT` are files, or folders of a design's
-/// reports.
-#include <algorithm>
-#include <filesystem>
+/// not.
+#include "report/examples.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "abaqus/findings.h"
-#include "nastran/findings.h"
-#include "package/findings.h"
-#include "patran/findings.h"
-#include "report/mesh_audit.h"
-#include "support/captured_output.h"
-#include <kvocaeio/abaqus.h>
-#include <kvocaeio/nastran.h>
-#include <kvocaeio/package.h>
-#include <kvocaeio/patran.h>
-#include <kvocaeio/report.h>
+#include "report/kinds.h"
 
 namespace kvocaeio {
 namespace {
 
-namespace fs = std::filesystem;
+using test::allExamples;
+using test::allKinds;
+using test::Example;
 
-void addCodes(CKVOImportReport& report, std::set<std::string>& codes) {
-    CKVOImportReport::FindingData finding;
-    for (report.GetFindingBegin(); report.GetFindingNext(&finding);)
-        codes.insert(finding.code);
-}
-
-// The codes that an import of `path`, with all that follows it, reports.
-std::set<std::string> codesOf(const fs::path& path) {
-    const test::CapturedOutput quiet;
-    CKVOImportReport report;
+std::set<std::string> codesOf(const Example& example) {
     std::set<std::string> codes;
-    const std::string name = path.string();
-    const std::string extension = path.extension().string();
-    if (extension == ".inp") {
-        CKVOAbaqusReader reader;
-        if (reader.ImportInpFile(name.c_str(), &report))
-            reader.SortData(&report);
-    } else if (extension == ".nas") {
-        KVONASTRAN_Reader reader;
-        reader.SetFilePath(name.c_str(), &report);
-    } else if (extension == ".pat") {
-        CKVO_PatranIO_Bridge lists;
-        lists.ImportFromPatFile(name.c_str(), &report);
-        addCodes(report, codes);
-        CPatranReader arrays;
-        arrays.ImportFromPatFile(name.c_str(), &report);
-    } else if (extension == ".3di") {
-        CKVOCadenceReader reader;
-        try {
-            reader.Import3DIFile(name.c_str(), &report);
-        } catch (const std::out_of_range&) {  // the report holds the reason
-        }
-    } else if (fs::is_directory(path)) {
-        CKVOCadenceReader reader;
-        reader.SetTempFilePath(name.c_str());
-        try {
-            reader.ImportCadenceFile("design", &report);  // without a tool: the reports lie there
-        } catch (const std::out_of_range&) {
-        }
-    } else {
-        ADD_FAILURE() << name << " is no example of any format";
-    }
-    addCodes(report, codes);
-    return codes;
-}
-
-// A name without its extension, and whether it is a counter-example.
-struct Example {
-    explicit Example(const fs::path& file) : path(file), code(file.filename().string()) {
-        for (const std::string_view extension : {".inp", ".nas", ".pat", ".3di", ".reports"})
-            if (code.ends_with(extension))
-                code.resize(code.size() - extension.size());
-        isCounter = code.ends_with(".not");
-        if (isCounter)
-            code.resize(code.size() - std::string_view(".not").size());
-    }
-
-    fs::path path;
-    std::string code;
-    bool isCounter = false;
-};
-
-std::vector<Example> allExamples() {
-    std::vector<Example> examples;
-    for (const fs::directory_entry& entry : fs::directory_iterator(KVOCAEIO_FINDING_EXAMPLES))
-        examples.emplace_back(entry.path());
-    std::ranges::sort(examples, {}, &Example::path);
-    return examples;
-}
-
-template <std::size_t N>
-void addKinds(const std::array<text::FindingKind, N>& kinds, std::set<std::string>& codes) {
-    for (const text::FindingKind& kind : kinds)
-        codes.insert(std::string(kind.code));
-}
-
-std::set<std::string> allCodes() {
-    std::set<std::string> codes;
-    addKinds(abaqus::kFindingKinds, codes);
-    addKinds(nastran::kFindingKinds, codes);
-    addKinds(package::kFindingKinds, codes);
-    addKinds(patran::kFindingKinds, codes);
-    addKinds(report::kMeshFindingKinds, codes);
+    for (const test::Told& told : test::importExample(example))
+        codes.insert(told.code);
     return codes;
 }
 
@@ -129,17 +40,19 @@ class FindingExamples : public testing::TestWithParam<const char*> {
 
 TEST_P(FindingExamples, YieldTheirFindingAndNoOther) {
     for (const Example& example : examples(false))
-        EXPECT_THAT(codesOf(example.path), testing::ElementsAre(example.code)) << example.path;
+        EXPECT_THAT(codesOf(example), testing::ElementsAre(example.code)) << example.path;
 }
 
 TEST_P(FindingExamples, OfWhatIsNoFindingHaveNone) {
     for (const Example& example : examples(true))
-        EXPECT_FALSE(codesOf(example.path).contains(example.code)) << example.path;
+        EXPECT_FALSE(codesOf(example).contains(example.code)) << example.path;
 }
 
 TEST_P(FindingExamples, CoverEveryCodeAndItsOpposite) {
-    std::set<std::string> codes = allCodes();
-    std::erase_if(codes, [&](const std::string& code) { return !isOurs(code); });
+    std::set<std::string> codes;
+    for (const text::FindingKind& kind : allKinds())
+        if (isOurs(kind.code))
+            codes.insert(std::string(kind.code));
     for (const bool areCounters : {false, true}) {
         std::set<std::string> covered;
         for (const Example& example : examples(areCounters))
@@ -156,18 +69,8 @@ INSTANTIATE_TEST_SUITE_P(All, FindingExamples,
                          });
 
 TEST(FindingKinds, SayWhatWhyAndHowLongTheyAre) {
-    std::vector<text::FindingKind> kinds;
-    const auto add = [&](const auto& table) {
-        kinds.insert(kinds.end(), table.begin(), table.end());
-    };
-    add(abaqus::kFindingKinds);
-    add(nastran::kFindingKinds);
-    add(package::kFindingKinds);
-    add(patran::kFindingKinds);
-    add(report::kMeshFindingKinds);
-    add(text::kFileFindingKinds);
     std::set<std::string_view> codes;
-    for (const text::FindingKind& kind : kinds) {
+    for (const text::FindingKind& kind : allKinds()) {
         EXPECT_TRUE(codes.insert(kind.code).second) << kind.code << " is there twice";
         EXPECT_LT(kind.code.size(), 64u) << kind.code;
         EXPECT_FALSE(kind.text.empty()) << kind.code;

@@ -1,0 +1,100 @@
+/// Examples of findings, imported as a host does it.
+#include "report/examples.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string_view>
+
+#include "support/captured_output.h"
+#include <kvocaeio/abaqus.h>
+#include <kvocaeio/nastran.h>
+#include <kvocaeio/package.h>
+#include <kvocaeio/patran.h>
+#include <kvocaeio/report.h>
+
+namespace kvocaeio::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void collect(CKVOImportReport& report, std::vector<Told>& told) {
+    CKVOImportReport::FindingData finding;
+    for (report.GetFindingBegin(); report.GetFindingNext(&finding);) {
+        static constexpr const char* kSeverities[] = {"note", "warning", "error"};
+        const auto isKnown = [&](const Told& each) {
+            return each.code == finding.code && each.text == finding.text;
+        };
+        if (std::ranges::none_of(told, isKnown))
+            told.push_back({finding.code, fs::path(finding.file).filename().string(), finding.line,
+                            finding.column, kSeverities[finding.severity], finding.text});
+    }
+}
+
+void importDeck(const std::string& path, CKVOImportReport& report) {
+    CKVOAbaqusReader reader;
+    if (!reader.ImportInpFile(path.c_str(), &report))
+        return;
+    try {
+        reader.SortData(&report);
+    } catch (const std::length_error&) {  // the report holds the reason
+    }
+}
+
+void importPackage(const fs::path& path, CKVOImportReport& report) {
+    CKVOCadenceReader reader;
+    try {
+        if (fs::is_directory(path)) {
+            reader.SetTempFilePath(path.string().c_str());
+            reader.ImportCadenceFile("design", &report);  // without a tool: the reports lie there
+        } else {
+            reader.Import3DIFile(path.string().c_str(), &report);
+        }
+    } catch (const std::out_of_range&) {  // likewise
+    }
+}
+
+Example exampleAt(const fs::path& path) {
+    Example example{path, path.stem().string()};
+    constexpr std::string_view kCounter = ".not";
+    example.isCounter = example.code.ends_with(kCounter);
+    if (example.isCounter)
+        example.code.resize(example.code.size() - kCounter.size());
+    return example;
+}
+
+}  // namespace
+
+std::vector<Example> allExamples() {
+    std::vector<Example> examples;
+    for (const fs::directory_entry& entry : fs::directory_iterator(KVOCAEIO_FINDING_EXAMPLES))
+        examples.push_back(exampleAt(entry.path()));
+    std::ranges::sort(examples, {}, &Example::path);
+    return examples;
+}
+
+std::vector<Told> importExample(const Example& example) {
+    const CapturedOutput quiet;
+    CKVOImportReport report;
+    std::vector<Told> told;
+    const std::string path = example.path.string();
+    const std::string extension = example.path.extension().string();
+    if (extension == ".inp") {
+        importDeck(path, report);
+    } else if (extension == ".nas") {
+        KVONASTRAN_Reader().SetFilePath(path.c_str(), &report);
+    } else if (extension == ".pat") {
+        CKVO_PatranIO_Bridge().ImportFromPatFile(path.c_str(), &report);
+        collect(report, told);
+        CPatranReader().ImportFromPatFile(path.c_str(), &report);
+    } else if (extension == ".3di" || extension == ".reports") {
+        importPackage(example.path, report);
+    } else {
+        ADD_FAILURE() << path << " is no example of any format";
+    }
+    collect(report, told);
+    return told;
+}
+
+}  // namespace kvocaeio::test
