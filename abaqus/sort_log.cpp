@@ -29,7 +29,7 @@ void writeElementIds(text::Writer& log, const RawModel& raw) {
         }
 }
 
-void writeNodeRows(text::Writer& log, const NodeBlock& block) {
+void writeNodeBlock(text::Writer& log, const NodeBlock& block) {
     put(log, "-------- Node Data--------\n");
     for (std::size_t row = 0; row < block.ids.size(); ++row) {
         const double* const coord = &block.coords[3 * row];
@@ -86,7 +86,7 @@ void WriteSortLog(const AbaqusModel& model, const DebugFolder& folder) {
     text::Writer log(file.get());
     writeNodeIds(log, model);
     writeElementIds(log, model);
-    writeNodeRows(log, model.nodeBlock);
+    writeNodeBlock(log, model.nodeBlock);
     writeSections(log, "Solid", model.solidSections);
     writeSections(log, "Shell", model.shellElemSections);
     writeSets(log, model);

@@ -33,6 +33,9 @@ if(KVOCAEIO_STATIC_LIBRARY)
     add_library(kvocaeio_static STATIC $<TARGET_PROPERTY:kvocaeio_objects,SOURCES>)
     add_library(KVOCAEIO::static ALIAS kvocaeio_static)
     kvocaeio_library_code(kvocaeio_static)
+    if(KVOCAEIO_UNITY)
+        set_target_properties(kvocaeio_static PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+    endif()
     target_compile_definitions(kvocaeio_static PUBLIC KVOCAEIO_STATIC)
     target_include_directories(kvocaeio_static
         PRIVATE ${PROJECT_SOURCE_DIR}

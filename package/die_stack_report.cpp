@@ -12,10 +12,10 @@ namespace kvocaeio::package {
 
 namespace {
 
-// In the order of `kColumns`.
-enum Column : std::size_t { kType, kName, kX1, kY1, kX2, kY2, kBottom, kTop };
+// In the order of `kDieColumns`.
+enum DieColumn : std::size_t { kMemberType, kMemberName, kX1, kY1, kX2, kY2, kBottom, kTop };
 
-constexpr std::array kColumns{
+constexpr std::array kDieColumns{
     "DSA_MEMBER_TYPE", "DSA_MEMBER_NAME", "DSA_EXTENTS_X1",       "DSA_EXTENTS_Y1",
     "DSA_EXTENTS_X2",  "DSA_EXTENTS_Y2",  "DSA_STACK_HEIGHT_MIN", "DSA_STACK_HEIGHT_MAX",
 };
@@ -33,16 +33,18 @@ ComponentType typeByMember(std::string_view member) {
 }  // namespace
 
 bool readDieStackReport(const Report& report, double unitScale, ComponentList& components) {
-    const ReportRows rows(report, kColumns);
+    const ReportRows rows(report, kDieColumns);
     if (!rows.hasAllColumns())
         return false;
     for (std::size_t row = 0; row < rows.count(); ++row) {
         ComponentRecord record;
-        record.type = typeByMember(rows.cell(row, kType));
+        record.type = typeByMember(rows.cell(row, kMemberType));
         if (record.type == ComponentType::kNone)
             continue;
-        record.name = rows.cell(row, kName);
-        const auto coordinate = [&](Column column) { return text::toReal(rows.cell(row, column)); };
+        record.name = rows.cell(row, kMemberName);
+        const auto coordinate = [&](DieColumn column) {
+            return text::toReal(rows.cell(row, column));
+        };
         setExtent(record, 0, coordinate(kX1), coordinate(kX2), unitScale);
         setExtent(record, 1, coordinate(kY1), coordinate(kY2), unitScale);
         setExtent(record, 2, coordinate(kBottom), coordinate(kTop), unitScale);

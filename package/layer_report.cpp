@@ -12,14 +12,14 @@ namespace kvocaeio::package {
 
 namespace {
 
-// In the order of `kColumns`.
-enum Column : std::size_t { kSort, kSubclass, kType, kMaterial, kThickness };
+// In the order of `kLayerColumns`.
+enum LayerColumn : std::size_t { kSort, kSubclass, kLayerType, kMaterial, kThickness };
 
-constexpr std::array kColumns{
+constexpr std::array kLayerColumns{
     "LAYER_SORT", "LAYER_SUBCLASS", "LAYER_TYPE", "LAYER_MATERIAL", "LAYER_THICKNESS",
 };
 
-using LayerRows = ReportRows<kColumns.size()>;
+using LayerRows = ReportRows<kLayerColumns.size()>;
 
 struct Heights {
     double substrate = 0.0;
@@ -46,7 +46,7 @@ Heights sumThicknesses(const LayerRows& rows, bool isMcm) {
     bool conductorSeen = false;
     bool lastConductor = false;
     for (std::size_t row = 0; row < rows.count(); ++row) {
-        const std::string_view type = rows.cell(row, kType);
+        const std::string_view type = rows.cell(row, kLayerType);
         const bool isConductor = equalsInAnyCase(type, "CONDUCTOR");
         if (conductorSeen) {
             lastConductor = lastConductor || isConductor;
@@ -69,7 +69,7 @@ Heights sumThicknesses(const LayerRows& rows, bool isMcm) {
 bool readLayerReport(const Report& report, ComponentList& components) {
     constexpr double kMil = 0.0254;
     const bool isMcm = isDesignOf(report, ".mcm");
-    const LayerRows rows(report, kColumns);
+    const LayerRows rows(report, kLayerColumns);
     if (!rows.hasAllColumns())
         return false;
     Heights heights = sumThicknesses(rows, isMcm);

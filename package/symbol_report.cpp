@@ -12,8 +12,8 @@ namespace kvocaeio::package {
 
 namespace {
 
-// In the order of `kColumns`.
-enum Column : std::size_t {
+// In the order of `kSymbolColumns`.
+enum SymbolColumn : std::size_t {
     kRefDes,
     kSymbolName,
     kSymbolBox,  // x1, y1, x2, y2
@@ -21,7 +21,7 @@ enum Column : std::size_t {
     kRectangle,  // x1, y1, x2, y2
 };
 
-constexpr std::array kColumns{
+constexpr std::array kSymbolColumns{
     "REFDES",         "SYM_NAME",       "SYM_BOX_X1",        "SYM_BOX_Y1",
     "SYM_BOX_X2",     "SYM_BOX_Y2",     "GRAPHIC_DATA_NAME", "GRAPHIC_DATA_1",
     "GRAPHIC_DATA_2", "GRAPHIC_DATA_3", "GRAPHIC_DATA_4",
@@ -46,7 +46,7 @@ bool holdsBodyOf(const ComponentList& components, ComponentType type) {
 
 bool readSymbolReport(const Report& report, double unitScale, ComponentList& components) {
     const bool isSip = isDesignOf(report, ".sip");
-    const ReportRows rows(report, kColumns);
+    const ReportRows rows(report, kSymbolColumns);
     if (!rows.hasAllColumns())
         return false;
     for (std::size_t row = 0; row < rows.count(); ++row) {
