@@ -91,7 +91,7 @@ merged() {
          { print }' "$@"
 }
 
-mapfile -d '' library < <(find text abaqus package nastran patran c -name '*.cpp' \
+mapfile -d '' library < <(find text report abaqus package nastran patran c -name '*.cpp' \
     ! -name '*_windows.cpp' -print0 | sort -z)
 half=$((${#library[@]} / 2))
 mkdir -p build/tidy
