@@ -21,18 +21,15 @@ constexpr bool isRow(int index, int rows) {
     return index >= 0 && index < rows;
 }
 
-// Makes arrays of `count` rows in place of the old ones. False, and no rows, where memory cannot be
-// allocated.
+// Makes arrays of `count` rows in place of the old ones; no rows where memory cannot be allocated.
 template <class... Value>
-bool remake(int count, int& rows, text::ZeroedArray<Value>&... arrays) noexcept {
+void remake(int count, int& rows, text::ZeroedArray<Value>&... arrays) noexcept {
     rows = 0;
     (arrays.reset(), ...);
     try {
         ((arrays = text::makeZeroed<Value>(text::asSize(count))), ...);
         rows = count;
-        return true;
     } catch (const std::bad_alloc&) {
-        return false;
     }
 }
 
@@ -56,17 +53,15 @@ constexpr std::string_view kHeaderEnd = "       0       0       0       080\n";
 
 void CPATWriter::SetFilePath(const char* path) {
     filePath = path;
-    filePathSet = true;
 }
 
 void CPATWriter::SetNodeCount(int count) {
     nodeCount = count;
-    nodeCountSet = true;
 }
 
 void CPATWriter::SetNodeArray() noexcept {
     if (nodeCount >= 1)
-        nodeArraySet = remake(nodeCount, nodeRows, nodeX, nodeY, nodeZ);
+        remake(nodeCount, nodeRows, nodeX, nodeY, nodeZ);
 }
 
 void CPATWriter::AddNode(int index, double x, double y, double z) {
@@ -80,14 +75,13 @@ void CPATWriter::AddNode(int index, double x, double y, double z) {
 
 void CPATWriter::SetElemCount(int count) {
     elemCount = count;
-    elemCountSet = true;
 }
 
 bool CPATWriter::SetElemArray() noexcept {
     if (elemCount < 1)
         return false;
-    elemArraySet = remake(elemCount, elemRows, elemNodes, elemShapes);
-    return elemArraySet;
+    remake(elemCount, elemRows, elemNodes, elemShapes);
+    return elemRows > 0;
 }
 
 void CPATWriter::AddElement(int index, int count, const int* nodes) {
@@ -100,7 +94,7 @@ void CPATWriter::AddElement(int index, int count, const int* nodes) {
 }
 
 bool CPATWriter::WriteFile() const noexcept {
-    if (!filePathSet || !nodeCountSet || !nodeArraySet || !elemCountSet || !elemArraySet)
+    if (nodeRows == 0 || elemRows == 0)
         return false;
     const text::File stream = text::openFile(filePath, "w");
     if (stream == nullptr)

@@ -38,12 +38,7 @@ class CPATWriter {
     int elemCount = 0;
     text::ZeroedArray<Block> elemNodes;
     text::ZeroedArray<int> elemShapes;
-    bool filePathSet = false;
-    bool nodeCountSet = false;
-    bool nodeArraySet = false;
-    bool elemCountSet = false;
-    bool elemArraySet = false;
-    // Rows that the arrays have: the counts may be set anew at any time.
+    // Rows that the arrays have, 0 while there are none: the counts may be set anew at any time.
     int nodeRows = 0;
     int elemRows = 0;
 };

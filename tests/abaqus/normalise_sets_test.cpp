@@ -92,6 +92,11 @@ TEST(NormaliseSets, MembersKeepDeckOrderAndRepetitionsAndAreNotChecked) {
               setOf(0, "A", {9, 2, 9, 1, 4000, 2}));
 }
 
+TEST(NormaliseSets, MembersMayBeAsFarApartAsIntsCan) {
+    EXPECT_EQ(setLines("*ELSET, ELSET=A\n-2147483648, 2147483647\n"),
+              setOf(0, "A", {INT_MIN, INT_MAX}));
+}
+
 TEST(NormaliseSets, RepeatedNameContinuesItsList) {
     EXPECT_EQ(setLines("*ELSET, ELSET=A\n1, 2\n*ELSET, ELSET=A\n3\n"), setOf(0, "A", {1, 2, 3}));
     EXPECT_EQ(setLines("*ELSET, ELSET=A\n5\n*ELSET, ELSET=A, GENERATE\n1, 3\n"),
