@@ -61,16 +61,12 @@ void CPATWriter::SetNodeCount(int count) {
 
 void CPATWriter::SetNodeArray() noexcept {
     if (nodeCount >= 1)
-        remake(nodeCount, nodeRows, nodeX, nodeY, nodeZ);
+        remake(nodeCount, nodeRows, nodePoints);
 }
 
 void CPATWriter::AddNode(int index, double x, double y, double z) {
-    if (!isRow(index, nodeRows))
-        return;
-    const std::size_t row = text::asSize(index);
-    nodeX[row] = x;
-    nodeY[row] = y;
-    nodeZ[row] = z;
+    if (isRow(index, nodeRows))
+        nodePoints[text::asSize(index)] = {x, y, z};
 }
 
 void CPATWriter::SetElemCount(int count) {
@@ -126,9 +122,9 @@ void CPATWriter::writeNode(text::Writer& file, int index) const {
         writeFields(file, std::array{nodeCount, elemCount, 0, 1}).text("81\n");
     else
         file.text(kHeaderEnd);
-    const std::size_t row = text::asSize(index);
-    for (const text::ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
-        file.scientific(isRow(index, nodeRows) ? (*array)[row] : 0.0, kRealWidth);
+    for (const double coordinate :
+         isRow(index, nodeRows) ? nodePoints[text::asSize(index)] : Point{})
+        file.scientific(coordinate, kRealWidth);
     file.text("\n       0       0       0       0       0       0       0       0       0\n");
 }
 

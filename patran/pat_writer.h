@@ -24,6 +24,7 @@ class CPATWriter {
     bool WriteFile() const noexcept;
 
   private:
+    using Point = std::array<double, 3>;
     using Block = std::array<int, 8>;
 
     void writePackets(text::Writer& file) const;
@@ -32,9 +33,7 @@ class CPATWriter {
 
     const char* filePath = nullptr;
     int nodeCount = 0;
-    text::ZeroedArray<double> nodeX;
-    text::ZeroedArray<double> nodeY;
-    text::ZeroedArray<double> nodeZ;
+    text::ZeroedArray<Point> nodePoints;
     int elemCount = 0;
     text::ZeroedArray<Block> elemNodes;
     text::ZeroedArray<int> elemShapes;
