@@ -21,10 +21,13 @@ void writeNodes(text::Writer& log, const NodeBlock& block) {
     }
 }
 
-// Writes the head of a kind of section, then all sections, each after its title.
+// Says what is written, then writes the head of a kind of section and all sections, each after its
+// title.
 template <class Section>
-void writeSections(text::Writer& log, std::string_view kind, const std::vector<Section>& sections,
+void writeSections(text::Writer& log, const char* said, std::string_view kind,
+                   const std::vector<Section>& sections,
                    void (*writeSection)(text::Writer& log, const Section& section)) {
+    std::printf("writing %s section...\n", said);
     put(log, kRule, kind, " Section count = ", sections.size(), "\n", kRule);
     for (std::size_t i = 0; i < sections.size(); ++i) {
         put(log, "----", kind, " Section ", i, "------\n");
@@ -86,16 +89,11 @@ void writeImportLog(const AbaqusModel& model, const DebugFolder& folder) {
     text::Writer log(file.get());
     std::fputs("writing node section...\n", stdout);
     writeNodes(log, model.nodeBlock);
-    std::fputs("writing element section...\n", stdout);
-    writeSections(log, "Element", model.elemSections, writeElements);
-    std::fputs("writing shell section...\n", stdout);
-    writeSections(log, "Shell", model.shellSections, writeShellSection);
-    std::fputs("writing surface section...\n", stdout);
-    writeSections(log, "Surface", model.surfaces, writeSurface);
-    std::fputs("writing dload section...\n", stdout);
-    writeSections(log, "Dload", model.dloads, writeLoads);
-    std::fputs("writing elset section...\n", stdout);
-    writeSections(log, "Elset", model.elsets, writeSet);
+    writeSections(log, "element", "Element", model.elemSections, writeElements);
+    writeSections(log, "shell", "Shell", model.shellSections, writeShellSection);
+    writeSections(log, "surface", "Surface", model.surfaces, writeSurface);
+    writeSections(log, "dload", "Dload", model.dloads, writeLoads);
+    writeSections(log, "elset", "Elset", model.elsets, writeSet);
 }
 
 }  // namespace kvocaeio::abaqus

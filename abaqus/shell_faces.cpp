@@ -76,8 +76,6 @@ std::vector<SetFace> namedFaces(const std::vector<SurfaceSection>& surfaces,
                                 const text::Listener& listener) {
     std::vector<SetFace> named;
     for (const SurfaceSection& surface : surfaces) {
-        if (surface.type != "ELEMENT")
-            continue;
         for (std::size_t i = 0; i < surface.items.size(); ++i) {
             const auto set = elsetIndexMap.find(surface.items[i]);
             const int face = faceOfSurfaceLabel(surface.faces[i]);

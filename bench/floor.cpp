@@ -4,8 +4,8 @@
 
 #include "bench/floors.h"
 #include "bench/job_table.h"
-#include "bench/process_meter.h"
 #include "support/captured_output.h"
+#include "support/process_meter.h"
 #include "text/file.h"
 
 namespace {
@@ -19,24 +19,24 @@ struct Measured {
 
 template <bench::FloorCounts (*kFloor)(std::FILE* file, std::size_t fileSize)>
 Measured read(const char* path, int) {
-    const double start = bench::processorSeconds();
+    const double start = test::processorSeconds();
     const text::File file = text::openFile(path, "rb");
     if (file == nullptr)
         return {};
     const bench::FloorCounts counts = kFloor(file.get(), std::filesystem::file_size(path));
-    return {bench::processorSeconds() - start, counts};
+    return {test::processorSeconds() - start, counts};
 }
 
 template <bench::FloorCounts (*kFloor)(std::FILE* file, const bench::SolidMesh& mesh)>
 Measured write(const char* path, int size) {
     const bench::SolidMesh mesh = bench::makeSolidMesh(size);
-    const double start = bench::processorSeconds();
+    const double start = test::processorSeconds();
     text::File file = text::openFile(path, "wb");
     if (file == nullptr)
         return {};
     const bench::FloorCounts counts = kFloor(file.get(), mesh);
     file.reset();
-    return {bench::processorSeconds() - start, counts};
+    return {test::processorSeconds() - start, counts};
 }
 
 Measured sortAbaqus(const char* path, int) {
@@ -54,9 +54,9 @@ Measured sortAbaqus(const char* path, int) {
         tables.sections.push_back(section);
     if (tables.nodeOids.empty())
         return {};
-    const double start = bench::processorSeconds();
+    const double start = test::processorSeconds();
     const bench::FloorCounts counts = bench::abaqusSortFloor(tables);
-    return {bench::processorSeconds() - start, counts};
+    return {test::processorSeconds() - start, counts};
 }
 
 constexpr bench::Job<Measured> kJobs[] = {

@@ -6,10 +6,10 @@
 #include "abaqus/normalise.h"
 #include "bench/host_writers.h"
 #include "bench/job_table.h"
-#include "bench/process_meter.h"
 #include "bench/table_sizes.h"
 #include "package/import_3di.h"
 #include "support/captured_output.h"
+#include "support/process_meter.h"
 #include <kvocaeio/abaqus.h>
 #include <kvocaeio/nastran.h>
 #include <kvocaeio/package.h>
@@ -32,9 +32,9 @@ using Steps = std::vector<Step>;
 
 template <class Run>
 Step measure(const char* name, const Run& run) {
-    const double start = bench::processorSeconds();
+    const double start = test::processorSeconds();
     run();
-    return {name, bench::processorSeconds() - start, bench::peakBytes(), 0};
+    return {name, test::processorSeconds() - start, test::peakBytes(), 0};
 }
 
 // Each import can be asked for a report, too.

@@ -20,12 +20,14 @@ namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongCommandLine = 2;
+const char* const kCommandsTitle = "Commands";
 
 using kvocaeio::host::ConvertOptions;
 using kvocaeio::host::InfoOptions;
 
 void addInfo(CLI::App& app, InfoOptions& options) {
-    CLI::App* info = app.add_subcommand("info", "Says what each FILE holds.");
+    CLI::App* info =
+        app.add_subcommand("info", "Says what each FILE holds.")->group(kCommandsTitle);
     info->add_option("FILE", options.files,
                      "Files to read: Abaqus input decks, Nastran decks, Patran neutral files, 3DI "
                      "packages; with --tool Cadence designs. Of a folder, all such files in it.");
@@ -37,19 +39,24 @@ void addInfo(CLI::App& app, InfoOptions& options) {
     info->add_flag("--verbose", options.verbose,
                    "Show the library's progress lines, on standard error; else they are hidden.");
     CLI::Option* tool = info->add_option("--tool", options.tool,
-                                         "Extraction tool that opens each FILE, a Cadence design.");
-    CLI::Option* folder = info->add_option(
-        "--temp", options.toolFolder,
-        "Folder for the tool's command files and reports, which replace older ones.");
+                                         "Extraction tool that opens each FILE, a Cadence design.")
+                            ->type_name("TOOL");
+    CLI::Option* folder =
+        info->add_option(
+                "--temp", options.toolFolder,
+                "Folder for the tool's command files and reports, which replace older ones.")
+            ->type_name("FOLDER");
     info->add_option("--tool-timeout", options.toolTimeout,
                      "Seconds after which the tool is ended with all that it has started.")
+        ->type_name("SECONDS")
         ->check(CLI::PositiveNumber)
         ->needs(tool)
         ->capture_default_str();
     tool->needs(folder);
     folder->needs(tool);
     info->add_option("--reports", options.reportsFolder,
-                     "Folder with the reports that a tool has left of a Cadence design.");
+                     "Folder with the reports that a tool has left of a Cadence design.")
+        ->type_name("FOLDER");
     info->callback([&options] {
         if (options.files.empty() && options.reportsFolder.empty())
             throw CLI::RequiredError("FILE");
@@ -57,7 +64,8 @@ void addInfo(CLI::App& app, InfoOptions& options) {
 }
 
 CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
-    CLI::App* convert = app.add_subcommand("convert", "Writes the solids of IN as OUT.");
+    CLI::App* convert =
+        app.add_subcommand("convert", "Writes the solids of IN as OUT.")->group(kCommandsTitle);
     convert
         ->add_option("IN", options.source,
                      "An Abaqus input deck or a Patran neutral file; - is standard input.")
@@ -73,6 +81,7 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
         ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
         ->capture_default_str();
     convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
+        ->type_name("FACTOR")
         ->check(CLI::PositiveNumber);
     convert->add_flag("--normalised", options.normalised,
                       "Take the normalised mesh of an Abaqus deck instead of the elements that it "
@@ -106,7 +115,10 @@ std::string namesOfCommands(CLI::App& app) {
 
 int run(int argc, char** argv) {
     CLI::App app("Opens the files of other engineering tools and says what they hold.", "kvocaeio");
-    app.set_version_flag("--version", kvocaeio::host::versionText());
+    app.set_help_flag("-h,--help", "Show this help and exit.");
+    app.set_version_flag("--version", kvocaeio::host::versionText(),
+                         "Show the versions of the program and of the library and exit.");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     app.allow_windows_style_options(false);  // a path may begin with a slash
     app.require_subcommand(1);
     app.footer(
@@ -118,9 +130,10 @@ int run(int argc, char** argv) {
     ConvertOptions convertOptions;
     const CLI::App* convert = addConvert(app, convertOptions);
     kvocaeio::host::addManual(app);
-    if (argc > 1 && *argv[1] != '-' && !isCommand(app, argv[1])) {
-        std::cerr << "kvocaeio: unknown command '" << kvocaeio::host::cleanName(argv[1])
-                  << "'; the commands are " << namesOfCommands(app)
+    if (argc == 1 || (*argv[1] != '-' && !isCommand(app, argv[1]))) {
+        const std::string word = argc == 1 ? "" : kvocaeio::host::cleanName(argv[1]);
+        std::cerr << "kvocaeio: " << (argc == 1 ? "no command" : "unknown command '" + word + "'")
+                  << "; the commands are " << namesOfCommands(app)
                   << "\nRun with --help for more information.\n";
         return kWrongCommandLine;
     }

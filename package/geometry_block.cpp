@@ -1,6 +1,7 @@
 /// Which body a block is, and its place and size.
 #include "package/geometry_block.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
@@ -37,24 +38,19 @@ void GeometryBlock::reset(double startOfMaxima) {
 }
 
 bool GeometryBlock::scanExtrusion(text::Scan scan) {
-    std::string_view word;
     int dropped = 0;
     AxisRange range{};
-    if (!scan.word(word) || !scan.integer(dropped) || !scan.real(range.min) ||
-        !scan.real(range.max))
+    if (!scan.integer(dropped) || !scan.real(range.min) || !scan.real(range.max))
         return false;
     z = range;
     return true;
 }
 
 bool GeometryBlock::scanBall(text::Scan scan) {
-    std::string_view word;
     std::array<double, 6> fields{};
     int dropped = 0;
-    bool complete = scan.word(word);
-    for (double& field : fields)
-        complete = complete && scan.real(field);
-    if (!complete || !scan.integer(dropped))
+    const auto real = [&scan](double& field) { return scan.real(field); };
+    if (!std::ranges::all_of(fields, real) || !scan.integer(dropped))
         return false;
     const double radius = fields[3];
     const double h = fields[5];

@@ -44,11 +44,11 @@ struct GeometryBlock {
     /// Starts anew. The ball is kept from block to block.
     void reset(double startOfMaxima);
 
-    /// Takes the z range of an "EXTR" line: "%s %d %lf %lf". False where the line lacks a field;
-    /// nothing is taken then, here as below.
+    /// Takes the z range of an "EXTR" line: "%d %lf %lf" after its first word. False where the line
+    /// lacks a field; nothing is taken then, here as below.
     bool scanExtrusion(text::Scan scan);
 
-    /// Takes the ball of a "BARL" line: "%s %lf %lf %lf %lf %lf %lf %d", with centre, radius, a
+    /// Takes the ball of a "BARL" line: "%lf %lf %lf %lf %lf %lf %d", with centre, radius, a
     /// number that is dropped and h. Its z is lowered by the height of the spherical cap whose base
     /// has the radius h, and becomes not a number where h is above the ball's radius.
     bool scanBall(text::Scan scan);

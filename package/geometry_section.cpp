@@ -71,22 +71,23 @@ void GeometryPass::readBlock() {
     while (nextInside(lines)) {
         text::Scan scan(lines.line());
         std::string_view word;
+        scan.word(word);  // any word: that of `HeadLine` may stand behind it
         int points = 0;
         bool complete = true;
         switch (HeadLine{kHeadWords.firstHeldBy(lines.line())}) {
             case HeadLine::kName:
-                complete = scan.word(word) && scan.word(word);
+                complete = scan.word(word);
                 if (complete)
                     text::foldToUpper(word, block.name);
                 break;
             case HeadLine::kObject:
-                complete = scan.word(word) && scan.integer(block.objectId);
+                complete = scan.integer(block.objectId);
                 break;
             case HeadLine::kLayer:
-                complete = scan.word(word) && scan.integer(block.layerId);
+                complete = scan.integer(block.layerId);
                 break;
             case HeadLine::kColor:
-                complete = scan.word(word) && scan.integer(block.colorId);
+                complete = scan.integer(block.colorId);
                 break;
             case HeadLine::kExtrusion:
                 complete = block.scanExtrusion(scan);
@@ -95,7 +96,7 @@ void GeometryPass::readBlock() {
                 complete = block.scanBall(scan);
                 break;
             case HeadLine::kPolygon:
-                complete = scan.word(word) && scan.integer(points);
+                complete = scan.integer(points);
                 if (complete && isWanted(block, kinds))
                     readPolygon(points);
                 if (complete)

@@ -21,18 +21,15 @@ constexpr bool isRow(int index, int rows) {
     return index >= 0 && index < rows;
 }
 
-// Makes arrays of `count` rows in place of the old ones. False, and no rows, where memory cannot be
-// allocated.
+// Makes arrays of `count` rows in place of the old ones; no rows where memory cannot be allocated.
 template <class... Value>
-bool remake(int count, int& rows, text::ZeroedArray<Value>&... arrays) noexcept {
+void remake(int count, int& rows, text::ZeroedArray<Value>&... arrays) noexcept {
     rows = 0;
     (arrays.reset(), ...);
     try {
         ((arrays = text::makeZeroed<Value>(text::asSize(count))), ...);
         rows = count;
-        return true;
     } catch (const std::bad_alloc&) {
-        return false;
     }
 }
 
@@ -56,38 +53,31 @@ constexpr std::string_view kHeaderEnd = "       0       0       0       080\n";
 
 void CPATWriter::SetFilePath(const char* path) {
     filePath = path;
-    filePathSet = true;
 }
 
 void CPATWriter::SetNodeCount(int count) {
     nodeCount = count;
-    nodeCountSet = true;
 }
 
 void CPATWriter::SetNodeArray() noexcept {
     if (nodeCount >= 1)
-        nodeArraySet = remake(nodeCount, nodeRows, nodeX, nodeY, nodeZ);
+        remake(nodeCount, nodeRows, nodePoints);
 }
 
 void CPATWriter::AddNode(int index, double x, double y, double z) {
-    if (!isRow(index, nodeRows))
-        return;
-    const std::size_t row = text::asSize(index);
-    nodeX[row] = x;
-    nodeY[row] = y;
-    nodeZ[row] = z;
+    if (isRow(index, nodeRows))
+        nodePoints[text::asSize(index)] = {x, y, z};
 }
 
 void CPATWriter::SetElemCount(int count) {
     elemCount = count;
-    elemCountSet = true;
 }
 
 bool CPATWriter::SetElemArray() noexcept {
     if (elemCount < 1)
         return false;
-    elemArraySet = remake(elemCount, elemRows, elemNodes, elemShapes);
-    return elemArraySet;
+    remake(elemCount, elemRows, elemNodes, elemShapes);
+    return elemRows > 0;
 }
 
 void CPATWriter::AddElement(int index, int count, const int* nodes) {
@@ -100,7 +90,7 @@ void CPATWriter::AddElement(int index, int count, const int* nodes) {
 }
 
 bool CPATWriter::WriteFile() const noexcept {
-    if (!filePathSet || !nodeCountSet || !nodeArraySet || !elemCountSet || !elemArraySet)
+    if (nodeRows == 0 || elemRows == 0)
         return false;
     const text::File stream = text::openFile(filePath, "w");
     if (stream == nullptr)
@@ -132,9 +122,9 @@ void CPATWriter::writeNode(text::Writer& file, int index) const {
         writeFields(file, std::array{nodeCount, elemCount, 0, 1}).text("81\n");
     else
         file.text(kHeaderEnd);
-    const std::size_t row = text::asSize(index);
-    for (const text::ZeroedArray<double>* array : {&nodeX, &nodeY, &nodeZ})
-        file.scientific(isRow(index, nodeRows) ? (*array)[row] : 0.0, kRealWidth);
+    for (const double coordinate :
+         isRow(index, nodeRows) ? nodePoints[text::asSize(index)] : Point{})
+        file.scientific(coordinate, kRealWidth);
     file.text("\n       0       0       0       0       0       0       0       0       0\n");
 }
 

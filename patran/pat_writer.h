@@ -24,6 +24,7 @@ class CPATWriter {
     bool WriteFile() const noexcept;
 
   private:
+    using Point = std::array<double, 3>;
     using Block = std::array<int, 8>;
 
     void writePackets(text::Writer& file) const;
@@ -32,18 +33,11 @@ class CPATWriter {
 
     const char* filePath = nullptr;
     int nodeCount = 0;
-    text::ZeroedArray<double> nodeX;
-    text::ZeroedArray<double> nodeY;
-    text::ZeroedArray<double> nodeZ;
+    text::ZeroedArray<Point> nodePoints;
     int elemCount = 0;
     text::ZeroedArray<Block> elemNodes;
     text::ZeroedArray<int> elemShapes;
-    bool filePathSet = false;
-    bool nodeCountSet = false;
-    bool nodeArraySet = false;
-    bool elemCountSet = false;
-    bool elemArraySet = false;
-    // Rows that the arrays have: the counts may be set anew at any time.
+    // Rows that the arrays have, 0 while there are none: the counts may be set anew at any time.
     int nodeRows = 0;
     int elemRows = 0;
 };

@@ -12,16 +12,6 @@ namespace kvocaeio::text {
 
 namespace {
 
-// A console of the program's own that is not shown.
-template <class StartupInfo>
-StartupInfo hidden() {
-    StartupInfo startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESHOWWINDOW;
-    startup.wShowWindow = SW_HIDE;
-    return startup;
-}
-
 constexpr int kFirstOwnDescriptor = 3;
 
 // Duplicates a descriptor of the standard streams until it is none of them.
@@ -52,7 +42,17 @@ File checked(std::FILE* stream, const char* mode) {
     return file;
 }
 
-void waitForEnd(const PROCESS_INFORMATION& process) {
+// Runs a program in a console of its own that is not shown. The system may write to `line`.
+template <class StartupInfo, class String, class Create>
+void run(String line, const Create& createProcess) {
+    StartupInfo startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_HIDE;
+    PROCESS_INFORMATION process{};
+    if (createProcess(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE, nullptr,
+                      nullptr, &startup, &process) == 0)
+        return;
     WaitForSingleObject(process.hProcess, INFINITE);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
@@ -113,21 +113,11 @@ bool toLocalTime(std::time_t time, std::tm& local) noexcept {
 }
 
 void runProgram(const std::string& commandLine) {
-    std::string line = commandLine;  // the system may write to it
-    auto startup = hidden<STARTUPINFOA>();
-    PROCESS_INFORMATION process{};
-    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE, nullptr,
-                       nullptr, &startup, &process) != 0)
-        waitForEnd(process);
+    run<STARTUPINFOA>(commandLine, CreateProcessA);
 }
 
 void runProgram(const std::wstring& commandLine) {
-    std::wstring line = commandLine;
-    auto startup = hidden<STARTUPINFOW>();
-    PROCESS_INFORMATION process{};
-    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NEW_CONSOLE, nullptr,
-                       nullptr, &startup, &process) != 0)
-        waitForEnd(process);
+    run<STARTUPINFOW>(commandLine, CreateProcessW);
 }
 
 }  // namespace kvocaeio::text

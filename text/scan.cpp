@@ -178,17 +178,6 @@ bool Scan::real(float& value, std::size_t width) {
     return scanReal(value, width);
 }
 
-bool Scan::characters(std::size_t count, std::string_view& value) {
-    const auto left = static_cast<std::size_t>(end_ - position_);
-    const std::string_view reachable(position_, std::min(count, left));
-    const std::string_view found = reachable.substr(0, reachable.find('\0'));
-    if (found.empty())
-        return fail();
-    value = found;
-    position_ += found.size();
-    return true;
-}
-
 int toInteger(std::string_view text) {
     int value = 0;
     Scan(text).integer(value);

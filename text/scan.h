@@ -81,10 +81,6 @@ class Scan {
         return true;
     }
 
-    /// "%8c": the next `count` characters, white space included. Fewer are given, and count as
-    /// read, where the text ends before; false only where nothing is left of it.
-    bool characters(std::size_t count, std::string_view& value);
-
     /// A blank in the format: any white space, also none. Always true.
     bool space() {
         const char* next = position_;

@@ -47,7 +47,8 @@ class KVOCAEIO_API KVONASTRAN_Reader {
     /// `CQUAD...`, `CTRIA...`, `CSHEAR`, `CTETRA`, `CPENTA`, `CHEXA`) with an OID above 0, and when
     /// the arrays for its largest OIDs cannot be allocated. After that the vectors and the counts
     /// of sections and properties are those of the deck before. The counts of nodes and elements
-    /// are not: they are the largest OIDs if the deck could be scanned, else 0.
+    /// are not: they are the largest OIDs of the new deck where only its cards are the reason, and
+    /// 0 where it cannot be opened or memory runs out.
     bool SetFilePath(const char* path);
     /// The same, and fills `report` (may be null) with what of the deck was not read, see
     /// kvocaeio/report.h.

@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-/// A deck imported against the clock, without a dump.
+/// A deck imported within a limit of time, without a dump.
 struct TimedImport {
     explicit TimedImport(std::string_view deck) {
         const std::string path = folder.write("deck.inp", deck);

@@ -16,6 +16,7 @@
 #include "abaqus/normalise_generator.h"
 #include "fuzz/long_numbers.h"
 #include "support/captured_output.h"
+#include "support/failing_reads.h"
 #include "support/files.h"
 
 namespace kvocaeio::test {
@@ -219,6 +220,30 @@ TEST_F(ListenedImport, CanBeStoppedAtEachBlock) {
         static_cast<abaqus::RawModel&>(again) = model;
         EXPECT_TRUE(tablesOf(again) == tablesOf(expected));
     }
+}
+
+TEST_F(ListenedImport, AReadErrorIsTheEndOfTheDeck) {
+    std::string deck = "*NODE, NSET=ALL\n";  // as long as the lines of nodes
+    for (int oid = 100'001; oid <= 120'000; ++oid)
+        deck += std::to_string(oid) + ", 1, 2, 3\n";
+    deck += "*ELEMENT, TYPE=C3D4\n7, 100001, 100002, 100003, 100004\n";
+    const std::string path = write(deck);
+    const CapturedOutput quiet;
+    AbaqusModel counted;
+    FailingReads inPass1(2);
+    EXPECT_TRUE(importDeck(counted, path.c_str(), {nullptr, &inPass1.watch}));
+    EXPECT_EQ(counted.nodeBlock.ids, std::vector<int>(16'383));
+    EXPECT_TRUE(counted.elemSections.empty());
+    // The first pass asks three times, the last time at the end of the file.
+    AbaqusModel stored;
+    FailingReads inPass2(5);
+    EXPECT_TRUE(importDeck(stored, path.c_str(), {nullptr, &inPass2.watch}));
+    ASSERT_EQ(stored.nodeBlock.ids.size(), 20'000u);
+    EXPECT_EQ(stored.nodeBlock.ids[16'382], 116'383);
+    EXPECT_EQ(stored.nodeBlock.coords[3 * 16'382 + 2], 3.0);
+    EXPECT_EQ(stored.nodeBlock.ids[16'383], 0);
+    ASSERT_EQ(stored.elemSections.size(), 1u);
+    EXPECT_EQ(stored.elemSections[0].ids, std::vector<int>{0});
 }
 
 TEST_F(ListenedImport, IsNotBegunWhereTheHostHasStoppedBefore) {

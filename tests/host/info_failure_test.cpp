@@ -49,6 +49,17 @@ TEST(CommandLine, NamesAnUnknownCommandAndThoseThatAreKnown) {
     EXPECT_EQ(runHost({"inform", "a.inp"}).errors,
               "kvocaeio: unknown command 'inform'; the commands are info, convert\n"
               "Run with --help for more information.\n");
+    EXPECT_EQ(runHost({}).errors,
+              "kvocaeio: no command; the commands are info, convert\n"
+              "Run with --help for more information.\n");
+}
+
+TEST(CommandLine, HelpSaysWhatStandsBehindAnOption) {
+    const std::string info = runHost({"info", "--help"}).output;
+    for (const char* option :
+         {"--tool TOOL", "--temp FOLDER", "--tool-timeout SECONDS", "--reports FOLDER"})
+        EXPECT_THAT(info, HasSubstr(option));
+    EXPECT_THAT(runHost({"convert", "--help"}).output, HasSubstr("--scale FACTOR"));
 }
 
 /// The message that `info` leaves on a file that it cannot report.

@@ -7,6 +7,7 @@
 
 #include "nastran/deck.h"
 #include "nastran/twin_imports.h"
+#include "support/failing_reads.h"
 #include "support/files.h"
 
 namespace kvocaeio::test {
@@ -47,6 +48,17 @@ TEST_F(ListenedImport, NotesFieldsThatKeepAnEarlierCardsValue) {
     EXPECT_EQ(info.decks[0].nodes[1], 2.5F);
 }
 
+TEST_F(ListenedImport, NotesACardOfTwoLinesByItsFirst) {
+    const std::string hexa =
+        "CHEXA          1       1       1     abc       1       1       1       1\n";
+    EXPECT_TRUE(import(kGrid + hexa + "+              1       1\n" + kTetra +
+                       "GRID           1       0     1.5     abc     2.5\n"));
+    ASSERT_EQ(count(Finding::kFieldStale), 2u);
+    EXPECT_EQ(place(Finding::kFieldStale, 0).line, 2u);
+    EXPECT_EQ(place(Finding::kFieldStale, 0).text(), hexa.substr(0, hexa.size() - 1));
+    EXPECT_EQ(place(Finding::kFieldStale, 1).line, 5u);
+}
+
 TEST_F(ListenedImport, NotesLinesThatAreCut) {
     EXPECT_TRUE(import(kGrid + "$" + std::string(600, '-') + "\n" + kTetra));
     ASSERT_EQ(count(Finding::kLineCut), 2u);
@@ -84,6 +96,21 @@ TEST_F(ListenedImport, ThatIsStoppedAtAnyBlockFailsAndLeavesTheDeckBefore) {
     EXPECT_GT(stops, 8);
     EXPECT_EQ(info.decks[1].sectionCount, 1);
     EXPECT_TRUE(import(kGrid + kTetra));
+}
+
+TEST_F(ListenedImport, AReadErrorIsTheEndOfTheDeck) {
+    const std::string path =
+        folder.write("deck.nas", kGrid + kTetra + std::string(300'000, '\n') +
+                                     "GRID           2       0      4.      5.      6.\n");
+    FailingReads inPass1(2);
+    EXPECT_TRUE(nastran::importDeck(path.c_str(), info, {&findings, &inPass1.watch}));
+    EXPECT_EQ(info.extent.maxNodeId, 1);
+    FailingReads inPass2(5);  // the first pass asks three times
+    EXPECT_TRUE(nastran::importDeck(path.c_str(), info, {&findings, &inPass2.watch}));
+    EXPECT_EQ(info.extent.maxNodeId, 2);
+    EXPECT_EQ(info.decks[1].elements[0], 1);
+    EXPECT_EQ(info.decks[1].nodes[4], 0.0F);
+    EXPECT_EQ(info.decks[1].nodes[5], 0.0F);
 }
 
 TEST_F(ListenedImport, MakesTheSameTablesOfAllSampleFiles) {

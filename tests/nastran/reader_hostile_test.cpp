@@ -10,7 +10,7 @@
 namespace kvocaeio::test {
 namespace {
 
-// Reads a deck against the clock, with all that the accessors give.
+// Reads a deck within a limit of time, with all that the accessors give.
 bool readsInTime(const std::string& content, int& nodes, int& sections) {
     const TimeLimit limit;
     ReadDeck deck(content);

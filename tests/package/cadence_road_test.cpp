@@ -129,6 +129,25 @@ TEST_F(CadenceRoad, ANullDesignRunsNothing) {
     EXPECT_EQ(record(), "");
 }
 
+TEST_F(CadenceRoad, ANullDesignLeavesReportsUnread) {
+    folder.write("CmdFile1.txt", symbolReport("board.mcm"));
+    folder.write("CmdFile2.txt", layerReport("board.mcm"));
+    folder.write("CadenceData1.txt", "kept");
+    setPaths();
+    EXPECT_FALSE(reader.ImportCadenceFile(static_cast<const char*>(nullptr)));
+    reader.SetExeFilePath("");
+    setWidePaths();
+    EXPECT_FALSE(reader.ImportCadenceFile(static_cast<const wchar_t*>(nullptr)));
+    EXPECT_EQ(record(), "");
+    EXPECT_EQ(reader.GetComponentCount(), 0);
+    EXPECT_EQ(readText(inFolder("CmdFile1.txt")), symbolReport("board.mcm"));
+    EXPECT_EQ(readText(inFolder("CmdFile2.txt")), layerReport("board.mcm"));
+    EXPECT_EQ(readText(inFolder("CadenceData1.txt")), "kept");
+    reader.SetExeFilePath(static_cast<const wchar_t*>(nullptr));
+    EXPECT_TRUE(reader.ImportCadenceFile(static_cast<const char*>(nullptr)));
+    EXPECT_EQ(bodiesOf(reader), kMcmBodies) << "without a tool the same reports are read";
+}
+
 TEST_F(CadenceRoad, WithoutAToolReportsThatLieThereAreRead) {
     reader.SetTempFilePath(temp.c_str());
     folder.write("CmdFile1.txt", symbolReport("stack.sip"));

@@ -70,13 +70,15 @@ TEST(GeometryBlock, ALaterHeadLineReplacesAnEarlierOne) {
 }
 
 TEST(GeometryBlock, AHeadLineWithTooFewFieldsChangesNothing) {
-    for (const char* line :
-         {"NAME", "OBJECT", "OBJECT X", "LAYER", "LAYER X", "COLOR", "COLOR .", "EXTR 0 5",
-          "EXTR 0 5 X", "EXTR X 5 6", "EXTR 0 X 6", "2DPG", "2DPG X", "text", "", "3DPL 1"})
+    for (const char* line : {"NAME", "OBJECT", "OBJECT X", "LAYER", "LAYER X", "COLOR", "COLOR .",
+                             "EXTR", "EXTR 0", "EXTR 0 5", "EXTR X 5 6", "EXTR 0 X 6", "EXTR 0 5 X",
+                             "2DPG", "2DPG X", "text", "", "3DPL 1"})
         EXPECT_THAT(bodiesOf(kHead + line + "\n" + kSquare), ElementsAre(kDieMade)) << line;
     const std::string ball = "GEOM\nOBJECT 2\nLAYER 2\nCOLOR 1\nBARL 1 2 3 4 0 0 0\n";
-    for (const char* line : {"BARL", "BARL 5 6 7 8 0 0", "BARL 5 6 7 8 0 0 X", "BARL 5 6 7 X 0 0 1",
-                             "BARL X 6 7 8 0 0 1", "BARL 5 6 7 8 X 0 1"})
+    for (const char* line :
+         {"BARL", "BARL 5", "BARL 5 6", "BARL 5 6 7", "BARL 5 6 7 8", "BARL 5 6 7 8 0",
+          "BARL 5 6 7 8 0 0", "BARL X 6 7 8 0 0 1", "BARL 5 X 7 8 0 0 1", "BARL 5 6 X 8 0 0 1",
+          "BARL 5 6 7 X 0 0 1", "BARL 5 6 7 8 X 0 1", "BARL 5 6 7 8 0 X 1", "BARL 5 6 7 8 0 0 X"})
         EXPECT_THAT(bodiesOf(ball + line + "\n####\n"),
                     ElementsAre("TOP: centre 1 2 3, diameter 8, colour 255"))
             << line;

@@ -16,6 +16,7 @@
 #include "package/import_cadence.h"
 #include "package/imported_package.h"
 #include "package/package_generator.h"
+#include "support/failing_reads.h"
 #include "support/files.h"
 
 namespace kvocaeio::test {
@@ -283,6 +284,31 @@ TEST_F(PackageListener, StopsA3diImportAtAnyBlock) {
         if (HasFatalFailure())
             return;
     }
+}
+
+TEST_F(PackageListener, AReadErrorIsTheEndOfAPass) {
+    const std::string body = "GEOM\nNAME A\nOBJECT 1\nLAYER 2\nCOLOR 1\n####\n";
+    const std::string path =
+        folder.write("package.3di",
+                     "3DI MM\nTABLE COLOR\n1 255 0 0 0\nTABLE OBJECT\n1 SYMBOL\n"
+                     "TABLE LAYER\n1 OUTLINE\n2 TOP\n" +
+                         body + std::string(300'000, '\n') + body);
+    Model whole;
+    EXPECT_EQ(import3di(path, whole, {}), "true");
+    ASSERT_TRUE(whole.components);
+    EXPECT_EQ(whole.components->size(), 2U);
+    // The first blocks of the passes: 1 unit, 2 colours, 5 objects, 8 layers, 9 bodies.
+    const auto failAt = [&path](int block, Model& model) {
+        FailingReads failing(block);
+        return import3di(path, model, {nullptr, &failing.watch});
+    };
+    Model withoutObjects;
+    EXPECT_EQ(failAt(5, withoutObjects), "false");
+    EXPECT_EQ(withoutObjects.objectNames.size(), 1U);
+    Model withoutBody;
+    EXPECT_EQ(failAt(10, withoutBody), "true");
+    ASSERT_TRUE(withoutBody.components);
+    EXPECT_EQ(withoutBody.components->size(), 1U);
 }
 
 TEST_F(PackageListener, StopsAnImportOfReportsAtAnyBlock) {

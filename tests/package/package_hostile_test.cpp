@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A file imported against the clock.
+/// A file imported within a limit of time.
 struct TimedPackage {
     explicit TimedPackage(std::string_view content) {
         const TimeLimit limit;

@@ -20,7 +20,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-/// A file imported by both readers against the clock.
+/// A file imported by both readers within a limit of time.
 struct TimedImport {
     explicit TimedImport(std::string_view file) {
         const std::string path = folder.write("mesh.pat", file);

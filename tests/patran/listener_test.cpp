@@ -15,6 +15,7 @@
 #include "patran/neutral_file.h"
 #include "patran/neutral_generator.h"
 #include "support/captured_output.h"
+#include "support/failing_reads.h"
 #include "support/files.h"
 #include "text/file.h"
 
@@ -262,6 +263,35 @@ TEST_F(PatranListener, AHostStopsAnImportAtAnyBlock) {
         EXPECT_TRUE(isSame(readers, whole));
     }
     EXPECT_EQ(stops, blocks);
+}
+
+TEST_F(PatranListener, AReadErrorIsTheEndOfTheFile) {
+    // The first block ends with a node.
+    std::string content = summary(3000, 0);
+    const std::size_t before = (1 << 18) - 1'000 * node(1, 0, 0, 0).size();
+    while (content.size() < before)
+        content += lengthened("! comment", std::min<std::size_t>(before - content.size(), 70) - 1);
+    for (int id = 1; id <= 3000; ++id)
+        content += node(id, id, 0, 0);
+    const std::string path = folder.write("large.pat", content + endOfFile());
+    constexpr int kSecondOfPass2 = 5;  // packet 99 stands in the third block
+    Readers readers;
+    {
+        FailingReads failing(kSecondOfPass2);
+        const text::File file = text::openFile(path.c_str(), "rb");
+        EXPECT_TRUE(importLists(file.get(), {nullptr, &failing.watch}, readers.listMesh));
+    }
+    EXPECT_EQ(readers.listMesh.nodeCount, 3000);
+    // The last line serves as one more header, as at every end that comes without packet 99.
+    EXPECT_EQ(readers.listMesh.nodes.size(), 1001U);
+    CapturedOutput output;
+    FailingReads failing(kSecondOfPass2);
+    EXPECT_TRUE(
+        importFlat(path.c_str(), {nullptr, &failing.watch}, readers.nodeIds, readers.flatMesh));
+    EXPECT_EQ(output.text(), "We have reached end-of-file\n");
+    EXPECT_EQ(readers.flatMesh.nodeCount, 3000);
+    EXPECT_EQ(readers.nodeIds.at(1000), 999);
+    EXPECT_EQ(readers.nodeIds.at(1001), 0);
 }
 
 TEST_F(PatranListener, AStoppedImportKeepsNothingOfTheOneBefore) {

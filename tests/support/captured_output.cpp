@@ -6,44 +6,11 @@
 #include <system_error>
 #include <utility>
 
+#include "support/descriptors.h"
 #include "support/files.h"
-
-#if defined(_WIN32)
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 namespace kvocaeio::test {
 namespace {
-
-#if defined(_WIN32)
-int duplicate(int fd) {
-    return _dup(fd);
-}
-void redirect(int from, int to) {
-    _dup2(from, to);
-}
-int descriptor(std::FILE* file) {
-    return _fileno(file);
-}
-void closeDescriptor(int fd) {
-    _close(fd);
-}
-#else
-int duplicate(int fd) {
-    return ::dup(fd);
-}
-void redirect(int from, int to) {
-    ::dup2(from, to);
-}
-int descriptor(std::FILE* file) {
-    return ::fileno(file);
-}
-void closeDescriptor(int fd) {
-    ::close(fd);
-}
-#endif
 
 /// One folder serves all captures: a folder takes far longer to remove than a file.
 std::filesystem::path nextFile() {
@@ -58,7 +25,7 @@ CapturedOutput::CapturedOutput() : path_(nextFile()) {
     std::fflush(stdout);
     saved_ = duplicate(1);
     std::FILE* file = std::fopen(path_.string().c_str(), "wb");
-    redirect(descriptor(file), 1);
+    redirect(descriptorOf(file), 1);
     std::fclose(file);
 }
 

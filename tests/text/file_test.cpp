@@ -6,16 +6,14 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "support/descriptors.h"
 #include "support/files.h"
 #include "text/platform.h"
 
-#if defined(_WIN32)
-#include <io.h>
-#else
+#if !defined(_WIN32)
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
-#include <unistd.h>
 #endif
 
 namespace kvocaeio::text {
@@ -108,7 +106,7 @@ TEST(OpenFile, ASocketIsNoFile) {
     const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
     ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
     EXPECT_EQ(openFile(folder.file("socket").c_str(), "rb"), nullptr);
-    close(listener);
+    test::closeDescriptor(listener);
 }
 
 TEST(RewindFile, APipeHasNoBeginning) {
@@ -116,35 +114,7 @@ TEST(RewindFile, APipeHasNoBeginning) {
     ASSERT_EQ(pipe(ends), 0);
     const File reading(fdopen(ends[0], "rb"));
     EXPECT_FALSE(rewindFile(reading.get()));
-    close(ends[1]);
-}
-#endif
-
-#if defined(_WIN32)
-int duplicate(int descriptor) {
-    return _dup(descriptor);
-}
-void redirect(int from, int to) {
-    _dup2(from, to);
-}
-void closeDescriptor(int descriptor) {
-    _close(descriptor);
-}
-int descriptorOf(const File& file) {
-    return file == nullptr ? -1 : _fileno(file.get());
-}
-#else
-int duplicate(int descriptor) {
-    return dup(descriptor);
-}
-void redirect(int from, int to) {
-    dup2(from, to);
-}
-void closeDescriptor(int descriptor) {
-    close(descriptor);
-}
-int descriptorOf(const File& file) {
-    return file == nullptr ? -1 : fileno(file.get());
+    test::closeDescriptor(ends[1]);
 }
 #endif
 
@@ -154,14 +124,14 @@ class WithoutStandardStreams {
     WithoutStandardStreams() {
         std::fflush(stdout);
         for (int stream = 0; stream < 3; ++stream)
-            saved_[stream] = duplicate(stream);
+            saved_[stream] = test::duplicate(stream);
         for (int stream = 0; stream < 3; ++stream)
-            closeDescriptor(stream);
+            test::closeDescriptor(stream);
     }
     ~WithoutStandardStreams() {
         for (int stream = 0; stream < 3; ++stream) {
-            redirect(saved_[stream], stream);
-            closeDescriptor(saved_[stream]);
+            test::redirect(saved_[stream], stream);
+            test::closeDescriptor(saved_[stream]);
         }
     }
     WithoutStandardStreams(const WithoutStandardStreams&) = delete;
@@ -184,10 +154,10 @@ TEST(OpenFile, NeverTakesTheDescriptorOfAStandardStream) {
             const WithoutStandardStreams none;
             const File first = openFile(path.c_str(), mode);
             const File second = openFile(widePath.c_str(), mode);
-            narrow = descriptorOf(first);
-            wide = descriptorOf(second);
-            isFree = duplicate(narrow) == 0;
-            closeDescriptor(0);
+            narrow = first == nullptr ? -1 : test::descriptorOf(first.get());
+            wide = second == nullptr ? -1 : test::descriptorOf(second.get());
+            isFree = test::duplicate(narrow) == 0;
+            test::closeDescriptor(0);
             if (first != nullptr && *mode == 'r')
                 content = contentOf(first);
             else if (first != nullptr)

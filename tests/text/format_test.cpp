@@ -73,7 +73,12 @@ TEST(Writer, ScientificReals) {
     EXPECT_EQ(scientific(1234.5678, 16), "    1.234568E+03");
     EXPECT_EQ(scientific(-1e-9, 16), "   -1.000000E-09");
     EXPECT_EQ(scientific(1e100, 16), "   1.000000E+100");
-    EXPECT_EQ(scientific(9999999.5), "1.000000E+07");
+    EXPECT_EQ(scientific(9999999.4), "9.999999E+06");
+    EXPECT_EQ(scientific(9999999.5), "1.000000E+07");  // half way, to the even digit
+    EXPECT_EQ(scientific(9999999.6), "1.000000E+07");
+    EXPECT_EQ(scientific(999999.95), "9.999999E+05");  // just below half way
+    EXPECT_EQ(scientific(99999995), "1.000000E+08");
+    EXPECT_EQ(scientific(99999994), "9.999999E+07");
 }
 
 TEST(Writer, InfinityAndNan) {

@@ -51,10 +51,7 @@ std::vector<FormatGroup> formatGroups() {
          11,
          {"%s%d", "%s%d%d", "%s%d%d%lf%lf%lf", "%s%d%d%d%d", "%s%d%d%d%d%d%d", "%s%d%d%d%d%d%d%d%d",
           "%s%d%d%d%d%d%d%d%d%d%d", "%s%d%d%f", "%s%d%d%f%f", "%s%d%d%f%f%f", "%s%d%d%f%f%f%f%f"}},
-        {LineShape::kColumns,
-         9,
-         {"%2c" + repeated("%8c", 8), repeated("%16c", 3), repeated("%8c", 3), repeated("%8c", 4),
-          repeated("%8c", 8), "%2d", "%8d", repeated("%d ", 9), repeated("%16f ", 9)}},
+        {LineShape::kColumns, 9, {"%2d", "%8d", repeated("%d ", 9), repeated("%16f ", 9)}},
         {LineShape::kCommas, 1, {"%8d", "%5lf", "%3lf"}},
     };
 }
@@ -88,7 +85,7 @@ class Variable {
 
   private:
     static constexpr int kUntouched = '~';
-    static constexpr std::size_t kCleared = 16;  // the widest field of characters
+    static constexpr std::size_t kCleared = 16;
     alignas(double) char bytes_[test::ScanTexts::kMaxLength + 200];
 };
 
@@ -96,7 +93,7 @@ constexpr std::size_t kMaxVariables = 30;
 using Variables = std::array<Variable, kMaxVariables>;
 
 struct Directive {
-    char kind;  // d, l ("%lf"), f, s, c; else a character of the format itself
+    char kind;  // d, l ("%lf"), f, s; else a character of the format itself
     std::size_t width = Scan::kNoWidth;
 
     bool isNumber() const { return kind == 'd' || kind == 'l' || kind == 'f'; }
@@ -148,9 +145,7 @@ bool scanField(Scan& scan, Directive directive, Variable& variable) {
                 variable.setText(std::string(text) + '\0');
             return found;
         default:
-            if ((found = scan.characters(directive.width, text)))
-                variable.setText(text);
-            return found;
+            return false;
     }
 }
 
@@ -285,7 +280,7 @@ TEST(Scan, ScansTheSameOnEveryPlatform) {
             }
         }
     }
-    EXPECT_EQ(digest.value(), 5165236737750196125U);
+    EXPECT_EQ(digest.value(), 10571373346825499816U);
 }
 
 }  // namespace

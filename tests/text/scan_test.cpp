@@ -40,8 +40,14 @@ RealField realOf(std::string_view text, std::size_t width = Scan::kNoWidth) {
     Scan scan(text);
     if (!scan.real(value, width))
         return {value, "!"};
-    std::string_view rest;
-    return {value, std::string(scan.characters(100, rest) ? rest : "")};
+    // The rest is the longest end of the text that comes next, character by character.
+    const auto comesNext = [&scan](std::string_view end) {
+        Scan ahead = scan;
+        return std::ranges::all_of(end, [&ahead](char c) { return ahead.literal(c); });
+    };
+    while (!comesNext(text))
+        text.remove_prefix(1);
+    return {value, std::string(text)};
 }
 
 double doubleOf(std::string_view text) {
@@ -220,25 +226,6 @@ TEST(ScanWord, WidthEndsTheWord) {
     EXPECT_EQ(second, "ef");
 }
 
-TEST(ScanCharacters, TakesBlanksToo) {
-    Scan scan(" 1      12 ");
-    std::string_view first;
-    std::string_view second;
-    EXPECT_TRUE(scan.characters(2, first) && scan.characters(8, second));
-    EXPECT_EQ(first, " 1");
-    EXPECT_EQ(second, "      12");
-}
-
-TEST(ScanCharacters, ShortFieldIsGivenAndNothingBehindIt) {
-    Scan scan("abc");
-    std::string_view first;
-    std::string_view second = "kept";
-    EXPECT_TRUE(scan.characters(8, first));
-    EXPECT_FALSE(scan.characters(8, second));
-    EXPECT_EQ(first, "abc");
-    EXPECT_EQ(second, "kept");
-}
-
 TEST(Scan, FieldsBehindAFailureFail) {
     Scan scan("1 x 2");
     int value = 0;
@@ -266,13 +253,9 @@ TEST(Scan, TextEndsAtItsFirstNul) {
     EXPECT_EQ(integerOf("12\0003"sv), 12);
     EXPECT_EQ(integerOf("\0003"sv), 77);
     std::string_view word;
-    std::string_view field;
     EXPECT_TRUE(Scan("ab\0cd"sv).word(word));
     EXPECT_EQ(word, "ab");
-    EXPECT_TRUE(Scan("ab\0cd"sv).characters(4, field));
-    EXPECT_EQ(field, "ab");
     EXPECT_FALSE(Scan("\0cd"sv).word(word));
-    EXPECT_FALSE(Scan("\0cd"sv).characters(1, field));
 }
 
 TEST(ToInteger, IsZeroWithoutANumber) {

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-namespace kvocaeio::bench {
+namespace kvocaeio::test {
 
 /// Processor time of all threads, in the program and in the system on its behalf.
 double processorSeconds();
@@ -11,4 +11,4 @@ double processorSeconds();
 /// The most memory that was resident at any time.
 std::size_t peakBytes();
 
-}  // namespace kvocaeio::bench
+}  // namespace kvocaeio::test

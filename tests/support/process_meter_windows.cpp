@@ -1,12 +1,12 @@
 /// What the running process has used so far, as Windows accounts for it.
-#include "bench/process_meter.h"
+#include "support/process_meter.h"
 
 #define PSAPI_VERSION 2
 #include <windows.h>
 // Needs the header above.
 #include <psapi.h>
 
-namespace kvocaeio::bench {
+namespace kvocaeio::test {
 
 namespace {
 
@@ -31,4 +31,4 @@ std::size_t peakBytes() {
     return counters.PeakWorkingSetSize;
 }
 
-}  // namespace kvocaeio::bench
+}  // namespace kvocaeio::test

@@ -2,9 +2,9 @@
 #include <ctime>
 #include <sys/resource.h>
 
-#include "bench/process_meter.h"
+#include "support/process_meter.h"
 
-namespace kvocaeio::bench {
+namespace kvocaeio::test {
 
 double processorSeconds() {
     timespec time{};
@@ -18,4 +18,4 @@ std::size_t peakBytes() {
     return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
 }
 
-}  // namespace kvocaeio::bench
+}  // namespace kvocaeio::test
