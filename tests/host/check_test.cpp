@@ -107,6 +107,8 @@ TEST(Check, SaysThatADeckCannotBeNormalised) {
     EXPECT_THAT(outcome.output, HasSubstr("the deck cannot be normalised"));
 }
 
+#if !defined(_WIN32)
+
 TEST(Check, NamesTheLogsThatWereWritten) {
     const TempFolder folder;
     folder.makeFolder("debug");
@@ -126,7 +128,23 @@ TEST(Check, WantsAFile) {
         EXPECT_EQ(runHost(arguments).exitCode, 2);
 }
 
-#if !defined(_WIN32)
+/// The block of the README that begins with `front`.
+std::string blockOfReadme(const std::string& front) {
+    const std::string page = readText(sourceFile("README.md"));
+    const std::size_t begin = page.find("```\n" + front);
+    if (begin == std::string::npos)
+        return "";
+    return page.substr(begin + 4, page.find("```", begin + 4) - begin - 4);
+}
+
+TEST(Check, WritesWhatTheReadmeShows) {
+    const TempFolder folder;
+    folder.write("part.inp", blockOfReadme("*NODE"));
+    EXPECT_EQ(runShell("cd " + quote(folder.path().string()) + " && " + quote(KVOCAEIO_PROGRAM) +
+                       " check part.inp")
+                  .output,
+              blockOfReadme("part.inp:"));
+}
 
 TEST(Check, ReadsStandardInput) {
     const Outcome outcome =
