@@ -6,6 +6,8 @@ namespace kvocaeio::host {
 namespace {
 
 std::string singularOf(std::string_view plural) {
+    if (const std::size_t of = plural.find(" of "); of != plural.npos)
+        return singularOf(plural.substr(0, of)).append(plural.substr(of));
     const auto with = [&](std::size_t cut, std::string_view ending) {
         return std::string(plural.substr(0, plural.size() - cut)).append(ending);
     };

@@ -3,16 +3,16 @@
 
 #include <cstddef>
 #include <iosfwd>
-#include <nlohmann/json_fwd.hpp>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "import_findings.h"
+
 namespace kvocaeio::host {
 
-using Json = nlohmann::ordered_json;
 struct PageStyle;
 
 /// A file that no report can be given of; the text says why, for the user.
@@ -26,7 +26,7 @@ struct FileError : std::runtime_error {
 
 /// Something that the user had better know of a file.
 struct Finding {
-    enum class Level { kNote, kWarning, kError };
+    using Level = host::Level;
 
     Level level;
     std::string_view code;                ///< its kind in a word, for programs
@@ -51,6 +51,9 @@ class FileReport {
 
     /// What neither of these says. An error means that the file failed although there is a report.
     std::vector<Finding> findings;
+
+    /// What the library's own report says.
+    ImportFindings imported;
 
     /// Adds a finding; none of a kind are not worth one.
     void find(Finding::Level level, std::string_view code, std::size_t count, std::string text);

@@ -30,6 +30,9 @@ struct Format {
     bool (*recognises)(std::string_view head);
     /// Reads the file through the library. The library's progress lines go to `progress`.
     std::unique_ptr<FileReport> (*read)(const std::string& path, PrintTarget progress);
+    /// Imports the file with every reader of the format and takes what `report` says of each.
+    ImportFindings (*check)(const std::string& path, PrintTarget progress,
+                            CKVOImportReport& report);
     /// The file's solids, for `convert`; null where the format is not converted.
     SolidMesh (*takeSolids)(const std::string& path, const SolidsRequest& request);
 };

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "check/check.h"
 #include "clean_name.h"
 #include "convert/convert.h"
 #include "info/info.h"
@@ -22,6 +23,7 @@ constexpr int kFailed = 1;
 constexpr int kWrongCommandLine = 2;
 const char* const kCommandsTitle = "Commands";
 
+using kvocaeio::host::CheckOptions;
 using kvocaeio::host::ConvertOptions;
 using kvocaeio::host::InfoOptions;
 
@@ -63,6 +65,43 @@ void addInfo(CLI::App& app, InfoOptions& options) {
     });
 }
 
+CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
+    CLI::App* check =
+        app.add_subcommand("check", "Says what of each FILE is lost or changed when it is read.");
+    check->add_option("FILE", options.files,
+                      "Files to read: Abaqus input decks, Nastran decks, Patran neutral files, 3DI "
+                      "packages. Of a folder, all such files in it.");
+    CLI::Option* json =
+        check->add_flag("--json", options.json, "Write one JSON document, for programs.");
+    CLI::Option* jsonLines =
+        check
+            ->add_flag("--json-lines", options.jsonLines,
+                       "Write a JSON object for each finding, in a line of its own.")
+            ->excludes(json);
+    check->add_flag("--sarif", options.sarif, "Write one SARIF 2.1.0 document, for programs.")
+        ->excludes(json)
+        ->excludes(jsonLines);
+    check
+        ->add_option("--min-severity", options.minSeverity,
+                     "List the findings of this severity and above; the exit code does not change.")
+        ->check(CLI::IsMember({"note", "warning", "error"}))
+        ->capture_default_str();
+    check->add_flag("--brief", options.brief, "Leave out what to do about the findings.");
+    check->add_flag("--verbose", options.verbose,
+                    "Show the library's progress lines, on standard error; else they are hidden.");
+    check->add_option("--reports", options.reportsFolder,
+                      "Folder with the reports that a tool has left of a Cadence design.");
+    check->footer(
+        "A line for each finding: FILE:LINE:COLUMN: SEVERITY: TEXT [CODE]\n"
+        "Exit code: 0 no findings, or notes alone; 1 warnings; 2 errors, or a wrong command line; "
+        "3 a file could not be read.");
+    check->callback([&options] {
+        if (options.files.empty() && options.reportsFolder.empty())
+            throw CLI::RequiredError("FILE");
+    });
+    return check;
+}
+
 CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     CLI::App* convert =
         app.add_subcommand("convert", "Writes the solids of IN as OUT.")->group(kCommandsTitle);
@@ -87,8 +126,8 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
                       "Take the normalised mesh of an Abaqus deck instead of the elements that it "
                       "lists.");
     convert->add_flag("--force", options.force,
-                      "Write although the source defines OIDs more than once with different "
-                      "content.");
+                      "Write although the import has errors, or the source defines OIDs more than "
+                      "once with different content.");
     convert->add_flag("--strict", options.strict,
                       "Exit code 1 when anything of the source was left out.");
     CLI::Option* json =
@@ -127,6 +166,8 @@ int run(int argc, char** argv) {
         "wrong.");
     InfoOptions infoOptions;
     addInfo(app, infoOptions);
+    CheckOptions checkOptions;
+    const CLI::App* check = addCheck(app, checkOptions);
     ConvertOptions convertOptions;
     const CLI::App* convert = addConvert(app, convertOptions);
     kvocaeio::host::addManual(app);
@@ -147,6 +188,8 @@ int run(int argc, char** argv) {
             std::cerr << kvocaeio::host::cleanName(line) << '\n';
         return code == 0 ? 0 : kWrongCommandLine;
     }
+    if (check->parsed())
+        return kvocaeio::host::runCheck(checkOptions);
     if (convert->parsed())
         return kvocaeio::host::runConvert(convertOptions) ? 0 : kFailed;
     return kvocaeio::host::runInfo(infoOptions) ? 0 : kFailed;

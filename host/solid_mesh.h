@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "import_findings.h"
 #include "kind_counts.h"
 
 namespace kvocaeio::host {
@@ -35,6 +36,8 @@ struct SolidMesh {
     std::vector<Note> losses;
     /// What else the user had better know.
     std::vector<Note> remarks;
+    /// What the library's report says of the source.
+    ImportFindings imported;
 };
 
 /// How a mesh of solids becomes a file of one format, through the library.

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the library and its host on Linux and shows what they read of the sample files, and what they
-# write of one.
+# Builds the library and its host on Linux and shows what they read of the sample files, what they
+# write of one, and what is lost or changed on the way.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -18,6 +18,8 @@ printf '\n== examples/data/reports\n'
 
 converted=$(mktemp -d)
 trap 'rm -rf "$converted"' EXIT
-printf '\n== examples/data/housing.inp converted\n'
-"$host" convert examples/data/housing.inp "$converted/housing.nas"
-"$host" convert examples/data/housing.inp "$converted/housing.pat"
+printf '\n== examples/data/hinge.inp converted\n'
+"$host" convert examples/data/hinge.inp "$converted/hinge.nas"
+"$host" convert examples/data/hinge.inp "$converted/hinge.pat"
+printf '\n== examples/data checked\n'
+"$host" check examples/data || true  # its exit code tells how bad the findings are

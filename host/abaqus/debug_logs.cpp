@@ -35,7 +35,7 @@ DebugLogs::DebugLogs(const std::string& path) {
     paths_ = {folder + "/InputAbaqus.log", folder + "/SortData.log"};
 }
 
-void DebugLogs::addTo(FileReport& report) const {
+void DebugLogs::addTo(std::vector<Finding>& findings) const {
     constexpr std::chrono::seconds kCoarseness{2};  // of the times of some file systems
     std::string words;
     std::vector<std::string> paths;
@@ -50,9 +50,8 @@ void DebugLogs::addTo(FileReport& report) const {
         paths.push_back(path);
     }
     if (!paths.empty())
-        report.findings.push_back({Finding::Level::kNote, "debug-logs", paths.size(),
-                                   "logs written, since there is a folder \"debug\": " + words,
-                                   paths});
+        findings.push_back({Level::kNote, "debug-logs", paths.size(),
+                            "logs written, since there is a folder \"debug\": " + words, paths});
 }
 
 }  // namespace kvocaeio::host

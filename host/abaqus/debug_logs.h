@@ -14,8 +14,8 @@ class DebugLogs {
     /// To be made before the import of the deck at `path`.
     explicit DebugLogs(const std::string& path);
 
-    /// Notes the logs that were written since then.
-    void addTo(FileReport& report) const;
+    /// Adds a note on the logs that were written since then, if any.
+    void addTo(std::vector<Finding>& findings) const;
 
   private:
     std::array<std::string, 2> paths_;

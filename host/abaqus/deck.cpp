@@ -7,6 +7,7 @@
 #include "c_file.h"
 #include "file_report.h"
 #include "timed.h"
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
 
@@ -22,25 +23,34 @@ namespace {
 
 }  // namespace
 
+std::string sortFailureOf(CKVOAbaqusReader& reader, CKVOImportReport& report) {
+    try {
+        reader.SortData(&report);
+        return "";
+    } catch (const std::length_error& error) {
+        return std::string(
+                   "a generated set ends before it starts, or sets ask for too many rows (") +
+               error.what() + ")";
+    } catch (const std::bad_alloc&) {
+        return "there is not enough memory";
+    }
+}
+
 AbaqusDeck::AbaqusDeck(const std::string& path, PrintTarget progress) {
-    bool imported = false;
-    importSeconds = timed(progress, [&] { imported = reader_.ImportInpFile(path.c_str()); });
-    if (!imported)
+    CKVOImportReport report;
+    bool isImported = false;
+    importSeconds =
+        timed(progress, [&] { isImported = reader_.ImportInpFile(path.c_str(), &report); });
+    if (!isImported)
         throwImportFailure(path);
     tables = takeRawTables(reader_);
     if (tables.nodeIds.empty() && tables.raw.empty() && tables.thicknesses.empty())
         throw FileError("holds no nodes, no elements and no shell sections of an Abaqus deck",
                         "nothing-read");
-    try {
-        normalisationSeconds = timed(progress, [&] { reader_.SortData(); });
+    normalisationSeconds = timed(progress, [&] { sortFailure = sortFailureOf(reader_, report); });
+    imported.take(report, isImported);
+    if (sortFailure.empty())
         takeNormalisedTables(reader_, tables);
-    } catch (const std::length_error& error) {
-        sortFailure =
-            std::string("a generated set ends before it starts, or sets ask for too many rows (") +
-            error.what() + ")";
-    } catch (const std::bad_alloc&) {
-        sortFailure = "there is not enough memory";
-    }
 }
 
 }  // namespace kvocaeio::host

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "abaqus/tables.h"
+#include "import_findings.h"
 #include "platform.h"
 #include <kvocaeio/abaqus.h>
 
@@ -21,9 +22,14 @@ class AbaqusDeck {
     double importSeconds = 0.0;
     double normalisationSeconds = 0.0;
     std::string sortFailure;  ///< why there is no normalised mesh; empty when there is one
+    ImportFindings imported;
 
   private:
     CKVOAbaqusReader reader_;
 };
+
+/// Normalises what `reader` has imported and adds to `report`. Returns why that fails, else
+/// nothing.
+std::string sortFailureOf(CKVOAbaqusReader& reader, CKVOImportReport& report);
 
 }  // namespace kvocaeio::host

@@ -8,6 +8,8 @@
 #include "abaqus/report.h"
 #include "abaqus/solids.h"
 #include "file_head.h"
+#include "timed.h"
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
 
@@ -28,13 +30,35 @@ bool recognises(std::string_view head) {
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     const DebugLogs logs(path);
     auto report = std::make_unique<AbaqusReport>(AbaqusDeck(path, progress));
-    logs.addTo(*report);
+    logs.addTo(report->findings);
     return report;
+}
+
+ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportReport& report) {
+    const DebugLogs logs(path);
+    CKVOAbaqusReader reader;
+    bool isImported = false;
+    std::string sortFailure;
+    timed(progress, [&] {
+        isImported = reader.ImportInpFile(path.c_str(), &report);
+        if (isImported)
+            sortFailure = sortFailureOf(reader, report);
+    });
+    ImportFindings findings;
+    findings.take(report, isImported);
+    if (!sortFailure.empty())
+        findings.add(Level::kError, "abaqus.not-normalised",
+                     "the deck cannot be normalised: " + sortFailure, path);
+    std::vector<Finding> notes;
+    logs.addTo(notes);
+    for (const Finding& note : notes)
+        findings.add(note.level, "abaqus." + std::string(note.code), note.text, path);
+    return findings;
 }
 
 }  // namespace
 
-const Format kAbaqusFormat = {"Abaqus input deck", "abaqus", kExtensions,
-                              recognises,          read,     takeAbaqusSolids};
+const Format kAbaqusFormat = {"Abaqus input deck", "abaqus", kExtensions, recognises, read, check,
+                              takeAbaqusSolids};
 
 }  // namespace kvocaeio::host

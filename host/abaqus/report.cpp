@@ -54,6 +54,7 @@ AbaqusReport::AbaqusReport(const AbaqusDeck& deck)
       importSeconds_(deck.importSeconds),
       normalisationSeconds_(deck.normalisationSeconds),
       isNormalised_(deck.sortFailure.empty()) {
+    imported = deck.imported;
     addFindings(summary_, *this);
     if (!isNormalised_)
         find(Finding::Level::kError, "not-normalised", 1,

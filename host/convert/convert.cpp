@@ -6,6 +6,7 @@
 #include <new>
 #include <optional>
 
+#include "clean_name.h"
 #include "convert/oids.h"
 #include "convert/report.h"
 #include "convert/rounding.h"
@@ -96,12 +97,28 @@ SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
     SolidMesh mesh = format.takeSolids(
         file.path(), {options.normalised, options.force,
                       options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
+    mesh.imported.rename(file.path(), options.source);
     compact(mesh);
     if (mesh.elements.empty())
         throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
     scale(mesh, options.scale);
     refuseInfinitePlaces(mesh);
     return mesh;
+}
+
+/// A source that was read wrongly makes a wrong mesh.
+void refuseErrors(const SolidMesh& mesh, const std::string& source) {
+    const ImportFinding* const first = mesh.imported.firstError();
+    if (first == nullptr)
+        return;
+    const long long line = first->places.front().line;
+    const std::size_t errors = mesh.imported.tally().of(Level::kError);
+    throw FileError("is not converted for " + counted(errors, "errors") + " of the import, " +
+                        (errors > 1 ? "the first of " : "") + "which is" +
+                        (line == 0 ? "" : " in line " + std::to_string(line)) + ": " +
+                        cleanName(first->text) + "; kvocaeio check " + cleanName(source) +
+                        " shows all, and --force converts what was read",
+                    "import-errors");
 }
 
 void write(SolidMesh& mesh, const ConvertOptions& options) {
@@ -148,6 +165,11 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Soli
         });
     if (!failure)
         failure = attempt(options.source, [&] { mesh = takeSolids(*source, options); });
+    if (!failure)
+        failure = attempt(options.source, [&] {
+            if (!options.force)
+                refuseErrors(mesh, options.source);
+        });
     if (!failure)
         failure = attempt(options.target, [&] { write(mesh, options); });
     if (!failure)

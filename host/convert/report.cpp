@@ -31,7 +31,7 @@ std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options)
     return cleanName(options.target) + ": " + counted(mesh.nodes.size(), "nodes") + ", " +
            counted(mesh.elements.size(), "elements") + " in " +
            counted(mesh.sections.size(), "sections") + '\n' + lines("left out", mesh.losses) +
-           lines("note", mesh.remarks);
+           lines("note", mesh.remarks) + closingLine(mesh.imported.tally(), 1, styleOfOutput());
 }
 
 std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
@@ -40,17 +40,19 @@ std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
     if (failure)
         findings.push_back({Finding::Level::kError, failure->code, failure->number, failure->text});
     Json size;
+    Json import;
     if (mesh != nullptr) {
         add(findings, Finding::Level::kWarning, mesh->losses);
         add(findings, Finding::Level::kNote, mesh->remarks);
         size = {{"nodes", mesh->nodes.size()},
                 {"elements", mesh->elements.size()},
                 {"sections", mesh->sections.size()}};
+        import = asJson(mesh->imported);
     }
     const Json report = {{"version", kJsonVersion},      {"library", libraryVersion()},
                          {"source", options.source},     {"target", options.target},
                          {"status", statusOf(findings)}, {"written", size},
-                         {"findings", asJson(findings)}};
+                         {"findings", asJson(findings)}, {"import", import}};
     // Names may be of any encoding; bytes that are no UTF-8 become replacement characters.
     return report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

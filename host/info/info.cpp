@@ -1,7 +1,6 @@
 /// The command `kvocaeio info`: one report per file, as text or as JSON.
 #include "info/info.h"
 
-#include <cstdio>
 #include <iostream>
 #include <memory>
 #include <new>
@@ -9,12 +8,13 @@
 #include <optional>
 #include <sstream>
 
+#include "file_list.h"
 #include "formats.h"
-#include "info/file_list.h"
 #include "info/page.h"
 #include "input_file.h"
 #include "json_values.h"
 #include "package/design.h"
+#include "standard_output.h"
 #include "version_text.h"
 
 namespace kvocaeio::host {
@@ -40,6 +40,7 @@ void read(const Job& job, const InfoOptions& options, Outcome& outcome) {
         const InputFile file(job.path);
         outcome.format = &findFormat(file.path());
         outcome.report = outcome.format->read(file.path(), progress);
+        outcome.report->imported.rename(file.path(), job.path);
         return;
     }
     outcome.format = &kCadenceFormat;
@@ -80,14 +81,9 @@ class InfoRun {
   private:
     void addPath(const std::string& path) {
         const bool designs = !options_.tool.empty();
-        const Job::Kind kind = designs ? Job::Kind::kDesign : Job::Kind::kFile;
-        if (!isFolder(path.c_str())) {
-            add({path, kind});
-            return;
-        }
         FileList list;
         try {
-            list = filesIn(path, designs);
+            list = filesOf(path, designs);
         } catch (const FileError& error) {
             Outcome outcome;
             outcome.findings = {{Finding::Level::kError, error.code, 1, error.what()}};
@@ -96,13 +92,17 @@ class InfoRun {
         }
         totals_.passedOver += list.passedOver;
         for (const std::string& file : list.files)
-            add({file, kind});
+            add({file, designs ? Job::Kind::kDesign : Job::Kind::kFile});
     }
 
     void add(const Job& job) { show(job.path, outcomeOf(job, options_)); }
 
     void show(const std::string& path, const Outcome& outcome) {
         totals_.add(outcome.findings);
+        if (outcome.report) {
+            ++totals_.importedFiles;
+            totals_.imported.add(outcome.report->imported.tally());
+        }
         for (const Finding& finding : outcome.findings)
             if (finding.level == Finding::Level::kError)
                 std::cerr << "kvocaeio: " << shownName(path) << ": " << finding.text << '\n';
@@ -129,6 +129,7 @@ class InfoRun {
             outcome.report->addTo(json);
             for (const auto& [step, seconds] : outcome.report->seconds())
                 json["seconds"][std::string(step)] = seconds;
+            json["import"] = asJson(outcome.report->imported);
         }
         if (options_.jsonLines)
             writeJson(json, -1);
@@ -155,13 +156,6 @@ class InfoRun {
     /// characters.
     static void writeJson(const Json& json, int indent) {
         writeOut(json.dump(indent, ' ', false, Json::error_handler_t::replace) + "\n");
-    }
-
-    /// Writes all of `output` to standard output at once.
-    static void writeOut(const std::string& output) {
-        if (std::fwrite(output.data(), 1, output.size(), stdout) != output.size() ||
-            std::fflush(stdout) != 0)
-            throw std::runtime_error("the report cannot be written to standard output");
     }
 
     const InfoOptions& options_;

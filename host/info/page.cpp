@@ -17,26 +17,8 @@ namespace {
 
 constexpr std::size_t kLeastWidth = 80;
 
-struct LevelStyle {
-    std::string_view name;
-    std::string_view colour;  ///< the sequence that begins it
-};
-
-constexpr std::array<LevelStyle, 3> kLevels = {{
-    {"note", "\x1b[36m"},
-    {"warning", "\x1b[1;33m"},
-    {"error", "\x1b[1;31m"},
-}};
-
-const LevelStyle& styleOf(Finding::Level level) {
-    return kLevels[static_cast<std::size_t>(level)];
-}
-
-std::string coloured(std::string_view words, std::string_view colour, const PageStyle& style) {
-    if (!style.isColoured)
-        return std::string(words);
-    return std::string(colour).append(words).append("\x1b[0m");
-}
+// The sequences that begin them, in the order of the levels.
+constexpr std::array<std::string_view, 3> kColours = {"\x1b[36m", "\x1b[1;33m", "\x1b[1;31m"};
 
 bool isSet(const char* variable) {
     const char* value = std::getenv(variable);
@@ -48,6 +30,12 @@ bool has(std::span<const Finding> findings, Finding::Level level) {
 }
 
 }  // namespace
+
+std::string coloured(std::string_view words, Level level, const PageStyle& style) {
+    if (!style.isColoured)
+        return std::string(words);
+    return std::string(kColours[static_cast<std::size_t>(level)]).append(words).append("\x1b[0m");
+}
 
 PageStyle styleOfOutput() {
     PageStyle style;
@@ -82,10 +70,9 @@ void printFindings(std::ostream& out, std::span<const Finding> findings, const P
     for (const Finding& finding : findings) {
         if (finding.level == Finding::Level::kError)
             continue;  // told on standard error
-        const LevelStyle& level = styleOf(finding.level);
-        std::string front = std::string(kItemIndent, ' ') +
-                            coloured(level.name, level.colour, style) +
-                            std::string(kText - kItemIndent - level.name.size(), ' ');
+        const std::string_view level = nameOf(finding.level);
+        std::string front = std::string(kItemIndent, ' ') + coloured(level, finding.level, style) +
+                            std::string(kText - kItemIndent - level.size(), ' ');
         out << (isFirst ? "\n" : "");
         isFirst = false;
         for (const std::string& line : wrapped(finding.text, style.width - kText)) {
@@ -96,26 +83,46 @@ void printFindings(std::ostream& out, std::span<const Finding> findings, const P
 }
 
 void printTotals(std::ostream& out, const Totals& totals, const PageStyle& style) {
+    const std::string closing = closingLine(totals.imported, totals.importedFiles, style);
+    std::vector<std::string> words;
     if (totals.files > 1)
-        out << totals.files << " files, ";
+        words.push_back(counted(totals.files, "files"));
     if (totals.failed != 0)
-        out << coloured(std::to_string(totals.failed) + " failed",
-                        styleOf(Finding::Level::kError).colour, style)
-            << ", ";
+        words.push_back(coloured(std::to_string(totals.failed) + " failed", Level::kError, style));
     if (totals.warnings != 0)
-        out << coloured(counted(totals.warnings, "warnings"),
-                        styleOf(Finding::Level::kWarning).colour, style);
-    else
-        out << "no warnings";
+        words.push_back(coloured(counted(totals.warnings, "warnings"), Level::kWarning, style));
+    else if (closing.empty())
+        words.push_back("no warnings");
+    std::string line;
+    for (const std::string& word : words)
+        line += (line.empty() ? "" : ", ") + word;
     if (totals.passedOver != 0)
-        out << "; passed over: " << counted(totals.passedOver, "files") << " of no known format";
-    out << '\n';
+        line += (line.empty() ? "" : "; ") + std::string("passed over: ") +
+                counted(totals.passedOver, "files") + " of no known format";
+    if (!line.empty())
+        out << line << '\n';
+    out << closing;
+}
+
+std::string summaryOf(const Tally& tally, std::size_t files, const PageStyle& style) {
+    std::string words;
+    for (const Level level : {Level::kError, Level::kWarning, Level::kNote})
+        if (const std::size_t number = tally.of(level); number != 0)
+            words += (words.empty() ? "" : ", ") +
+                     coloured(counted(number, std::string(nameOf(level)) + "s"), level, style);
+    return (words.empty() ? "no findings" : words) + " in " + counted(files, "files");
+}
+
+std::string closingLine(const Tally& tally, std::size_t files, const PageStyle& style) {
+    if (tally.of(Level::kWarning) + tally.of(Level::kError) == 0)
+        return "";
+    return "import: " + summaryOf(tally, files, style) + "; kvocaeio check lists them\n";
 }
 
 Json asJson(std::span<const Finding> findings) {
     Json rows = Json::array();
     for (const Finding& finding : findings) {
-        Json row = {{"level", styleOf(finding.level).name},
+        Json row = {{"level", nameOf(finding.level)},
                     {"code", finding.code},
                     {"count", finding.count},
                     {"text", finding.text}};

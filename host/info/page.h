@@ -21,6 +21,8 @@ struct Totals {
     std::size_t failed = 0;
     std::size_t warnings = 0;
     std::size_t passedOver = 0;  ///< files in folders that are of no known format
+    std::size_t importedFiles = 0;
+    Tally imported;  ///< of the library's reports on them
 
     /// Adds what was found in one file.
     void add(std::span<const Finding> findings);
@@ -32,7 +34,17 @@ std::string_view statusOf(std::span<const Finding> findings);
 /// Prints warnings and notes, a line or more each.
 void printFindings(std::ostream& out, std::span<const Finding> findings, const PageStyle& style);
 
-/// Prints the last line of all.
+/// `words` in the colour of `level`.
+std::string coloured(std::string_view words, Level level, const PageStyle& style);
+
+/// "3 errors, 12 warnings, 1 note in 2 files"; "no findings in 1 file".
+std::string summaryOf(const Tally& tally, std::size_t files, const PageStyle& style);
+
+/// What `info` and `convert` end with where the library's report has warnings or errors; else
+/// empty.
+std::string closingLine(const Tally& tally, std::size_t files, const PageStyle& style);
+
+/// Prints the sums, `closingLine` last.
 void printTotals(std::ostream& out, const Totals& totals, const PageStyle& style);
 
 Json asJson(std::span<const Finding> findings);

@@ -10,6 +10,7 @@
 #include "nastran/report.h"
 #include "timed.h"
 #include <kvocaeio/nastran.h>
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
 
@@ -101,8 +102,11 @@ FileError refusalOf(KVONASTRAN_Reader& reader, const CardForms& forms) {
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     auto report = std::make_unique<NastranReport>();
     KVONASTRAN_Reader reader;
+    CKVOImportReport findings;
     bool good = false;
-    report->importSeconds = timed(progress, [&] { good = reader.SetFilePath(path.c_str()); });
+    report->importSeconds =
+        timed(progress, [&] { good = reader.SetFilePath(path.c_str(), &findings); });
+    report->imported.take(findings, good);
     const CardForms forms = countCardForms(path);
     if (!good)
         throw refusalOf(reader, forms);
@@ -121,9 +125,18 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     return report;
 }
 
+ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportReport& report) {
+    KVONASTRAN_Reader reader;
+    bool good = false;
+    timed(progress, [&] { good = reader.SetFilePath(path.c_str(), &report); });
+    ImportFindings findings;
+    findings.take(report, good);
+    return findings;
+}
+
 }  // namespace
 
-const Format kNastranFormat = {"Nastran bulk data", "nastran", kExtensions,
-                               recognises,          read,      nullptr};
+const Format kNastranFormat = {
+    "Nastran bulk data", "nastran", kExtensions, recognises, read, check, nullptr};
 
 }  // namespace kvocaeio::host

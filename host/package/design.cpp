@@ -12,6 +12,7 @@
 #include "timed.h"
 #include "tool_run.h"
 #include <kvocaeio/package.h>
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
 
@@ -22,10 +23,13 @@ constexpr std::array<std::string_view, 3> kExtensions = {".mcm", ".sip", ".brd"}
 std::unique_ptr<PackageReport> import(CKVOCadenceReader& reader, const std::string& path,
                                       const std::string& folder, PrintTarget progress) {
     reader.SetTempFilePath(folder.c_str());
+    CKVOImportReport findings;
+    bool isImported = false;
     std::string failure;
     const double seconds = timed(progress, [&] {
         try {
-            if (!reader.ImportCadenceFile(path.c_str()))
+            isImported = reader.ImportCadenceFile(path.c_str(), &findings);
+            if (!isImported)
                 failure = "no reports of a design that can be used are in " + cleanName(folder) +
                           " (CmdFile1.txt, CmdFile2.txt, and CmdFile3.txt of a .sip design)";
         } catch (const std::out_of_range&) {
@@ -35,6 +39,7 @@ std::unique_ptr<PackageReport> import(CKVOCadenceReader& reader, const std::stri
     });
     auto report = std::make_unique<PackageReport>(reader, PackageSource::kCadence);
     report->importSeconds = seconds;
+    report->imported.take(findings, isImported);
     report->find(Finding::Level::kError, "no-usable-reports", failure.empty() ? 0 : 1, failure);
     return report;
 }
@@ -81,6 +86,13 @@ std::unique_ptr<FileReport> refuse(const std::string&, PrintTarget) {
                     "needs-tool");
 }
 
+ImportFindings refuseCheck(const std::string&, PrintTarget, CKVOImportReport&) {
+    throw FileError(
+        "is a design that needs an extraction tool: run kvocaeio info with --tool and "
+        "--temp, then kvocaeio check --reports with that folder",
+        "needs-tool");
+}
+
 }  // namespace
 
 std::unique_ptr<FileReport> readDesign(const std::string& path, const ToolRequest& request,
@@ -100,6 +112,24 @@ std::unique_ptr<FileReport> readDesign(const std::string& path, const ToolReques
     return report;
 }
 
+ImportFindings checkDesignReports(const std::string& folder, PrintTarget progress,
+                                  CKVOImportReport& report) {
+    requireFolder(folder);
+    CKVOCadenceReader reader;
+    reader.SetTempFilePath(folder.c_str());
+    bool isImported = false;
+    timed(progress, [&] {
+        try {
+            isImported = reader.ImportCadenceFile("", &report);
+        } catch (const std::out_of_range&) {
+            // The report holds the reason.
+        }
+    });
+    ImportFindings findings;
+    findings.take(report, isImported);
+    return findings;
+}
+
 std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTarget progress) {
     requireFolder(folder);
     CKVOCadenceReader reader;
@@ -107,8 +137,8 @@ std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTa
 }
 
 // A design is a database: nothing in its first bytes is known, its extension must do.
-const Format kCadenceFormat = {"Cadence design", "cadence",
-                               kExtensions,      [](std::string_view) { return false; },
-                               refuse,           nullptr};
+const Format kCadenceFormat = {
+    "Cadence design", "cadence",   kExtensions, [](std::string_view) { return false; },
+    refuse,           refuseCheck, nullptr};
 
 }  // namespace kvocaeio::host

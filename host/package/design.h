@@ -24,4 +24,8 @@ std::unique_ptr<FileReport> readDesign(const std::string& path, const ToolReques
 /// Reads the reports that a tool has left in `folder`.
 std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTarget progress);
 
+/// The same for `check`.
+ImportFindings checkDesignReports(const std::string& folder, PrintTarget progress,
+                                  CKVOImportReport& report);
+
 }  // namespace kvocaeio::host

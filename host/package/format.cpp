@@ -10,6 +10,7 @@
 #include "package/report.h"
 #include "timed.h"
 #include <kvocaeio/package.h>
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
 
@@ -34,11 +35,14 @@ bool recognises(std::string_view head) {
 
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     CKVOCadenceReader reader;
+    CKVOImportReport findings;
+    bool isImported = false;
     Finding failure{Finding::Level::kError, "", 1, ""};
     const double seconds = timed(progress, [&] {
         const MemoryWatch memory;
         try {
-            if (reader.Import3DIFile(path.c_str()))
+            isImported = reader.Import3DIFile(path.c_str(), &findings);
+            if (isImported)
                 return;
             if (memory.ranOut())
                 throw std::bad_alloc();
@@ -55,6 +59,7 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     });
     auto report = std::make_unique<PackageReport>(reader, PackageSource::k3di);
     report->importSeconds = seconds;
+    report->imported.take(findings, isImported);
     if (failure.code.empty() && report->isEmpty())
         failure = {Finding::Level::kError, "nothing-read", 1,
                    "holds no bodies and no wires of a 3DI package"};
@@ -63,8 +68,23 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     return report;
 }
 
+ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportReport& report) {
+    CKVOCadenceReader reader;
+    bool isImported = false;
+    timed(progress, [&] {
+        try {
+            isImported = reader.Import3DIFile(path.c_str(), &report);
+        } catch (const std::out_of_range&) {
+            // The report holds the reason.
+        }
+    });
+    ImportFindings findings;
+    findings.take(report, isImported);
+    return findings;
+}
+
 }  // namespace
 
-const Format k3diFormat = {"3DI package", "3di", kExtensions, recognises, read, nullptr};
+const Format k3diFormat = {"3DI package", "3di", kExtensions, recognises, read, check, nullptr};
 
 }  // namespace kvocaeio::host

@@ -5,6 +5,7 @@
 
 #include "file_report.h"
 #include <kvocaeio/patran.h>
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
 
@@ -28,8 +29,11 @@ const Shape& shapeOf(int code) {
     return shape != kShapes.end() ? *shape : kOtherShape;
 }
 
-void import(CPatranReader& reader, const std::string& path) {
-    if (!reader.ImportFromPatFile(path.c_str()))
+void import(CPatranReader& reader, const std::string& path, ImportFindings& imported) {
+    CKVOImportReport report;
+    const bool isImported = reader.ImportFromPatFile(path.c_str(), &report);
+    imported.take(report, isImported);
+    if (!isImported)
         throw FileError("cannot be imported: there is not enough memory for what it announces",
                         "out-of-memory");
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "import_findings.h"
+
 class CPatranReader;
 
 namespace kvocaeio::host {
@@ -25,8 +27,9 @@ struct ArrayElement {
     std::array<int, 8> nodes{};
 };
 
-/// Throws `FileError` where there is not enough memory.
-void import(CPatranReader& reader, const std::string& path);
+/// Adds to `imported` what the library reports. Throws `FileError` where there is not enough
+/// memory.
+void import(CPatranReader& reader, const std::string& path, ImportFindings& imported);
 
 ArrayElement elementAt(CPatranReader& reader, int index);
 std::array<float, 3> nodeAt(CPatranReader& reader, int index);

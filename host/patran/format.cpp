@@ -14,6 +14,7 @@
 #include "patran/solids.h"
 #include "timed.h"
 #include <kvocaeio/patran.h>
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
 
@@ -105,16 +106,18 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     std::vector<int> types;
     {
         CKVO_PatranIO_Bridge reader;
+        CKVOImportReport findings;
         bool imported = false;
         const double seconds =
-            timed(progress, [&] { imported = reader.ImportFromPatFile(path.c_str()); });
+            timed(progress, [&] { imported = reader.ImportFromPatFile(path.c_str(), &findings); });
+        report->imported.take(findings, imported);
         if (!imported)
             throw std::bad_alloc();
         report->bridge = viewOf(reader, seconds);
         types = typesOf(reader);
     }
     CPatranReader reader;
-    const double seconds = timed(progress, [&] { import(reader, path); });
+    const double seconds = timed(progress, [&] { import(reader, path, report->imported); });
     report->arrays = viewOf(reader, seconds);
     requireMesh(std::max(report->bridge.nodes, report->arrays.nodes), 0, "a Patran neutral file");
     countKinds(reader, types, *report);
@@ -125,9 +128,21 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     return report;
 }
 
+ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportReport& report) {
+    ImportFindings findings;
+    const auto checkWith = [&](auto&& reader) {
+        bool isImported = false;
+        timed(progress, [&] { isImported = reader.ImportFromPatFile(path.c_str(), &report); });
+        findings.take(report, isImported);
+    };
+    checkWith(CKVO_PatranIO_Bridge());
+    checkWith(CPatranReader());
+    return findings;
+}
+
 }  // namespace
 
-const Format kPatranFormat = {"Patran neutral file", "patran", kExtensions, recognises, read,
+const Format kPatranFormat = {"Patran neutral file", "patran", kExtensions, recognises, read, check,
                               takePatranSolids};
 
 }  // namespace kvocaeio::host

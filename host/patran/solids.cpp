@@ -16,11 +16,11 @@ SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request
     if (request.normalised)
         throw FileError("has no normalised mesh: only Abaqus decks have one", "not-normalised");
     CPatranReader reader;
-    timed(request.progress, [&] { import(reader, path); });
+    SolidMesh mesh;
+    timed(request.progress, [&] { import(reader, path, mesh.imported); });
     requireMesh(static_cast<std::size_t>(std::max(0, reader.GetNodeCout())),
                 static_cast<std::size_t>(std::max(0, reader.GetElemCount())),
                 "a Patran neutral file");
-    SolidMesh mesh;
     mesh.nodes.resize(static_cast<std::size_t>(std::max(0, reader.GetNodeCout())));
     mesh.nodeOids.resize(mesh.nodes.size());
     int row = 0;

@@ -55,7 +55,7 @@ TEST(ConvertJson, OfAllSamplesInBothFormats) {
     for (const char* sample :
          {"hinge.inp", "clip.inp", "housing.inp", "bracket.pat", "bracket_plain.pat"})
         for (const char* target : {"out.nas", "out.pat"})
-            reportOf({sampleDeck(sample), folder.file(target)}, 0);
+            reportOf({"--force", sampleDeck(sample), folder.file(target)}, 0);
     EXPECT_EQ(
         findingsOf(reportOf({"--normalised", sampleDeck("clip.inp"), folder.file("n.pat")}, 0)),
         (Words{"warning blank-row 9", "warning in-no-set 24", "warning mid-side-nodes 144",

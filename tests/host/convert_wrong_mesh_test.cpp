@@ -7,6 +7,7 @@ namespace kvocaeio::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 
 /// The message on a conversion of `deck` that fails and leaves nothing behind.
@@ -96,7 +97,7 @@ TEST(ConvertRefuses, OidsThatAreDefinedTwiceUnlessForced) {
     const std::string out = folder.file("out.nas");
     const Outcome outcome = runHost({"convert", "--force", folder.write("in.inp", kParts), out});
     EXPECT_EQ(outcome.exitCode, 0);
-    EXPECT_THAT(linesOf(outcome.output),
+    EXPECT_THAT(ownLinesOf(outcome.output),
                 ElementsAre(out + ": 5 nodes, 3 elements in 2 sections",
                             "  left out: 1 element listed again with the same OID and nodes",
                             "  left out: 2 nodes that no written element has",
@@ -108,6 +109,25 @@ TEST(ConvertRefuses, OidsThatAreDefinedTwiceUnlessForced) {
                             "name"));
     EXPECT_THAT(readText(out),
                 HasSubstr("GRID   ,       2,       0,   9.000,   0.000,   0.000,       0\n"));
+}
+
+// A surface on nodes, after which nothing is read.
+const std::string kCutDeck = tetrahedron("1") + "*SURFACE, TYPE=NODE\n7\n";
+
+TEST(ConvertRefuses, SourcesThatWereReadWrongly) {
+    const std::string message = refusalOf(kCutDeck);
+    EXPECT_THAT(message,
+                HasSubstr(": is not converted for 1 error of the import, which is in line 8: "));
+    EXPECT_THAT(message, EndsWith("in.inp shows all, and --force converts what was read\n"));
+}
+
+TEST(ConvertRefuses, SourcesThatWereReadWronglyUnlessForced) {
+    const TempFolder folder;
+    const Outcome outcome =
+        runHost({"convert", "--force", folder.write("in.inp", kCutDeck), folder.file("out.nas")});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(linesOf(outcome.output).back(),
+                testing::MatchesRegex("import: 1 error.* in 1 file; kvocaeio check lists them"));
 }
 
 TEST(ConvertRefuses, PatranFilesInWhichNothingIsRead) {

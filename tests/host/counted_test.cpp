@@ -19,6 +19,7 @@ TEST(Counted, One) {
     EXPECT_EQ(counted(1, "bodies"), "1 body");
     EXPECT_EQ(counted(1, "dies"), "1 die");
     EXPECT_EQ(counted(1, "of unknown type"), "1 of unknown type");
+    EXPECT_EQ(counted(1, "rows of nodes"), "1 row of nodes");
 }
 
 }  // namespace

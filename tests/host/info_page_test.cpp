@@ -8,6 +8,7 @@ namespace {
 
 using nlohmann::json;
 using testing::Contains;
+using testing::ContainsRegex;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
@@ -46,10 +47,25 @@ TEST(InfoPage, AlignsNamesOfWideCharacters) {
 TEST(InfoPage, CountsWarningsAndFilesAtItsEnd) {
     const TempFolder folder;
     const std::string deck = folder.write("a.inp", deckOf("BODY"));
-    EXPECT_THAT(runHost({"info", deck}).output, EndsWith("\n\n1 warning\n"));
-    EXPECT_THAT(runHost({"info", sampleDeck("hinge.inp")}).output, EndsWith("\n\nno warnings\n"));
-    EXPECT_THAT(runHost({"info", deck, deck, folder.file("gone.inp")}).output,
-                EndsWith("\n\n3 files, 1 failed, 2 warnings\n"));
+    EXPECT_EQ(ownLinesOf(runHost({"info", deck}).output).back(), "1 warning");
+    EXPECT_EQ(ownLinesOf(runHost({"info", deck, deck, folder.file("gone.inp")}).output).back(),
+              "3 files, 1 failed, 2 warnings");
+    const std::string good = folder.write("good.inp",
+                                          "*NODE\n1, 0, 0, 0\n2, 1, 0, 0\n3, 0, 1, 0\n"
+                                          "*ELEMENT, TYPE=S3, ELSET=A\n1, 1, 2, 3\n");
+    EXPECT_THAT(runHost({"info", good}).output, EndsWith("\n\nno warnings\n"));
+}
+
+TEST(InfoPage, EndsWithWhatTheLibraryReports) {
+    const TempFolder folder;
+    const std::string deck =
+        folder.write("cut.inp", "*NODE\n1, 0, 0, 0\n*SURFACE, TYPE=NODE\nA,\n");
+    EXPECT_THAT(runHost({"info", deck}).output,
+                ContainsRegex("\n\nimport: 1 error.* in 1 file; kvocaeio check lists them\n$"));
+    const json import = jsonReport(deck).at("import");
+    EXPECT_EQ(import.at("errors"), 1);
+    EXPECT_EQ(import.at("findings").at(0).at("code"), "abaqus.pass-ended");
+    EXPECT_EQ(import.at("findings").at(0).at("line"), 3);
 }
 
 TEST(InfoPage, WalksFolders) {
@@ -67,8 +83,8 @@ TEST(InfoPage, WalksFolders) {
                             .generic_string());
     EXPECT_EQ(names, (std::vector<std::string>{"a.inp", "deck.txt", "parts/b.inp"}));
     EXPECT_EQ(document.at("passedOver"), 2);
-    EXPECT_THAT(runHost({"info", folder.path().string()}).output,
-                EndsWith("\n3 files, 2 warnings; passed over: 2 files of no known format\n"));
+    EXPECT_EQ(ownLinesOf(runHost({"info", folder.path().string()}).output).back(),
+              "3 files, 2 warnings; passed over: 2 files of no known format");
 }
 
 TEST(InfoPage, SaysThatLogsWereWrittenIntoAFolderDebug) {

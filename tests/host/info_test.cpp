@@ -39,7 +39,7 @@ TEST(Info, WritesTheDecksSectionsAndThoseOfTheMesh) {
     const Outcome outcome = runHost({"info", deck});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.errors, "");
-    std::vector<std::string> lines = linesOf(outcome.output);
+    std::vector<std::string> lines = ownLinesOf(outcome.output);
     ASSERT_GT(lines.size(), 6u);
     EXPECT_THAT(lines[6],
                 testing::MatchesRegex("  time taken    import .* ms, normalisation .* ms"));
@@ -78,6 +78,7 @@ TEST(Info, JsonHoldsTheSame) {
     EXPECT_EQ(report.at("file"), deck);
     report.erase("seconds");
     report.erase("file");
+    report.erase("import");
     EXPECT_EQ(report, json::parse(R"json({
         "format": "abaqus",
         "status": "warnings",

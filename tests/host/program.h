@@ -102,4 +102,12 @@ inline std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
+/// The lines of `text` without that on what the library reports of the import.
+inline std::vector<std::string> ownLinesOf(const std::string& text) {
+    std::vector<std::string> lines = linesOf(text);
+    if (!lines.empty() && lines.back().starts_with("import: "))
+        lines.pop_back();
+    return lines;
+}
+
 }  // namespace kvocaeio::test

@@ -49,6 +49,7 @@ else()
     list(APPEND expected ${LIB}/libKVOCAEIO.so ${LIB}/libKVOCAEIO.so.0.1
         share/man/man1/kvocaeio.1.gz
         share/man/man1/kvocaeio-info.1.gz
+        share/man/man1/kvocaeio-check.1.gz
         share/man/man1/kvocaeio-convert.1.gz
         share/bash-completion/completions/kvocaeio
         share/zsh/site-functions/_kvocaeio

@@ -14,7 +14,8 @@ expect() {
     fi
 }
 expect "info" kvocaeio in
-expect "convert" kvocaeio c
+expect "check convert" kvocaeio c
+expect "note warning error" kvocaeio check --min-severity ""
 expect "--version" kvocaeio --v
 expect "--json --json-lines" kvocaeio info --js
 expect "--unit" kvocaeio convert --un

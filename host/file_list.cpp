@@ -1,5 +1,5 @@
 /// The walk through a folder.
-#include "info/file_list.h"
+#include "file_list.h"
 
 #include <algorithm>
 #include <array>
@@ -29,18 +29,20 @@ bool isWanted(const std::string& path, bool designs) {
 
 }  // namespace
 
-FileList filesIn(const std::string& folder, bool designs) {
+FileList filesOf(const std::string& path, bool designs) {
+    if (!isFolder(path.c_str()))
+        return {{path}, 0};
     namespace fs = std::filesystem;
     FileList list;
     std::error_code error;
-    fs::recursive_directory_iterator at(standardPath(folder),
+    fs::recursive_directory_iterator at(standardPath(path),
                                         fs::directory_options::skip_permission_denied, error);
     for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
         std::error_code ignored;
         if (!at->is_regular_file(ignored))
             continue;
-        if (std::string path = narrowPath(at->path()); isWanted(path, designs))
-            list.files.push_back(std::move(path));
+        if (std::string file = narrowPath(at->path()); isWanted(file, designs))
+            list.files.push_back(std::move(file));
         else
             ++list.passedOver;
     }
