@@ -16,7 +16,6 @@ void CardLines::mergeContinuation() {
         return;
     merged_ = card_.raw;
     const std::size_t length = merged_.size();
-    firstLine_ = lines_.lineNumber();
     lines_.next();  // at the end of the deck the line is its own continuation
     std::string_view line = lines_.line();
     const std::size_t marker = std::min(line.substr(0, kFieldWidth).find(','), kFieldWidth);

@@ -36,7 +36,6 @@ class CardLines {
         if (!lines_.next())
             return false;
         card_ = {lines_.line(), glances_ ? glanceAt(lines_.line()) : Glance()};
-        firstLine_ = 0;
         if (merges_ && !card_.glance.isNameless)
             mergeContinuation();
         return true;
@@ -45,11 +44,7 @@ class CardLines {
     /// Valid until the next call of `next()`.
     const Card& card() const { return card_; }
 
-    /// Notes the card by its first line.
-    void note(Finding kind) {
-        firstLine_ == 0 ? lines_.note(kind)
-                        : lines_.note(kind, firstLine_, card_.raw.substr(0, card_.raw.find('\n')));
-    }
+    void note(Finding kind) { lines_.note(kind); }
 
   private:
     // Lines arrive in pieces of at most 254 characters.
@@ -61,7 +56,6 @@ class CardLines {
     bool merges_;
     bool glances_;
     Card card_;
-    std::size_t firstLine_ = 0;  // of a card of two lines that somebody listens to
     std::string merged_;
 };
 

@@ -70,16 +70,6 @@ class PassLines {
             findings_->note(rowOf(kind), place.line, place.column, what, subject);
     }
 
-    /// The number of the line taken last; 0 where nobody listens.
-    std::size_t lineNumber() { return findings_ == nullptr ? 0 : reader_.place().line; }
-
-    /// Notes a line that was taken before, by the number that it had then.
-    template <class Kind>
-    void note(Kind kind, std::size_t line, std::string_view text) {
-        if (findings_ != nullptr) [[unlikely]]
-            findings_->note(static_cast<std::size_t>(kind), line, 0, text);
-    }
-
   private:
     bool taken(bool found) {
         if (findings_ != nullptr && (!found || reader_.isCut())) [[unlikely]]

@@ -48,17 +48,6 @@ TEST_F(ListenedImport, NotesFieldsThatKeepAnEarlierCardsValue) {
     EXPECT_EQ(info.decks[0].nodes[1], 2.5F);
 }
 
-TEST_F(ListenedImport, NotesACardOfTwoLinesByItsFirst) {
-    const std::string hexa =
-        "CHEXA          1       1       1     abc       1       1       1       1\n";
-    EXPECT_TRUE(import(kGrid + hexa + "+              1       1\n" + kTetra +
-                       "GRID           1       0     1.5     abc     2.5\n"));
-    ASSERT_EQ(count(Finding::kFieldStale), 2u);
-    EXPECT_EQ(place(Finding::kFieldStale, 0).line, 2u);
-    EXPECT_EQ(place(Finding::kFieldStale, 0).text(), hexa.substr(0, hexa.size() - 1));
-    EXPECT_EQ(place(Finding::kFieldStale, 1).line, 5u);
-}
-
 TEST_F(ListenedImport, NotesLinesThatAreCut) {
     EXPECT_TRUE(import(kGrid + "$" + std::string(600, '-') + "\n" + kTetra));
     ASSERT_EQ(count(Finding::kLineCut), 2u);
