@@ -13,7 +13,8 @@ function(kvocaeio_manual page file)
         string(APPEND output .gz)
     endif()
     add_custom_command(OUTPUT ${output}
-        COMMAND kvocaeio --manual ${page} ${compressed} > ${output})
+        COMMAND kvocaeio --manual ${page} ${compressed} > ${output}
+        DEPENDS kvocaeio)
     set_property(TARGET kvocaeio_manual APPEND PROPERTY SOURCES ${output})
 endfunction()
 
