@@ -1,6 +1,6 @@
 /// Every code has an example that yields this finding and no other, and a counter-example that does
 /// not. `examples/CODE.EXT` and `examples/CODE.not.EXT` are files, or folders of a design's
-/// reports.
+/// reports or of neutral files that one reader imports.
 #include <algorithm>
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -34,6 +34,17 @@ void addCodes(CKVOImportReport& report, std::set<std::string>& codes) {
         codes.insert(finding.code);
 }
 
+// The file at `path`, or those of a folder, which one reader imports in the order of their names.
+std::vector<std::string> filesOf(const fs::path& path) {
+    if (!fs::is_directory(path))
+        return {path.string()};
+    std::vector<std::string> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path))
+        files.push_back(entry.path().string());
+    std::ranges::sort(files);
+    return files;
+}
+
 // The codes that an import of `path`, with all that follows it, reports.
 std::set<std::string> codesOf(const fs::path& path) {
     const test::CapturedOutput quiet;
@@ -50,10 +61,13 @@ std::set<std::string> codesOf(const fs::path& path) {
         reader.SetFilePath(name.c_str(), &report);
     } else if (extension == ".pat") {
         CKVO_PatranIO_Bridge lists;
-        lists.ImportFromPatFile(name.c_str(), &report);
-        addCodes(report, codes);
         CPatranReader arrays;
-        arrays.ImportFromPatFile(name.c_str(), &report);
+        for (const std::string& file : filesOf(path)) {
+            lists.ImportFromPatFile(file.c_str(), &report);
+            addCodes(report, codes);
+            arrays.ImportFromPatFile(file.c_str(), &report);
+            addCodes(report, codes);
+        }
     } else if (extension == ".3di") {
         CKVOCadenceReader reader;
         try {
