@@ -14,10 +14,12 @@ constexpr std::array kNumbers{&HeaderCard::id, &HeaderCard::iv, &HeaderCard::kc,
 }  // namespace
 
 void HeaderCard::readFixed(std::string_view card) {
-    const auto isOdd = [](FieldContent content) { return content != FieldContent::kNumber; };
-    odd = oddField(0, isOdd(readInteger(card, 0, kTypeWidth, it)));
+    OddFields oddNow = oddField(0, readInteger(card, 0, kTypeWidth, it) != FieldContent::kNumber);
     for (std::size_t i = 0; i < kNumbers.size(); ++i)
-        odd |= oddField(i + 1, isOdd(readInteger(card, headerColumn(i + 1), this->*kNumbers[i])));
+        if (readInteger(card, headerColumn(i + 1), this->*kNumbers[i]) != FieldContent::kNumber)
+            [[unlikely]]
+            oddNow |= oddField(i + 1);
+    odd = oddNow;
 }
 
 void HeaderCard::readFree(std::string_view card) {
@@ -46,6 +48,8 @@ std::array<float, 3> coordinatesOf(std::string_view card, OddFields& odd) {
         double number = 0;
         const bool isNumber = scan.real(number);
         coordinates[i] = static_cast<float>(isNumber ? number : text::toReal(field));
+        if (isNumber && scan.isAtEnd()) [[likely]]
+            continue;
         scan.space();
         odd |= oddField(i, !isNumber || !scan.isAtEnd());
     }

@@ -86,8 +86,8 @@ template <std::size_t kCount>
 std::array<int, kCount> integersOf(std::string_view card, OddFields& odd) {
     std::array<int, kCount> integers{};
     for (std::size_t i = 0; i < kCount; ++i) {
-        const FieldContent content = readInteger(card, i * kIntegerWidth, integers[i]);
-        odd |= oddField(i, content > FieldContent::kBlank);
+        if (readInteger(card, i * kIntegerWidth, integers[i]) > FieldContent::kBlank) [[unlikely]]
+            odd |= oddField(i);
     }
     return integers;
 }
