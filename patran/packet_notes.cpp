@@ -89,12 +89,14 @@ const ReadPacket* readPacket(int type) {
     return row == kReadPackets.end() ? nullptr : row;
 }
 
-// Whether the field is a whole number but for its exponent's letter, which is no E.
+// Whether the field is a number whose exponent has another letter than E, or none.
 bool hasOtherExponent(std::string_view field) {
-    const std::size_t letter = field.find_first_of("dDqQ");
-    return letter != 0 && letter + 1 < field.size() &&
-           field.find_first_not_of("+-0123456789", letter + 1) == std::string_view::npos &&
-           field.find_first_not_of("+-.0123456789") == letter;
+    constexpr auto kNone = std::string_view::npos;
+    const std::size_t mark = field.find_first_of("dDqQ+-", 1);
+    return mark != kNone && mark + 1 < field.size() &&
+           field.find_first_not_of("+-.0123456789") >= mark &&
+           field.find_first_of("0123456789") < mark &&
+           field.find_first_not_of("+-0123456789", mark + 1) == kNone;
 }
 
 // A field of the header card taken last without its blanks.
