@@ -11,20 +11,15 @@ namespace {
 constexpr std::array kNumbers{&HeaderCard::id, &HeaderCard::iv, &HeaderCard::kc, &HeaderCard::n1,
                               &HeaderCard::n2, &HeaderCard::n3, &HeaderCard::n4, &HeaderCard::n5};
 
-// The columns of a field that the card reaches.
-std::string_view fieldOf(std::string_view card, std::size_t first, std::size_t width) {
-    return first < card.size() ? card.substr(first, width) : std::string_view();
-}
-
 }  // namespace
 
 void HeaderCard::readFixed(std::string_view card) {
-    readInteger(card, 0, kTypeWidth, it);
-    std::size_t column = kTypeWidth;
-    for (int HeaderCard::*const number : kNumbers) {
-        readInteger(card, column, this->*number);
-        column += kIntegerWidth;
-    }
+    OddFields oddNow = oddField(0, readInteger(card, 0, kTypeWidth, it) != FieldContent::kNumber);
+    for (std::size_t i = 0; i < kNumbers.size(); ++i)
+        if (readInteger(card, headerColumn(i + 1), this->*kNumbers[i]) != FieldContent::kNumber)
+            [[unlikely]]
+            oddNow |= oddField(i + 1);
+    odd = oddNow;
 }
 
 void HeaderCard::readFree(std::string_view card) {
@@ -34,23 +29,39 @@ void HeaderCard::readFree(std::string_view card) {
         goesOn = goesOn && scan.integer(this->*number);
 }
 
-void readInteger(std::string_view card, std::size_t first, std::size_t width, int& number) {
-    text::Scan(fieldOf(card, first, width)).integer(number);
+FieldContent readInteger(std::string_view card, std::size_t first, std::size_t width, int& number) {
+    text::Scan scan(columnsOf(card, first, width));
+    scan.space();
+    if (scan.isAtEnd())
+        return FieldContent::kBlank;
+    if (!scan.integer(number))
+        return FieldContent::kUnreadable;
+    scan.space();
+    return scan.isAtEnd() ? FieldContent::kNumber : FieldContent::kTorn;
 }
 
-std::array<float, 3> coordinatesOf(std::string_view card) {
+std::array<float, 3> coordinatesOf(std::string_view card, OddFields& odd) {
     std::array<float, 3> coordinates;
-    for (std::size_t i = 0; i < coordinates.size(); ++i)
-        coordinates[i] =
-            static_cast<float>(text::toReal(fieldOf(card, i * kRealWidth, kRealWidth)));
+    for (std::size_t i = 0; i < coordinates.size(); ++i) {
+        const std::string_view field = columnsOf(card, i * kRealWidth, kRealWidth);
+        text::Scan scan(field);
+        double number = 0;
+        const bool isNumber = scan.real(number);
+        coordinates[i] = static_cast<float>(isNumber ? number : text::toReal(field));
+        if (isNumber && scan.isAtEnd()) [[likely]]
+            continue;
+        scan.space();
+        odd |= oddField(i, !isNumber || !scan.isAtEnd());
+    }
     return coordinates;
 }
 
-std::array<float, 2> propertyValuesOf(std::string_view card) {
+std::array<float, 2> propertyValuesOf(std::string_view card, OddFields& odd) {
     std::array<float, 2> values{};
     text::Scan scan(card);
-    if (scan.real(values[0], kRealWidth))
-        scan.real(values[1], kRealWidth);
+    const bool isFirst = scan.real(values[0], kRealWidth);
+    const bool isSecond = isFirst && scan.real(values[1], kRealWidth);
+    odd = oddField(0, !isFirst) | oddField(1, !isSecond);
     return values;
 }
 

@@ -8,19 +8,53 @@
 
 namespace kvocaeio::patran {
 
-enum class Finding : std::size_t { kLineCut, kPacketSkipped, kPacketNotCounted };
-
-/// A row for each `Finding`, in the same order.
-inline constexpr std::array kFindingKinds{
-    text::FindingKind{"patran.line-cut", text::Severity::kWarning,
-                      "the line is too long and continues as another card", "", ""},
-    text::FindingKind{"patran.packet-skipped", text::Severity::kNote,
-                      "packets of this type are skipped", "", ""},
-    text::FindingKind{"patran.packet-not-counted", text::Severity::kWarning,
-                      "the summary counts no more such packets; the data cards are read as headers",
-                      "", ""},
+enum class Finding : std::size_t {
+    // Of lines and fields.
+    kLineCut,
+    kByteOrderMark,
+    kCommentAsCard,
+    kCardAsHeader,
+    kCardMissing,
+    kHeaderRepeated,
+    kHeaderFieldKept,
+    kCardCountLow,
+    kNumberUnreadable,
+    kNumberTorn,
+    kExponentTorn,
+    kCoordinateMissing,
+    // Of the order of packets.
+    kPacketSkipped,
+    kPacketUnknown,
+    kPacketBeforeSummary,
+    kPacketNotCounted,
+    kSummaryMissing,
+    kSummaryRepeated,
+    kCountNegative,
+    kFewerThanCounted,
+    kFewerProperties,
+    kLastLineRepeated,
+    kEndMissing,
+    kContentAfterEnd,
+    kImportAppended,
+    // Of nodes and elements.
+    kNodeRepeated,
+    kNodeOutsideMap,
+    kNodeIdZero,
+    kNodeUndefined,
+    kNodesDropped,
+    kShapeUnknown,
+    // Of properties.
+    kPropertyHeaderDiffers,
+    kPropertyIdOutside,
+    kPropertyRepeated,
+    kPropertyWithoutType,
+    kPropertyMissing,
+    kValueUnreadable,
+    kCount,
 };
-static_assert(kFindingKinds.size() == static_cast<std::size_t>(Finding::kPacketNotCounted) + 1);
+
+/// In the order of `Finding`.
+extern const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> kFindingKinds;
 
 inline const text::FindingKind& rowOf(Finding finding) {
     return kFindingKinds[static_cast<std::size_t>(finding)];

@@ -17,11 +17,16 @@ class IdMap {
     bool holds(int id) const { return id >= 0 && id <= maxId_; }
     /// An id outside the map is ignored.
     void set(int id, int index) {
-        if (holds(id))
-            indices_[static_cast<std::size_t>(id)] = index;
+        if (!holds(id))
+            return;
+        indices_[static_cast<std::size_t>(id)] = index;
+        if (index == 0)
+            idOfFirst_ = id;
     }
     /// 0, too, for an id outside the map.
     int at(int id) const { return holds(id) ? indices_[static_cast<std::size_t>(id)] : 0; }
+
+    bool isDefined(int id) const { return holds(id) && (at(id) != 0 || id == idOfFirst_); }
 
     /// Hands the array over, after which the map must not be used.
     int* release() { return indices_.release(); }
@@ -29,6 +34,7 @@ class IdMap {
   private:
     text::ZeroedArray<int> indices_;
     int maxId_ = -1;
+    int idOfFirst_ = -1;  // of the node with index 0
 };
 
 }  // namespace kvocaeio::patran

@@ -2,8 +2,12 @@
 #include "patran/import.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
+#include <string>
 
+#include "patran/audit.h"
+#include "patran/packet_notes.h"
 #include "patran/packets.h"
 #include "text/listened_file.h"
 
@@ -14,53 +18,56 @@ namespace {
 // Where the bridge's first pass skips data cards, longer pieces of a line count as one.
 constexpr std::size_t kSkippedLineBound = 260;
 
-// Whether one more packet is stored. One that the summary does not count is no longer a packet: its
-// data cards are read as headers.
-bool isCounted(PacketLines& lines, int read, int count) {
-    if (read < count)
-        return true;
-    lines.note(Finding::kPacketNotCounted);
-    return false;
-}
-
 // The pass that stores, for either mesh. Returns whether there is a packet 99.
 template <class Mesh>
 bool readPackets(PacketLines& lines, IdMap& nodeIds, Mesh& mesh) {
-    int nodes = 0;
-    int elements = 0;
-    int properties = 0;
-    return lines.forEachPacket([&] {
+    PacketCounts read;
+    PacketNotes notes(lines);
+    const bool foundEnd = lines.forEachPacket([&] {
         switch (lines.header.it) {
             case kNodePacket:
-                if (isCounted(lines, nodes, mesh.nodeCount))
-                    readNode(lines, nodes++, nodeIds, mesh);
+                if (notes.isCounted(read.nodes, mesh.nodeCount))
+                    readNode(lines, read.nodes++, nodeIds, mesh);
                 return true;
             case kElementPacket:
-                if (isCounted(lines, elements, mesh.elementCount))
-                    readElement(lines, elements++, nodeIds, mesh);
+                if (notes.isCounted(read.elements, mesh.elementCount))
+                    readElement(lines, read.elements++, nodeIds, mesh);
                 return true;
             case kPropertyPacket:
-                if (isCounted(lines, properties, mesh.propertyCount)) {
+                if (notes.isCounted(read.properties, mesh.propertyCount)) {
                     readProperty(lines, mesh);
-                    ++properties;
+                    ++read.properties;
                 }
                 return true;
             case kTitlePacket:
+                notes.header();
                 lines.nextCard();
                 return true;
             case kSummaryPacket:
+                notes.header();
                 readSummary(lines, mesh);
                 return true;
             default:
-                lines.note(Finding::kPacketSkipped);
+                notes.header();
                 return false;
         }
     });
+    notes.end(foundEnd, read, {mesh.nodeCount, mesh.elementCount, mesh.propertyCount});
+    return foundEnd;
 }
 
 void reportEndOfFile(bool foundEndPacket, const text::Listener& listener) {
     if (!foundEndPacket && !listener.hasStopped())
         std::printf("We have reached end-of-file\n");
+}
+
+void noteEarlierMesh(ListMesh& mesh, const text::Listener& listener) {
+    if (!mesh.nodes.empty() || !mesh.elements.empty())
+        listener.note(Finding::kImportAppended, std::to_string(mesh.nodes.size()) + " nodes, " +
+                                                    std::to_string(mesh.elements.size()) +
+                                                    " elements");
+    mesh.storedIds.nodes.clear();
+    mesh.storedIds.elements.clear();
 }
 
 // Empties the lists, since corners may still be node ids.
@@ -73,6 +80,7 @@ void clear(ListMesh& mesh) noexcept {
     mesh.propertyValueA.clear();
     mesh.propertyValueB.clear();
     mesh.propertyValueC.clear();
+    mesh.storedIds = {};
 }
 
 }  // namespace
@@ -119,14 +127,21 @@ int findNodeDimension(std::FILE* file, const text::Listener& listener) {
 
 bool importLists(std::FILE* file, const text::Listener& listener, ListMesh& mesh) noexcept {
     try {
+        const std::size_t nodesBefore = mesh.nodes.size();
+        const std::size_t elementsBefore = mesh.elements.size();
+        noteEarlierMesh(mesh, listener);
         const long start = std::ftell(file);
         IdMap nodeIds(findMaxNodeId(file, listener.withoutFindings()));
         const bool goesOn = start >= 0 && std::fseek(file, start, SEEK_SET) == 0;
         if (goesOn) {
             PacketLines lines(file, listener);
             readPackets(lines, nodeIds, mesh);
+        } else if (listener.findings != nullptr) {
+            text::noteFailure(*listener.findings, text::FileFinding::kChanged, errno);
         }
         if (goesOn && !listener.hasStopped()) {
+            if (listener.findings != nullptr) [[unlikely]]
+                auditLists(nodeIds, mesh, {nodesBefore, elementsBefore}, *listener.findings);
             for (std::array<int, 4>& corners : mesh.elements)
                 for (int& corner : corners)
                     corner = nodeIds.at(corner);

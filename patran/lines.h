@@ -41,23 +41,53 @@ class PacketLines {
 
     /// Takes the next line, comments included.
     std::string_view nextCard() {
-        lines_.next();
+        const bool found = lines_.next();
+        if (lines_.areNoted()) [[unlikely]]
+            noteCard(found);
         return line();
     }
 
     /// The line taken last.
     std::string_view line() const { return lines_.line(); }
 
+    /// Whether the header card is the file's last line once more, at the end of the file.
+    bool isLastLineRepeated() const { return isLastLineRepeated_; }
+
+    /// Whether the file has ended inside a packet; known while somebody listens.
+    bool isCardMissing() const { return isCardMissing_; }
+
     /// Passes over `count` lines, or all that the file still has.
     void skip(int count) {
         lines_.setBound(skipBound_);
         for (; count > 0 && lines_.next(); --count) {
+            if (lines_.areNoted()) [[unlikely]]
+                noteCard(true);
         }
         lines_.setBound(kLineBound);
     }
 
-    /// Notes the line taken last.
-    void note(Finding finding) { lines_.note(finding); }
+    // As in `PassLines`: notes of the line taken last.
+    bool areNoted() const { return lines_.areNoted(); }
+    text::LinePlace place() { return lines_.place(); }
+    template <class... What>
+    void note(Finding finding, What... what) {
+        lines_.note(finding, what...);
+    }
+    void noteNamed(Finding finding, std::string_view subject) {
+        lines_.noteNamed(finding, subject);
+    }
+    void noteAt(Finding finding, const text::LinePlace& place, std::string_view what,
+                std::string_view subject = {}) {
+        lines_.noteAt(finding, place, what, subject);
+    }
+
+    /// Takes lines, to no other end, until one holds more than blanks or a comment.
+    bool findContent() {
+        while (lines_.next())
+            if (line().find_first_not_of(" \t\r\n\v\f") < line().find('!'))
+                return true;
+        return false;
+    }
 
     HeaderCard header;
 
@@ -67,17 +97,30 @@ class PacketLines {
     // one more header.
     bool nextHeader() {
         while (!lines_.metEnd()) {
-            const std::string_view card = nextCard();
-            if (!card.starts_with('!')) {
-                header.readFixed(card);
+            isLastLineRepeated_ = !lines_.next();
+            if (!line().starts_with('!')) {
+                header.readFixed(line());
                 return true;
             }
         }
         return false;
     }
 
+    // Notes what a data card should not be. A title may begin with any character.
+    void noteCard(bool found) {
+        if (isLastLineRepeated_)
+            return;
+        if (!found) {
+            lines_.note(Finding::kCardMissing);
+            isCardMissing_ = true;
+        } else if (line().starts_with('!') && header.it != kTitlePacket)
+            lines_.note(Finding::kCommentAsCard);
+    }
+
     text::PassLines lines_;
     std::size_t skipBound_;
+    bool isLastLineRepeated_ = false;
+    bool isCardMissing_ = false;
 };
 
 }  // namespace kvocaeio::patran

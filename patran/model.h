@@ -10,6 +10,14 @@
 
 namespace kvocaeio::patran {
 
+/// The ids of what an import has stored, by row, which no reader hands out. They are kept while
+/// somebody listens, so that findings can name nodes and elements.
+struct StoredIds {
+    std::vector<int> nodes;
+    std::vector<int> elements;
+    std::vector<int> properties;  ///< in file order
+};
+
 /// The mesh of `CKVO_PatranIO_Bridge`: lists in file order, properties by their ids.
 struct ListMesh {
     std::vector<std::array<float, 3>> nodes;
@@ -23,6 +31,7 @@ struct ListMesh {
     int propertyCount = 0;
     int nodeCount = 0;
     int elementCount = 0;
+    StoredIds storedIds;
 };
 
 inline constexpr std::size_t kNodesPerElement = 8;
@@ -40,6 +49,7 @@ struct FlatMesh {
     text::ZeroedArray<int> elementNodes;  ///< node ids
     text::ZeroedArray<int> elementTypes;
     text::ZeroedArray<int> elementProperties;
+    StoredIds storedIds;
 };
 
 }  // namespace kvocaeio::patran

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "patran/packet_notes.h"
+
 namespace kvocaeio::patran {
 
 namespace {
@@ -11,22 +13,45 @@ namespace {
 constexpr int kBar = 2;
 constexpr int kTriangle = 3;
 
-std::array<float, 3> takeNode(PacketLines& lines, int index, IdMap& nodeIds) {
-    nodeIds.set(lines.header.id, index);
-    const std::array<float, 3> coordinates = coordinatesOf(lines.nextCard());
+// Rows are stored in this order, but a second summary may have forgotten some.
+void keepId(std::vector<int>& ids, int index, int id) {
+    ids.resize(text::asSize(index));
+    ids.push_back(id);
+}
+
+std::array<float, 3> takeNode(PacketLines& lines, int index, IdMap& nodeIds, StoredIds& stored) {
+    const int id = lines.header.id;
+    if (lines.areNoted()) [[unlikely]] {
+        noteNodeId(lines, nodeIds.isDefined(id), nodeIds.holds(id));
+        keepId(stored.nodes, index, id);
+    }
+    nodeIds.set(id, index);
+    OddFields odd = 0;
+    const std::array<float, 3> coordinates = coordinatesOf(lines.nextCard(), odd);
+    if (odd != 0) [[unlikely]]
+        noteOddFields(lines, odd, kRealWidth);
     lines.nextCard();
     return coordinates;
 }
 
-int propertyIdOf(std::string_view elementCard) {
+int takePropertyId(PacketLines& lines) {
+    constexpr std::size_t kField = 2;
     int id = 0;
-    readInteger(elementCard, 2 * kIntegerWidth, id);
+    const FieldContent content = readInteger(lines.nextCard(), kField * kIntegerWidth, id);
+    if (content > FieldContent::kBlank) [[unlikely]]
+        noteOddFields(lines, oddField(kField), kIntegerWidth);
     return id;
 }
 
-std::string_view takeProperty(PacketLines& lines) {
-    lines.header.readFree(lines.line());
-    return lines.nextCard();
+template <std::size_t kNodes>
+std::array<int, kNodes> takeNodeIds(PacketLines& lines) {
+    OddFields odd = 0;
+    const std::array<int, kNodes> ids = integersOf<kNodes>(lines.nextCard(), odd);
+    if (odd != 0) [[unlikely]]
+        noteOddFields(lines, odd, kIntegerWidth);
+    if (lines.areNoted()) [[unlikely]]
+        noteDroppedNodes(lines, kNodes);
+    return ids;
 }
 
 // The type of a property with two values goes by the first one without its fraction.
@@ -45,18 +70,23 @@ void takeSummary(PacketLines& lines, Mesh& mesh) {
 }  // namespace
 
 void readNode(PacketLines& lines, int index, IdMap& nodeIds, ListMesh& mesh) {
-    mesh.nodes.push_back(takeNode(lines, index, nodeIds));
+    mesh.nodes.push_back(takeNode(lines, index, nodeIds, mesh.storedIds));
 }
 
 void readNode(PacketLines& lines, int index, IdMap& nodeIds, FlatMesh& mesh) {
-    std::ranges::copy(takeNode(lines, index, nodeIds), &mesh.vertices[3 * text::asSize(index)]);
+    if (lines.areNoted() && lines.header.id == 0) [[unlikely]]
+        lines.note(Finding::kNodeIdZero);
+    std::ranges::copy(takeNode(lines, index, nodeIds, mesh.storedIds),
+                      &mesh.vertices[3 * text::asSize(index)]);
 }
 
-void readElement(PacketLines& lines, int, const IdMap&, ListMesh& mesh) {
+void readElement(PacketLines& lines, int index, const IdMap&, ListMesh& mesh) {
     const int shape = lines.header.iv;
+    if (lines.areNoted()) [[unlikely]]
+        keepId(mesh.storedIds.elements, index, lines.header.id);
     mesh.elementShapes.push_back(shape);
-    mesh.elementPropertyIds.push_back(propertyIdOf(lines.nextCard()));
-    std::array<int, 4> corners = integersOf<4>(lines.nextCard());
+    mesh.elementPropertyIds.push_back(takePropertyId(lines));
+    std::array<int, 4> corners = takeNodeIds<4>(lines);
     if (shape == kBar)
         corners[2] = corners[3] = corners[1];
     else if (shape == kTriangle)
@@ -69,16 +99,30 @@ void readElement(PacketLines& lines, int index, const IdMap& nodeIds, FlatMesh& 
     const int shape = lines.header.iv;
     const bool isKnown = (shape >= kBar && shape <= 5) || shape == 7 || shape == 8;
     mesh.elementTypes[row] = isKnown ? shape : 0;
-    mesh.elementProperties[row] = propertyIdOf(lines.nextCard());
+    if (!isKnown) [[unlikely]]
+        noteShape(lines);
+    if (lines.areNoted()) [[unlikely]]
+        keepId(mesh.storedIds.elements, index, lines.header.id);
+    mesh.elementProperties[row] = takePropertyId(lines);
     int* slot = &mesh.elementNodes[row * kNodesPerElement];
-    for (const int id : integersOf<kNodesPerElement>(lines.nextCard()))
+    for (const int id : takeNodeIds<kNodesPerElement>(lines))
         *slot++ = nodeIds.holds(id) ? id : kUnknownNode;
 }
 
 void readProperty(PacketLines& lines, ListMesh& mesh) {
-    const std::array<float, 2> values = propertyValuesOf(takeProperty(lines));
+    const HeaderCard inColumns = lines.header;
+    lines.header.readFree(lines.line());
     const int id = lines.header.id;
-    if (id < 0 || id >= kPropertyIdEnd)
+    const bool isKept = id >= 0 && id < kPropertyIdEnd;
+    if (lines.areNoted()) [[unlikely]] {
+        notePropertyHeader(lines, inColumns, isKept, mesh.propertyTypes.isSet(id));
+        mesh.storedIds.properties.push_back(id);
+    }
+    OddFields odd = 0;
+    const std::array<float, 2> values = propertyValuesOf(lines.nextCard(), odd);
+    if (odd != 0) [[unlikely]]
+        noteOddValues(lines, odd);
+    if (!isKept)
         return;
     const double second = values[1];
     mesh.propertyTypes.reach(id);
@@ -102,7 +146,8 @@ void readProperty(PacketLines& lines, ListMesh& mesh) {
 }
 
 void readProperty(PacketLines& lines, FlatMesh&) {
-    takeProperty(lines);
+    lines.header.readFree(lines.line());
+    lines.nextCard();
 }
 
 void readSummary(PacketLines& lines, ListMesh& mesh) {

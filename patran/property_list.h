@@ -26,6 +26,8 @@ class PropertyList {
         return entry == entries_.end() ? Value{} : entry->second;
     }
 
+    bool isSet(int id) const { return entries_.contains(id); }
+
     void clear() {
         entries_.clear();
         size_ = 0;

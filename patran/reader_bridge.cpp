@@ -19,6 +19,8 @@ constexpr int kNoSuchProperty = 14;
 
 template <class Char>
 bool importFile(CKVO_PatranIO* reader, const Char* path, const text::Listener& listener) {
+    if (reader == nullptr)
+        listener.note(text::FileFinding::kOutOfMemory, {});
     const text::File file = text::openFile(path, "rb", listener);
     return reader != nullptr && file != nullptr && reader->ReadPackets(file.get(), listener);
 }
@@ -27,7 +29,7 @@ template <class Char>
 bool importReported(CKVO_PatranIO* reader, const Char* path, CKVOImportReport* report) {
     return report::runReported(
         report, [&](const auto& listener) { return importFile(reader, path, listener); },
-        [&](auto& filled) { auditLists(reader->mesh, filled); });
+        [&](auto& filled) { countLists(reader->mesh, filled); });
 }
 
 template <class List>

@@ -34,16 +34,17 @@ int hostColumn(std::uint32_t column) {
     return static_cast<int>(std::min<std::uint32_t>(column, std::numeric_limits<int>::max()));
 }
 
+// An entry is made with its first place.
 void fillFinding(const Findings& findings, const FindingEntry& entry,
-                 CKVOImportReport::FindingData& out) {
-    const auto& first = entry.first[0];  // an entry is made with its first place
+                 CKVOImportReport::FindingData& out, std::size_t place = 0) {
+    const auto& first = entry.first[place];
     out.severity = static_cast<int>(entry.kind->severity);
     out.line = static_cast<long long>(first.line);
     out.column = hostColumn(first.column);
     out.count = static_cast<long long>(entry.count);
     out.placeNum = entry.placeCount;
     copyText(entry.kind->code, out.code);
-    kvocaeio::report::writeSentence(entry, out.text);
+    kvocaeio::report::writeSentence(entry, first, out.text);
     copyText(entry.kind->advice, out.advice);
     copyText(findings.file(first.file), out.file);
 }
@@ -66,7 +67,7 @@ CKVOImportReport::~CKVOImportReport() {
 }
 
 void CKVOImportReport::Clear() {
-    impl->clear();
+    kvocaeio::report::Access::clear(*this);
 }
 
 int CKVOImportReport::GetFindingNum() {
@@ -127,7 +128,7 @@ bool CKVOImportReport::GetFailure(FindingData* out) {
     const FindingEntry* const reason = impl->findings.lastError();
     if (!impl->hasFailed || reason == nullptr)
         return false;
-    fillFinding(impl->findings, *reason, *out);
+    fillFinding(impl->findings, *reason, *out, impl->findings.lastErrorPlace());
     return true;
 }
 

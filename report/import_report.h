@@ -34,6 +34,11 @@ struct Access {
     static ImportReport* contentOf(CKVOImportReport* report) {
         return report == nullptr ? nullptr : report->impl;
     }
+    /// Forgets all, and where the walks are.
+    static void clear(CKVOImportReport& report) {
+        report.impl->clear();
+        report.findingCursor = report.placeCursor = report.countCursor = 0;
+    }
 };
 
 /// Runs an audit, which may need memory. A report says so where it could not be finished.
@@ -64,7 +69,7 @@ bool runReported(CKVOImportReport* report, const Import& import, const Audit& au
     ImportReport* const content = Access::contentOf(report);
     if (content == nullptr)
         return import(text::Listener{});
-    content->clear();
+    Access::clear(*report);
     content->hasFailed = true;  // if the import throws
     const bool imported = import(text::Listener{&content->findings, nullptr});
     content->hasFailed = !imported;

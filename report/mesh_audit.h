@@ -46,6 +46,9 @@ class MeshAudit {
     /// (pyramid), 6 (wedge) or 8 (hexahedron) `corners`; other elements have 0 corners here.
     void element(long long oid, std::span<const std::uint32_t> rows, std::size_t corners);
 
+    /// All nodes count as used, as where the elements that are handed out are not all of the mesh.
+    void useAll() { isUsed_.assign(coordinates_.rows, true); }
+
     /// Finishes with the nodes: `oidOf(row)` is the OID of a node, 0 for a row without a node.
     template <class OidOf>
     void nodes(const OidOf& oidOf) {

@@ -34,7 +34,8 @@ void copyText(std::string_view what, std::span<char> field) {
     FieldWriter(field).add(what);
 }
 
-void writeSentence(const text::FindingEntry& entry, std::span<char> field) {
+void writeSentence(const text::FindingEntry& entry, const text::FindingPlace& place,
+                   std::span<char> field) {
     constexpr std::string_view kSubject = "{}";
     FieldWriter writer(field);
     const std::string_view text = entry.kind->text;
@@ -42,10 +43,7 @@ void writeSentence(const text::FindingEntry& entry, std::span<char> field) {
     writer.add(text.substr(0, subject));
     if (subject == text.size())
         return;
-    if (entry.subjectLength > 0)
-        writer.add(entry.subject());
-    else if (!entry.places().empty())
-        writer.add(entry.places()[0].text());
+    writer.add(entry.subjectLength > 0 ? entry.subject() : place.text());
     writer.add(text.substr(subject + kSubject.size()));
 }
 

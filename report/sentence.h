@@ -13,8 +13,9 @@ namespace kvocaeio::report {
 /// dots: the text comes from a file and may go to a terminal.
 void copyText(std::string_view what, std::span<char> field);
 
-/// Writes what was found: the text of the kind, with the subject, or the text of the first place,
-/// in its "{}".
-void writeSentence(const text::FindingEntry& entry, std::span<char> field);
+/// Writes what was found: the text of the kind, with the subject, or the text of `place`, in its
+/// "{}".
+void writeSentence(const text::FindingEntry& entry, const text::FindingPlace& place,
+                   std::span<char> field);
 
 }  // namespace kvocaeio::report

@@ -6,6 +6,7 @@
 #include <functional>
 #include <limits>
 #include <new>
+#include <utility>
 
 namespace kvocaeio::text {
 
@@ -70,12 +71,18 @@ FindingPlace* Findings::count(const FindingKind& kind, std::string_view subject)
     FindingEntry* const entry = find(kind, subject.substr(0, FindingEntry::kMostSubject));
     if (entry == nullptr) {
         ++lostCount_;
+        const FindingKind& incomplete = rowOf(FileFinding::kReportIncomplete);
+        if (&kind != &incomplete)
+            note(incomplete, 0, 0, {});
         return nullptr;
     }
     ++entry->count;
-    if (kind.severity == Severity::kError)
+    const bool hasPlace = entry->placeCount < FindingEntry::kMostPlaces;
+    if (kind.severity == Severity::kError) {
         lastError_ = entry;
-    if (entry->placeCount == FindingEntry::kMostPlaces)
+        lastErrorPlace_ = entry->placeCount - (hasPlace ? 0U : 1U);
+    }
+    if (!hasPlace)
         return nullptr;
     FindingPlace& place = entry->first[entry->placeCount++];
     place = {};
@@ -118,6 +125,8 @@ FindingEntry* Findings::add(const FindingKind& kind, std::string_view subject,
         return nullptr;
     auto& entry = entries_[entryCount_];
     entry.reset(new (std::nothrow) FindingEntry);
+    if (entry == nullptr && kind.severity == Severity::kError)
+        entry = std::move(spare_);
     if (entry == nullptr)
         return nullptr;
     entry->kind = &kind;
@@ -135,6 +144,10 @@ std::size_t Findings::countOf(const FindingKind& kind) const {
 }
 
 void Findings::clear() noexcept {
+    if (spare_ == nullptr) {
+        spare_ = std::move(entries_[entryCount_ - 1]);
+        *spare_ = FindingEntry();
+    }
     std::fill_n(entries_.begin(), entryCount_, nullptr);
     slots_.fill(0);
     std::fill_n(files_.begin(), fileCount_, nullptr);

@@ -64,8 +64,9 @@ struct FindingEntry {
 };
 
 /// Findings of one import. Equal ones are kept once, with a count and their first places, and there
-/// are at most `kMostEntries`, so the memory stays below half a megabyte whatever the file. No
-/// member function throws; where memory runs out, further findings are only counted.
+/// are at most `kMostEntries`, so the memory stays below half a megabyte whatever the file. Only
+/// the constructor throws, `std::bad_alloc`. Where memory runs out later, further findings are only
+/// counted, and one error is still kept, which says so.
 class Findings {
   public:
     static constexpr std::size_t kMostEntries = 384;
@@ -97,6 +98,8 @@ class Findings {
     std::size_t countOf(const FindingKind& kind) const;
     /// The finding of an error that was noticed last; null without one.
     const FindingEntry* lastError() const { return lastError_; }
+    /// Where, among the places that are kept of it.
+    std::size_t lastErrorPlace() const { return lastErrorPlace_; }
     /// How many findings could not be kept since memory ran out.
     std::size_t lostCount() const { return lostCount_; }
 
@@ -118,6 +121,9 @@ class Findings {
     std::size_t lostCount_ = 0;
     std::uint8_t file_ = 0;
     const FindingEntry* lastError_ = nullptr;
+    std::size_t lastErrorPlace_ = 0;
+    // For the error that says that memory has run out.
+    std::unique_ptr<FindingEntry> spare_ = std::make_unique<FindingEntry>();
 };
 
 /// What any file can be found to be, whatever its format.

@@ -90,6 +90,9 @@ class Scan {
         return true;
     }
 
+    /// Whether nothing is left of the text, as behind a directive that has failed.
+    bool isAtEnd() const { return position_ == end_ || *position_ == '\0'; }
+
     /// The one character `c`, with no white space before it.
     bool literal(char c) {
         if (position_ == end_ || *position_ != c)

@@ -55,6 +55,29 @@ void importPackage(const fs::path& path, CKVOImportReport& report) {
     }
 }
 
+// The file at `path`, or those of a folder in the order of their names.
+std::vector<std::string> filesOf(const fs::path& path) {
+    if (!fs::is_directory(path))
+        return {path.string()};
+    std::vector<std::string> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path))
+        files.push_back(entry.path().string());
+    std::ranges::sort(files);
+    return files;
+}
+
+void importNeutralFiles(const std::vector<std::string>& files, CKVOImportReport& report,
+                        std::vector<Told>& told) {
+    CKVO_PatranIO_Bridge lists;
+    CPatranReader arrays;
+    for (const std::string& file : files) {
+        lists.ImportFromPatFile(file.c_str(), &report);
+        collect(report, told);
+        arrays.ImportFromPatFile(file.c_str(), &report);
+        collect(report, told);
+    }
+}
+
 Example exampleAt(const fs::path& path) {
     Example example{path, path.stem().string()};
     constexpr std::string_view kCounter = ".not";
@@ -85,9 +108,7 @@ std::vector<Told> importExample(const Example& example) {
     } else if (extension == ".nas") {
         KVONASTRAN_Reader().SetFilePath(path.c_str(), &report);
     } else if (extension == ".pat") {
-        CKVO_PatranIO_Bridge().ImportFromPatFile(path.c_str(), &report);
-        collect(report, told);
-        CPatranReader().ImportFromPatFile(path.c_str(), &report);
+        importNeutralFiles(filesOf(example.path), report, told);
     } else if (extension == ".3di" || extension == ".reports") {
         importPackage(example.path, report);
     } else {

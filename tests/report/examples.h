@@ -1,5 +1,6 @@
 /// The examples of findings: files of a few lines, `CODE.EXT`, or folders with a design's reports,
-/// `CODE.reports`; those named `CODE.not.EXT` look alike and do not yield the finding.
+/// `CODE.reports`, or with neutral files that one reader imports, `CODE.pat`; those named
+/// `CODE.not.EXT` look alike and do not yield the finding.
 #pragma once
 
 #include <filesystem>

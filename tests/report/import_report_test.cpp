@@ -154,6 +154,26 @@ TEST_F(ImportReportTest, SaysWhyAFileCannotBeOpened) {
     EXPECT_STREQ(finding_.text, "the file cannot be opened: no path is given");
 }
 
+TEST_F(ImportReportTest, SaysWhichErrorEndedTheImport) {
+    static constexpr FindingKind kUnread{"test.unread", Severity::kError, "cannot be opened: {}",
+                                         "", ""};
+    runReported(
+        &report_,
+        [](const text::Listener& listener) {
+            for (const char* file : {"one", "two"}) {
+                listener.findings->beginFile(file);
+                listener.findings->note(kUnread, 0, 0, std::string("reason ") + file);
+            }
+            listener.findings->note(kSeen, 0, 0, "something later");
+            return false;
+        },
+        [](ImportReport&) { FAIL(); });
+    ASSERT_TRUE(report_.GetFailure(&finding_));
+    EXPECT_STREQ(finding_.text, "cannot be opened: reason two");
+    EXPECT_STREQ(finding_.file, "two");
+    EXPECT_EQ(finding_.count, 2);
+}
+
 TEST_F(ImportReportTest, SaysWhenAnAuditRanOutOfMemory) {
     runReported(
         &report_, [](const text::Listener&) { return true; },
