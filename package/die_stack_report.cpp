@@ -32,22 +32,31 @@ ComponentType typeByMember(std::string_view member) {
 
 }  // namespace
 
-bool readDieStackReport(const Report& report, double unitScale, ComponentList& components) {
-    const ReportRows rows(report, kColumns);
+bool readDieStackReport(const Report& report, const text::Listener& listener, double unitScale,
+                        ComponentList& components) {
+    const ReportNotes notes(report, listener);
+    const ReportRows rows(report, kColumns, notes);
+    const std::size_t bodiesBefore = components.size();
     if (!rows.hasAllColumns())
         return false;
     for (std::size_t row = 0; row < rows.count(); ++row) {
         ComponentRecord record;
         record.type = typeByMember(rows.cell(row, kType));
-        if (record.type == ComponentType::kNone)
+        if (record.type == ComponentType::kNone) {
+            rows.note(Finding::kMemberUnknown, row, kType, rows.cell(row, kType));
             continue;
+        }
         record.name = rows.cell(row, kName);
         const auto coordinate = [&](Column column) { return text::toReal(rows.cell(row, column)); };
         setExtent(record, 0, coordinate(kX1), coordinate(kX2), unitScale);
         setExtent(record, 1, coordinate(kY1), coordinate(kY2), unitScale);
         setExtent(record, 2, coordinate(kBottom), coordinate(kTop), unitScale);
         components.append(record);
+        if (notes.areHeard())
+            noteBox(rows, row, kX1, 3, record);
     }
+    if (components.size() == bodiesBefore)
+        notes.header(Finding::kBodyMissing, {}, "members of the stack");
     return true;
 }
 

@@ -9,7 +9,7 @@
 namespace kvocaeio::text {
 
 void PassLines::noteCut() {
-    if (!reader_.isCut())
+    if (cutKind_ == nullptr || !reader_.isCut())
         return;
     const LinePlace place = reader_.place();
     if (place == lastCut_)
