@@ -94,7 +94,8 @@ bool isWanted(const GeometryBlock& block, const BodyKinds& kinds) {
 bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const BlockTables& tables,
                  double unitScale, ComponentRecord& record, text::PassLines& lines) {
     if (!isWanted(block, kinds)) {
-        noteNoBody(lines, block, tables);
+        if (lines.areNoted()) [[unlikely]]
+            noteNoBody(lines, block, tables);
         return false;
     }
     if (block.objectId == kinds.symbol) {
@@ -104,6 +105,8 @@ bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const Block
     } else if (block.objectId == kinds.ball) {
         record.name = nameOf(block, tables, lines);
         record.type = ComponentType::kBall;
+        record.center = {block.ballX, block.ballY, block.ballZ};
+        record.size[0] = block.ballRadius * 2.0;
     }
     // The layer overrides the object.
     if (block.layerId == kinds.outline) {
@@ -114,10 +117,12 @@ bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const Block
     } else if (block.layerId == kinds.cap) {
         record.name = "PACKAGECAP";
         record.type = ComponentType::kCap;
+        setBox(block, record);
     }
     record.color = entryOf(tables.colorTable, block.colorId, lines, block.place, "colour ",
                            Finding::kColorUnknown, Finding::kColorUndefined);
-    noteBody(lines, block, record);
+    if (lines.areNoted()) [[unlikely]]
+        noteBody(lines, block, record);
     for (double& length : record.center)
         length *= unitScale;
     for (double& length : record.size)
