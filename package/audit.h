@@ -6,7 +6,10 @@
 
 namespace kvocaeio::package {
 
-/// Over bodies and wires.
-void auditModel(const Model& model, report::ImportReport& report);
+/// Over the bodies.
+void auditBodies(const Model& model, report::ImportReport& report);
+
+/// Over the bodies and the wires, with their models, of a 3DI file.
+void auditPackage(const Model& model, report::ImportReport& report);
 
 }  // namespace kvocaeio::package

@@ -32,15 +32,20 @@ ComponentType typeByMember(std::string_view member) {
 
 }  // namespace
 
-bool readDieStackReport(const Report& report, double unitScale, ComponentList& components) {
-    const ReportRows rows(report, kDieColumns);
+bool readDieStackReport(const Report& report, const text::Listener& listener, double unitScale,
+                        ComponentList& components) {
+    const ReportNotes notes(report, listener);
+    const ReportRows rows(report, kDieColumns, notes);
+    const std::size_t bodiesBefore = components.size();
     if (!rows.hasAllColumns())
         return false;
     for (std::size_t row = 0; row < rows.count(); ++row) {
         ComponentRecord record;
         record.type = typeByMember(rows.cell(row, kMemberType));
-        if (record.type == ComponentType::kNone)
+        if (record.type == ComponentType::kNone) {
+            rows.note(Finding::kMemberUnknown, row, kMemberType, rows.cell(row, kMemberType));
             continue;
+        }
         record.name = rows.cell(row, kMemberName);
         const auto coordinate = [&](DieColumn column) {
             return text::toReal(rows.cell(row, column));
@@ -49,7 +54,11 @@ bool readDieStackReport(const Report& report, double unitScale, ComponentList& c
         setExtent(record, 1, coordinate(kY1), coordinate(kY2), unitScale);
         setExtent(record, 2, coordinate(kBottom), coordinate(kTop), unitScale);
         components.append(record);
+        if (notes.areHeard())
+            noteBox(rows, row, kX1, 3, record);
     }
+    if (components.size() == bodiesBefore)
+        notes.header(Finding::kBodyMissing, {}, "members of the stack");
     return true;
 }
 

@@ -4,13 +4,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string>
 #include <string_view>
+
+#include "package/geometry_notes.h"
 
 namespace kvocaeio::package {
 
 namespace {
-
-constexpr double kStartOfMinima = 1e10;
 
 ComponentType typeByName(std::string_view name) {
     if (name.find("INTERPOSER") != std::string_view::npos)
@@ -20,8 +21,25 @@ ComponentType typeByName(std::string_view name) {
     return ComponentType::kDie;
 }
 
-const std::string& nameOf(const GeometryBlock& block, const BlockTables& tables) {
-    return block.name.empty() ? tables.layerNames.at(block.layerId) : block.name;
+// The entry of an id that a block names. Noted are `unknown` where the table ends before it, and
+// `absent` where it has no row of it; `what` is the id's meaning.
+template <class Entry>
+const Entry& entryOf(const IdTable<Entry>& table, int id, text::PassLines& lines,
+                     const text::LinePlace& place, const char* what, Finding unknown,
+                     Finding absent) {
+    const Entry* const row = table.find(id);
+    if (row != nullptr) [[likely]]
+        return *row;
+    if (lines.areNoted())
+        lines.noteAt(table.reaches(id) ? absent : unknown, place, what + std::to_string(id));
+    return table.at(id);
+}
+
+const std::string& nameOf(const GeometryBlock& block, const BlockTables& tables,
+                          text::PassLines& lines) {
+    return !block.name.empty() ? block.name
+                               : entryOf(tables.layerNames, block.layerId, lines, block.place,
+                                         "layer ", Finding::kNameUnknown, Finding::kNameEmpty);
 }
 
 void setBox(const GeometryBlock& block, ComponentRecord& record) {
@@ -31,10 +49,13 @@ void setBox(const GeometryBlock& block, ComponentRecord& record) {
 
 }  // namespace
 
-void GeometryBlock::reset(double startOfMaxima) {
+void GeometryBlock::reset(double startOfMaxima, const text::LinePlace& line) {
     name.clear();
     objectId = layerId = colorId = -1;
-    x = y = z = {kStartOfMinima, startOfMaxima};
+    x = y = z = {AxisRange::kStartOfMinima, startOfMaxima};
+    parts = 0;
+    reachesOrigin = startOfMaxima == 0.0;
+    place = {line.line, 0};
 }
 
 bool GeometryBlock::scanExtrusion(text::Scan scan) {
@@ -67,15 +88,18 @@ bool isWanted(const GeometryBlock& block, const BodyKinds& kinds) {
 }
 
 bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const BlockTables& tables,
-                 double unitScale, ComponentRecord& record) {
-    if (!isWanted(block, kinds))
+                 double unitScale, ComponentRecord& record, text::PassLines& lines) {
+    if (!isWanted(block, kinds)) {
+        if (lines.areNoted()) [[unlikely]]
+            noteNoBody(lines, block, tables);
         return false;
+    }
     if (block.objectId == kinds.symbol) {
-        record.name = nameOf(block, tables);
+        record.name = nameOf(block, tables, lines);
         record.type = typeByName(record.name);
         setBox(block, record);
     } else if (block.objectId == kinds.ball) {
-        record.name = nameOf(block, tables);
+        record.name = nameOf(block, tables, lines);
         record.type = ComponentType::kBall;
         record.center = {block.ballX, block.ballY, block.ballZ};
         record.size[0] = block.ballRadius * 2.0;
@@ -91,7 +115,10 @@ bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const Block
         record.type = ComponentType::kCap;
         setBox(block, record);
     }
-    record.color = tables.colorTable.at(block.colorId);
+    record.color = entryOf(tables.colorTable, block.colorId, lines, block.place, "colour ",
+                           Finding::kColorUnknown, Finding::kColorUndefined);
+    if (lines.areNoted()) [[unlikely]]
+        noteBody(lines, block, record);
     for (double& length : record.center)
         length *= unitScale;
     for (double& length : record.size)

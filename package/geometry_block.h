@@ -4,6 +4,7 @@
 #include <string>
 
 #include "package/model.h"
+#include "text/pass_lines.h"
 #include "text/scan.h"
 
 namespace kvocaeio::package {
@@ -16,9 +17,17 @@ struct BodyKinds {
     int cap;  ///< -1 without such an entry: then a block without a "LAYER" line is the cap
 };
 
+/// What a block has been told by its lines, or for kWire, that it is one.
+enum class BlockPart : unsigned { kName, kObject, kLayer, kColor, kExtrusion, kBall, kWire };
+
 struct AxisRange {
+    static constexpr double kStartOfMinima = 1e10;
+
     double min;
     double max;
+
+    /// Whether no value has been taken.
+    bool hasNothing() const { return min == kStartOfMinima; }
 
     /// A value that is no number becomes both ends, until the next value takes their place.
     void widen(double value) {
@@ -41,8 +50,15 @@ struct GeometryBlock {
     AxisRange y{};
     AxisRange z{};
 
-    /// Starts anew. The ball is kept from block to block.
-    void reset(double startOfMaxima);
+    unsigned parts = 0;          ///< those that have come, by bits
+    bool reachesOrigin = false;  ///< the maxima began with 0
+    text::LinePlace place{};     ///< of its first line, while somebody listens
+
+    bool has(BlockPart part) const { return (parts >> static_cast<unsigned>(part) & 1U) != 0; }
+    void add(BlockPart part) { parts |= 1U << static_cast<unsigned>(part); }
+
+    /// Starts anew, at a line. The ball is kept from block to block.
+    void reset(double startOfMaxima, const text::LinePlace& line);
 
     /// Takes the z range of an "EXTR" line: "%d %lf %lf" after its first word. False where the line
     /// lacks a field; nothing is taken then, here as below.
@@ -65,7 +81,8 @@ bool isWanted(const GeometryBlock& block, const BodyKinds& kinds);
 /// Turns a block into a body in millimetres. False where none comes of it: `record` keeps its
 /// numbers then. What no rule sets in `record` keeps what the body before has left there. Throws
 /// the error of `throwBadSubscript` where a table has no entry for the block's colour or name.
+/// `lines` are those of the pass, for what is noted.
 bool finishBlock(const GeometryBlock& block, const BodyKinds& kinds, const BlockTables& tables,
-                 double unitScale, ComponentRecord& record);
+                 double unitScale, ComponentRecord& record, text::PassLines& lines);
 
 }  // namespace kvocaeio::package

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "package/geometry_block.h"
+#include "package/geometry_notes.h"
 #include "package/lines.h"
 #include "package/table_section.h"
 #include "text/ascii.h"
@@ -37,6 +38,12 @@ constexpr WordList kHeadWords(kHeadWordTexts);
 
 constexpr Word kSectionTitle("GEOMETRIES");
 
+// Of the lines that tell something of a block.
+constexpr BlockPart partOf(HeadLine line) {
+    return BlockPart{static_cast<unsigned>(line) - static_cast<unsigned>(HeadLine::kName)};
+}
+static_assert(partOf(HeadLine::kBall) == BlockPart::kBall);
+
 struct GeometryPass {
     text::PassLines& lines;
     const BodyKinds& kinds;
@@ -48,10 +55,24 @@ struct GeometryPass {
 
     void run();
     void readBlock();
+    void noteLineOf(HeadLine head);
+    bool openPolygon(text::Scan scan);
     void readPolygon(int pointsExpected);
+    void open(double startOfMaxima) {
+        if (lines.areNoted()) [[unlikely]]
+            noteWordInLine(lines, "GEOM");
+        block.reset(startOfMaxima, lines.place());
+    }
     void finish() {
-        if (finishBlock(block, kinds, tables, unitScale, record))
+        if (finishBlock(block, kinds, tables, unitScale, record, lines))
             components.append(record);
+    }
+    // Takes the next line of the block, which the file should not end in if a body can come of it.
+    bool nextInside() {
+        const bool found = lines.next();
+        if (!found && isWanted(block, kinds))
+            lines.note(Finding::kCutShort);
+        return found;
     }
 };
 
@@ -61,20 +82,20 @@ void GeometryPass::run() {
     constexpr double kStartOfMaxima = -1e10;
     while (lines.nextWith(Word("GEOM")))
         if (!kSectionTitle.isHeldBy(lines.line())) {
-            block.reset(kStartOfMaxima);
+            open(kStartOfMaxima);
             readBlock();
         }
 }
 
 // Reads until no block is open: its polygon finishes a block, or abandons one that is not wanted.
 void GeometryPass::readBlock() {
-    while (nextInside(lines)) {
+    while (nextInside()) {
         text::Scan scan(lines.line());
         std::string_view word;
         scan.word(word);  // any word: that of `HeadLine` may stand behind it
-        int points = 0;
         bool complete = true;
-        switch (HeadLine{kHeadWords.firstHeldBy(lines.line())}) {
+        const HeadLine head{kHeadWords.firstHeldBy(lines.line())};
+        switch (head) {
             case HeadLine::kName:
                 complete = scan.word(word);
                 if (complete)
@@ -96,9 +117,7 @@ void GeometryPass::readBlock() {
                 complete = block.scanBall(scan);
                 break;
             case HeadLine::kPolygon:
-                complete = scan.integer(points);
-                if (complete && isWanted(block, kinds))
-                    readPolygon(points);
+                complete = openPolygon(scan);
                 if (complete)
                     return;
                 break;
@@ -106,7 +125,7 @@ void GeometryPass::readBlock() {
                 return finish();
             case HeadLine::kNextBlock:
                 finish();
-                block.reset(0.0);
+                open(0.0);
                 break;
             case HeadLine::kSectionTitle:
             case HeadLine::kOther:
@@ -114,29 +133,65 @@ void GeometryPass::readBlock() {
         }
         if (!complete)
             lines.note(Finding::kHeadField);
+        else if (lines.areNoted()) [[unlikely]]
+            noteLineOf(head);
     }
+}
+
+// A line of the block that is complete.
+void GeometryPass::noteLineOf(HeadLine head) {
+    if (head == HeadLine::kOther)
+        return noteOtherLine(lines, block);
+    if (head == HeadLine::kNextBlock)
+        return;
+    noteWordInLine(lines, kHeadWordTexts[static_cast<std::size_t>(head)]);
+    if (head == HeadLine::kSectionTitle)
+        return;
+    noteHeadLine(lines, block, partOf(head));
+    block.add(partOf(head));
+}
+
+// Reads a polygon's line and its rows. False where the line is not complete, so that the block is
+// still open.
+bool GeometryPass::openPolygon(text::Scan scan) {
+    int points = 0;
+    if (!scan.integer(points))
+        return false;
+    if (lines.areNoted()) [[unlikely]]
+        noteWordInLine(lines, "2DPG");
+    if (isWanted(block, kinds))
+        readPolygon(points);
+    else
+        noteNoBody(lines, block, tables);
+    return true;
 }
 
 void GeometryPass::readPolygon(int pointsExpected) {
     std::array<double, 20> numbers;
     long long pointsRead = 0;
-    while (nextInside(lines)) {
+    bool isShort = false;
+    while (nextInside()) {
         if (kSectionTitle.isHeldBy(lines.line()))
             continue;
-        const int count = scanNumbers(lines.line(), numbers);
-        if (count <= 0 || count % 2 != 0)
-            lines.note(Finding::kPointRow);
+        std::string_view rest;
+        const int count = scanNumbers(lines.line(), numbers, rest);
         if (count % 2 == 0 && pointsRead < pointsExpected) {
+            if (count == 0 || !rest.empty())
+                notePolygonRow(lines, count, numbers.size(), rest, isShort);
             for (std::size_t i = 0; i < static_cast<std::size_t>(count); i += 2) {
                 block.x.widen(numbers[i]);
                 block.y.widen(numbers[i + 1]);
             }
             pointsRead += count / 2;
         } else if (pointsRead > pointsExpected) {
-            return lines.note(Finding::kPointCount);
+            return lines.noteAt(Finding::kPolygonDropped, block.place, block.name);
+        } else {
+            notePolygonRow(lines, count, numbers.size(), rest, isShort);
         }
-        if (pointsRead == pointsExpected)
-            return finish();
+        if (pointsRead == pointsExpected) {
+            finish();
+            return noteAfterPolygon(lines);
+        }
     }
 }
 
@@ -153,6 +208,10 @@ bool readGeometries(InputFile& file, const text::Listener& listener, const Block
             findEntry(tables.layerNames, "OUTLINE"),
             findEntry(tables.layerNames, "PACKAGE CAP"),
         };
+        if (kinds.symbol == -1)
+            listener.note(Finding::kSymbolMissing, {});
+        if (kinds.outline == -1)
+            listener.note(Finding::kOutlineMissing, {});
         complete = kinds.symbol != -1 && kinds.outline != -1;
         if (complete)
             GeometryPass{lines, kinds, tables, unitScale, *components}.run();

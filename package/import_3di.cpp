@@ -14,7 +14,7 @@ bool import3di(InputFile& file, Model& model, const text::Listener& listener) {
     empty(model.wirePoints, model.wireFirstPoint, model.wireProfile,
           model.wireProfileNames.emplace(), model.wireDiameter, model.wireColorId, model.colorTable,
           model.objectNames, model.layerNames);
-    return readUnits(file, listener, model.unitScale) &&
+    return noteLines(file, listener) && readUnits(file, listener, model.unitScale) &&
            readColorTable(file, listener, model.colorTable) &&
            readNameTable(file, listener, "OBJECT", model.objectNames) &&
            readNameTable(file, listener, "LAYER", model.layerNames) &&

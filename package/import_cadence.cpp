@@ -3,12 +3,13 @@
 
 #include <cstdio>
 #include <initializer_list>
+#include <string_view>
 
 #include "package/die_stack_report.h"
 #include "package/layer_report.h"
+#include "package/report_notes.h"
 #include "package/report_tables.h"
 #include "package/symbol_report.h"
-#include "text/file.h"
 #include "text/platform.h"
 
 namespace kvocaeio::package {
@@ -20,6 +21,10 @@ constexpr const char* kGeometryAndLayerViews =
     "GRAPHIC_DATA_NAME\nGRAPHIC_DATA_1\nGRAPHIC_DATA_2\nGRAPHIC_DATA_3\nGRAPHIC_DATA_4\nEND\n"
     "\n"
     "LAYER\nLAYER_SORT\nLAYER_SUBCLASS\nLAYER_TYPE\nLAYER_MATERIAL\nLAYER_THICKNESS\nEND\n";
+
+// What the names of designs hold.
+constexpr std::string_view kFlatDesign = ".mcm";
+constexpr std::string_view kStackedDesign = ".sip";
 
 constexpr const char* kDieStackView = "DIE_STACK_DEF\n";
 
@@ -39,26 +44,28 @@ void runTool(std::initializer_list<String> words) {
 // the narrow ones. False where no design is given or a command file cannot be opened.
 template <class String>
 bool extract(const ToolPaths<String>& paths, const typename String::value_type* designPath,
-             const ToolPaths<std::string>& narrowPaths) {
-    using Char = typename String::value_type;
-    if (designPath == nullptr)
+             const ToolPaths<std::string>& narrowPaths, const text::Listener& listener) {
+    if (designPath == nullptr) {
+        // The form of the tool's path decides which path of the design counts.
+        listener.note(text::FileFinding::kCannotOpen, "no path of a design is given");
         return false;
+    }
     for (std::size_t i = 0; i < paths.commandFiles.size(); ++i) {
         text::deleteFile(paths.commandFiles[i].c_str());
         text::deleteFile(paths.dataFiles[i].c_str());
     }
-    if (!writeCommandFiles(narrowPaths))
+    if (!writeCommandFiles(narrowPaths, listener))
         return false;
     const String design = designPath;
     runTool({paths.exe, design, paths.commandFiles[0], paths.dataFiles[0], paths.dataFiles[1]});
-    constexpr std::array<Char, 4> kStackedDesign{'.', 's', 'i', 'p'};
-    if (design.find(kStackedDesign.data(), 0, kStackedDesign.size()) != String::npos)
+    const String stacked(kStackedDesign.begin(), kStackedDesign.end());
+    if (design.find(stacked) != String::npos)
         runTool({paths.exe, design, paths.commandFiles[2], paths.dataFiles[2]});
     return true;
 }
 
-bool writeFile(const std::string& path, const char* content) {
-    const text::File file = text::openFile(path.c_str(), "w");
+bool writeFile(const std::string& path, const char* content, const text::Listener& listener) {
+    const text::File file = text::openFile(path.c_str(), "w", listener);
     if (file != nullptr)
         std::fputs(content, file.get());
     return file != nullptr;
@@ -69,9 +76,10 @@ bool writeFile(const std::string& path, const char* content) {
 bool importCadence(InputFile& design, Model& model, const text::Listener& listener) {
     const ToolPaths<std::string>& paths = model.paths;
     const ToolPaths<std::wstring>& pathsW = model.pathsW;
-    const bool extracted = !paths.exe.empty()
-                               ? extract(paths, design.narrowPath, paths)
-                               : pathsW.exe.empty() || extract(pathsW, design.widePath, paths);
+    const bool extracted =
+        !paths.exe.empty()
+            ? extract(paths, design.narrowPath, paths, listener)
+            : pathsW.exe.empty() || extract(pathsW, design.widePath, paths, listener);
     if (!extracted)
         return false;
     // The tool leaves its reports where its commands were, not where the data files' paths point.
@@ -84,12 +92,12 @@ bool importCadence(InputFile& design, Model& model, const text::Listener& listen
     InputFile dieStack = report(kDieStackReport);
     return readReportFiles(symbols, layers, dieStack, listener, model.reportTables) &&
            readReportUnits((*model.reportTables)[kSymbolReport], listener, model.unitScale) &&
-           readReports(*model.reportTables, model.unitScale, model.components);
+           readReports(*model.reportTables, listener, model.unitScale, model.components);
 }
 
-bool writeCommandFiles(const ToolPaths<std::string>& paths) {
-    return writeFile(paths.commandFiles[0], kGeometryAndLayerViews) &&
-           writeFile(paths.commandFiles[2], kDieStackView);
+bool writeCommandFiles(const ToolPaths<std::string>& paths, const text::Listener& listener) {
+    return writeFile(paths.commandFiles[0], kGeometryAndLayerViews, listener) &&
+           writeFile(paths.commandFiles[2], kDieStackView, listener);
 }
 
 bool readReportFiles(InputFile& symbols, InputFile& layers, InputFile& dieStack,
@@ -98,23 +106,34 @@ bool readReportFiles(InputFile& symbols, InputFile& layers, InputFile& dieStack,
     if (!readReport(symbols, listener, reports[kSymbolReport]) ||
         !readReport(layers, listener, reports[kLayerReport]))
         return false;
-    readReport(dieStack, listener, reports[kDieStackReport]);  // not every design has one
+    // Not every design has one, and of one that has none nothing is noted.
+    const Report& job = reports[kSymbolReport];
+    const bool isStacked = hasFullJobLine(job) && isDesignOf(job, kStackedDesign);
+    readReport(dieStack, isStacked ? listener : listener.withoutFindings(),
+               reports[kDieStackReport]);
     return !listener.hasStopped();
 }
 
-bool readReports(const ReportTables& tables, double unitScale,
+bool readReports(const ReportTables& tables, const text::Listener& listener, double unitScale,
                  std::optional<ComponentList>& components) {
     const Report& symbols = tables[kSymbolReport];
     if (!hasFullJobLine(symbols))
         return false;
     ComponentList& bodies = components.emplace();
     // The kind of design goes by the report, not by the path that was imported.
-    const bool isMcm = isDesignOf(symbols, ".mcm");
-    if (!isMcm && !isDesignOf(symbols, ".sip"))
-        return isDesignOf(symbols, ".brd");
-    return readSymbolReport(symbols, unitScale, bodies) &&
-           (isMcm || readDieStackReport(tables[kDieStackReport], unitScale, bodies)) &&
-           readLayerReport(tables[kLayerReport], bodies);
+    const bool isMcm = isDesignOf(symbols, kFlatDesign);
+    if (!isMcm && !isDesignOf(symbols, kStackedDesign)) {
+        const bool isBoard = isDesignOf(symbols, ".brd");
+        ReportNotes(symbols, listener)
+            .jobCell(isBoard ? Finding::kDesignWithoutBodies : Finding::kDesignUnknown, 1);
+        return isBoard;
+    }
+    const Report& layers = tables[kLayerReport];
+    if (layers.jobCells.size() > 1 && isDesignOf(layers, kFlatDesign) != isMcm)
+        ReportNotes(layers, listener).jobCell(Finding::kDesignDiffers, 1);
+    return readSymbolReport(symbols, listener, unitScale, bodies) &&
+           (isMcm || readDieStackReport(tables[kDieStackReport], listener, unitScale, bodies)) &&
+           readLayerReport(layers, listener, bodies);
 }
 
 }  // namespace kvocaeio::package

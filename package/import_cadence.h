@@ -16,7 +16,7 @@ namespace kvocaeio::package {
 bool importCadence(InputFile& design, Model& model, const text::Listener& listener = {});
 
 /// False where a command file cannot be opened.
-bool writeCommandFiles(const ToolPaths<std::string>& paths);
+bool writeCommandFiles(const ToolPaths<std::string>& paths, const text::Listener& listener = {});
 
 /// Makes new tables and fills them. False where the first or second report gives false; the third
 /// may, unless the listener has stopped the import.
@@ -25,7 +25,7 @@ bool readReportFiles(InputFile& symbols, InputFile& layers, InputFile& dieStack,
 
 /// Replaces the bodies by those of the reports, as the kind of design asks for. False where the
 /// kind is unknown or a report lacks a column. Throws as the readings of the reports do.
-bool readReports(const ReportTables& tables, double unitScale,
+bool readReports(const ReportTables& tables, const text::Listener& listener, double unitScale,
                  std::optional<ComponentList>& components);
 
 }  // namespace kvocaeio::package

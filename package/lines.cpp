@@ -1,8 +1,6 @@
 /// The fields of a package file's line.
 #include "package/lines.h"
 
-#include <algorithm>
-
 #include "text/scan.h"
 
 namespace kvocaeio::package {
@@ -13,14 +11,45 @@ bool scanKeywordLine(std::string_view line, const Word& keyword, int& number) {
     return scan.word(word) && keyword.isMatchedBy(word) && scan.integer(number);
 }
 
-int scanNumbers(std::string_view line, std::span<double> numbers) {
+int scanNumbers(std::string_view line, std::span<double> numbers, std::string_view& rest) {
     text::Scan scan(line);
+    const char* behind = scan.position();  // the last number
     std::size_t count = 0;
-    while (count < numbers.size() && scan.real(numbers[count]))
-        ++count;
-    if (count == 0 && std::ranges::all_of(line, text::isSpace))
-        return -1;
-    return static_cast<int>(count);
+    for (; count < numbers.size() && scan.real(numbers[count]); ++count)
+        behind = scan.position();
+    rest = {};
+    const char* const end = line.data() + line.size();
+    const bool goesOn = behind != end && *behind != '\n' &&
+                        text::Scan({behind, static_cast<std::size_t>(end - behind)}).word(rest);
+    return count == 0 && !goesOn ? -1 : static_cast<int>(count);
+}
+
+bool noteLines(InputFile& file, const text::Listener& listener) {
+    if (listener.findings == nullptr)
+        return true;
+    const auto read = [](text::PassLines& lines) {
+        while (lines.next())
+            noteLine(lines);
+        noteEnd(lines);
+    };
+    return passOver(file, listener, read, &rowOf(Finding::kLineCut));
+}
+
+bool beginsWith(std::string_view line, std::string_view keyword) {
+    text::Scan scan(line);
+    std::string_view word;
+    return scan.word(word) && equalsInAnyCase(word.substr(0, keyword.size()), keyword);
+}
+
+bool beginsWithInteger(std::string_view line) {
+    text::Scan scan(line);
+    int number = 0;
+    return scan.integer(number);
+}
+
+void noteWordInLine(text::PassLines& lines, std::string_view keyword) {
+    if (lines.areNoted() && !beginsWith(lines.line(), keyword)) [[unlikely]]
+        lines.noteNamed(Finding::kWordInLine, keyword);
 }
 
 }  // namespace kvocaeio::package

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "package/cell_list.h"
 #include "package/chunked_list.h"
@@ -22,12 +23,26 @@ struct ToolPaths {
     std::array<String, 3> dataFiles;
 };
 
+/// Where the lines of a report are in its file; known only where somebody listens to the reading.
+struct ReportPlaces {
+    /// Rows from `row` on, up to the next run, stand on lines from `line` on, one each.
+    struct Run {
+        std::size_t row;
+        std::size_t line;
+    };
+    std::size_t file = 0;  ///< of `text::Findings`
+    std::size_t header = 0;
+    std::size_t job = 0;
+    std::vector<Run> rows;
+};
+
 /// A report of the extraction tool. The first cell of each line is its tag, so that the first real
 /// column has the index 1.
 struct Report {
     CellList headerCells;  ///< names of the columns
     CellList jobCells;     ///< facts about the design
     CellList dataCells;    ///< row after row, as many cells each as the header has
+    ReportPlaces places;
 };
 
 inline constexpr std::size_t kSymbolReport = 0;
@@ -43,6 +58,9 @@ struct BlockTables {
 };
 
 struct WireTables {
+    /// A list that is absent and an empty one are two states: a list comes into being when an
+    /// import first needs it.
+    std::optional<ChunkedList<std::string>> wireProfileNames;
     int wireCount = 0;                 ///< counts on from import to import
     int wireProfileMax = 0;            ///< highest profile number that any wire names
     ChunkedList<double> wirePoints;    ///< x, y, z per point, wire after wire
@@ -52,11 +70,9 @@ struct WireTables {
     ChunkedList<int> wireColorId;      ///< per wire: an id of `colorTable`
 };
 
-/// A list that is absent and an empty one are two states: a list comes into being when an import
-/// first needs it.
+/// Lists that are absent and empty ones are two states here, too.
 struct Model : BlockTables, WireTables {
-    double unitScale = 1.0;  ///< the file's length unit in millimetres
-    std::optional<ChunkedList<std::string>> wireProfileNames;
+    double unitScale = 1.0;         ///< the file's length unit in millimetres
     std::string profileNameBuffer;  ///< keeps the name that the host was given last
     ToolPaths<std::string> paths;
     ToolPaths<std::wstring> pathsW;

@@ -24,9 +24,12 @@ using kvocaeio::report::runReported;
 
 namespace {
 
+using Audit = void (*)(const Model& model, report::ImportReport& report);
+
 // Runs an import. False without a model to fill, and where memory runs out.
 template <class Import>
-bool importInto(CKVOCadenceReaderImp* imp, CKVOImportReport* report, const Import& run) {
+bool importInto(CKVOCadenceReaderImp* imp, CKVOImportReport* report, Audit audit,
+                const Import& run) {
     const auto import = [&](const text::Listener& listener) {
         try {
             if (imp != nullptr)
@@ -36,23 +39,25 @@ bool importInto(CKVOCadenceReaderImp* imp, CKVOImportReport* report, const Impor
         listener.note(text::FileFinding::kOutOfMemory, {});
         return false;
     };
-    return runReported(report, import, [&](auto& filled) { package::auditModel(*imp, filled); });
+    return runReported(report, import, [&](auto& filled) { audit(*imp, filled); });
 }
 
 template <class Char>
 bool import3DIFile(CKVOCadenceReaderImp* imp, const Char* path, CKVOImportReport* report) {
     InputFile file(path);
-    return importInto(imp, report, [&](auto& to, const text::Listener& listener) {
+    const auto import = [&](auto& to, const text::Listener& listener) {
         return file.open(listener) && to.Import3DI(file, listener);
-    });
+    };
+    return importInto(imp, report, package::auditPackage, import);
 }
 
 template <class Char>
 bool importCadenceFile(CKVOCadenceReaderImp* imp, const Char* path, CKVOImportReport* report) {
     InputFile design(path);
-    return importInto(imp, report, [&](auto& to, const text::Listener& listener) {
+    const auto import = [&](auto& to, const text::Listener& listener) {
         return to.ImportCadenceFile(design, listener);
-    });
+    };
+    return importInto(imp, report, package::auditBodies, import);
 }
 
 template <class Char>

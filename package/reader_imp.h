@@ -61,19 +61,21 @@ class CKVOCadenceReaderImp : public Model {
     int FindColumn(std::size_t index, const char* name) const {
         return reportTables && name != nullptr ? findColumn((*reportTables)[index], name) : -1;
     }
-    bool ReadReports() { return reportTables && readReports(*reportTables, unitScale, components); }
+    bool ReadReports() {
+        return reportTables && readReports(*reportTables, {}, unitScale, components);
+    }
     /// Those on bodies are false while there is no list of them, too.
     bool ReadSymbolReport() {
         return components && reportTables &&
-               readSymbolReport((*reportTables)[kSymbolReport], unitScale, *components);
+               readSymbolReport((*reportTables)[kSymbolReport], {}, unitScale, *components);
     }
     bool ReadDieStackReport() {
         return components && reportTables &&
-               readDieStackReport((*reportTables)[kDieStackReport], unitScale, *components);
+               readDieStackReport((*reportTables)[kDieStackReport], {}, unitScale, *components);
     }
     bool ReadLayerReport() {
         return components && reportTables &&
-               readLayerReport((*reportTables)[kLayerReport], *components);
+               readLayerReport((*reportTables)[kLayerReport], {}, *components);
     }
 };
 

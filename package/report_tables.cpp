@@ -2,9 +2,11 @@
 #include "package/report_tables.h"
 
 #include <algorithm>
+#include <string>
 
 #include "package/length_units.h"
 #include "package/lines.h"
+#include "package/report_notes.h"
 #include "text/ascii.h"
 
 namespace kvocaeio::package {
@@ -23,17 +25,42 @@ CellList* listOf(Report& report, std::string_view tag) {
     return tag == "S" ? &report.dataCells : nullptr;
 }
 
+// What only a listener needs of a line whose cells come next into `cells`.
+void keepPlace(text::PassLines& lines, const CellList& cells, Report& report) {
+    const std::size_t line = lines.place().line;
+    ReportPlaces& places = report.places;
+    if (&cells == &report.jobCells) {
+        places.job = places.job == 0 ? line : places.job;
+    } else if (&cells == &report.headerCells) {
+        places.header = places.header == 0 ? line : places.header;
+        if (report.dataCells.size() > 0)
+            lines.note(Finding::kHeaderLate);
+    } else if (report.headerCells.size() > 0) {
+        const std::size_t row = cells.size() / report.headerCells.size();
+        if (places.rows.empty() || places.rows.back().line + row != places.rows.back().row + line)
+            places.rows.push_back({row, line});
+    }
+    const std::string_view rest = lines.line().substr(lines.line().rfind(kDelimiter) + 1);
+    if (!std::ranges::all_of(rest, text::isSpace))
+        lines.note(Finding::kReportRest, rest);
+}
+
 // Stores a line's cells. False where nothing after the line is to be read.
 bool readReportLine(text::PassLines& lines, Report& report) {
     const std::string_view line = lines.line();
     const std::size_t tagLength = line.find(kDelimiter);
-    if (tagLength == std::string_view::npos)
+    if (tagLength == std::string_view::npos) {
+        if (!std::ranges::all_of(line, text::isSpace))
+            lines.note(Finding::kReportLine);
         return true;
+    }
     CellList* const cells = listOf(report, line.substr(0, tagLength));
     if (cells == nullptr) {
         lines.note(Finding::kReportTag, line.substr(0, tagLength));
         return false;
     }
+    if (lines.areNoted())
+        keepPlace(lines, *cells, report);
     const std::size_t count = cells->appendLine(line, kDelimiter);
     if (cells != &report.dataCells || count == report.headerCells.size())
         return true;
@@ -45,16 +72,20 @@ bool readReportLine(text::PassLines& lines, Report& report) {
 
 bool readReport(InputFile& file, const text::Listener& listener, Report& report) {
     bool complete = true;
-    return passOver(file, listener,
-                    [&](text::PassLines& lines) {
-                        while (complete && lines.next())
-                            complete = readReportLine(lines, report);
-                    }) &&
-           complete;
+    const auto read = [&](text::PassLines& lines) {
+        if (listener.findings != nullptr)
+            report.places.file = listener.findings->presentFile();
+        while (complete && lines.next()) {
+            noteLine(lines);
+            complete = readReportLine(lines, report);
+        }
+        noteEnd(lines);
+    };
+    return passOver(file, listener, read, &rowOf(Finding::kLineCut)) && complete;
 }
 
-int findColumn(const Report& report, std::string_view name) {
-    for (std::size_t i = 0; i < report.headerCells.size(); ++i)
+int findColumn(const Report& report, std::string_view name, std::size_t first) {
+    for (std::size_t i = first; i < report.headerCells.size(); ++i)
         if (std::ranges::equal(report.headerCells[i], name, {}, text::toUpper, text::toUpper))
             return static_cast<int>(i);
     return -1;
@@ -66,11 +97,19 @@ bool hasFullJobLine(const Report& symbols) {
 }
 
 bool readReportUnits(const Report& symbols, const text::Listener& listener, double& unitScale) {
-    if (!hasFullJobLine(symbols))
+    const ReportNotes notes(symbols, listener);
+    if (!hasFullJobLine(symbols)) {
+        if (notes.areHeard())
+            notes.job(Finding::kJobLine, std::to_string(symbols.jobCells.size()) + " cells");
         return false;
-    const LengthUnit* const unit = findLengthUnit(symbols.jobCells[8]);
+    }
+    const std::string_view cell = symbols.jobCells[kUnitCell];
+    const LengthUnit* const unit = findLengthUnit(cell);
+    std::string_view place;
     if (unit == nullptr)
-        listener.note(Finding::kReportUnit, symbols.jobCells[8]);
+        notes.jobCell(Finding::kReportUnit, kUnitCell);
+    else if (notes.areHeard() && !standsAlone(cell, *unit, place))
+        notes.jobCell(Finding::kUnitInWord, kUnitCell);
     unitScale = unit == nullptr ? kDefaultUnit : unit->millimetres;
     return true;
 }

@@ -79,6 +79,9 @@ class Findings {
     /// The findings from here on are of the file at `path`, which is copied. Further files than
     /// `kMostFiles` count as the last one.
     void beginFile(std::string_view path) noexcept;
+    /// The file that findings are of at present, and the way back to one.
+    std::size_t presentFile() const { return file_; }
+    void returnToFile(std::size_t row) { file_ = static_cast<std::uint8_t>(row); }
     /// The files in the order of their first `beginFile`.
     std::string_view file(std::size_t row) const;
     std::size_t fileCount() const { return fileCount_; }

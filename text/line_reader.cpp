@@ -149,6 +149,9 @@ char* LineReader::translateText(char* first, char* last) {
     if (size == 0)
         return last;
     if (void* stop = std::memchr(first, kEndOfTextFile, size)) {
+        isEndedByMark_ = std::any_of(static_cast<char*>(stop), last, [](char c) {
+            return c != kEndOfTextFile && static_cast<unsigned char>(c) > ' ';
+        });
         last = static_cast<char*>(stop);
         atEnd_ = true;
     }

@@ -79,6 +79,13 @@ class LineReader {
         return static_cast<std::size_t>(position_ - line_) == maxLength_ && !endsLine();
     }
 
+    /// Whether the line taken last goes on after a NUL, where `line()` ends.
+    bool isCutAtNul() const { return line_ + length_ != position_; }
+
+    /// Whether the end of a text file that has been met is a byte 0x1A with more than white space
+    /// after it.
+    bool isEndedByMark() const { return isEndedByMark_; }
+
     /// Lines are counted from here on, block by block, so that `place()` can tell. To be called
     /// before the first line is taken; it costs about a hundredth of a pass.
     void countLines() { countsLines_ = true; }
@@ -128,6 +135,7 @@ class LineReader {
     const char* end_;       // behind the last byte read
     bool heldCr_ = false;   // text mode: a CR at `end_`, whose meaning the next byte decides
     bool holdsNul_ = false;
+    bool isEndedByMark_ = false;
     bool atEnd_ = false;  // nothing more will come of the file
     int failure_ = 0;
     bool metEnd_ = false;  // a line has been asked for that would need more

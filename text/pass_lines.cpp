@@ -9,6 +9,8 @@
 namespace kvocaeio::text {
 
 void PassLines::noteCut() {
+    if (cutKind_ == nullptr)
+        return;
     const LinePlace place = reader_.place();
     if (place == lastCut_)
         return;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <string_view>
+#include <type_traits>
 
 #include "text/findings.h"
 #include "text/line_reader.h"
@@ -16,11 +17,15 @@ class PassLines {
   public:
     /// `cutKind` is noted for each piece that the bound cuts off a line.
     template <class Kind>
+    requires std::is_enum_v<Kind> PassLines(std::FILE* file, std::size_t bound, LineMode mode,
+                                            const Listener& listener, Kind cutKind)
+        : PassLines(file, bound, mode, listener, &rowOf(cutKind)) {}
+    /// Where `cutKind` is null, another pass over the file notes them.
     PassLines(std::FILE* file, std::size_t bound, LineMode mode, const Listener& listener,
-              Kind cutKind)
+              const FindingKind* cutKind)
         : reader_(file, bound, mode, listener.watch),
           findings_(listener.findings),
-          cutKind_(&rowOf(cutKind)) {
+          cutKind_(cutKind) {
         if (findings_ != nullptr)
             reader_.countLines();
     }
@@ -34,6 +39,8 @@ class PassLines {
     std::string_view line() const { return reader_.line(); }
     bool metEnd() const { return reader_.metEnd(); }
     bool hasFailed() const { return reader_.hasFailed(); }
+    bool isCutAtNul() const { return reader_.isCutAtNul(); }
+    bool isEndedByMark() const { return reader_.isEndedByMark(); }
     void giveBack() { reader_.giveBack(); }
     void setBound(std::size_t bound) { reader_.setBound(bound); }
 
