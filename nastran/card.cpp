@@ -33,21 +33,56 @@ ReadCard CardReader::read(const Card& card) {
         return {};
     if (rule->hasFiller)
         normalised_.clearHexFiller();
-    const bool isComplete = scanNumbers(*rule);
+    scanNumbers(*rule);
     computePropertyValue(rule->value, numbers_.floats[0]);
-    return {rule, isComplete};
+    return {rule, true};
 }
 
 // "%s%d%d...": stops at the first number that cannot be read.
-bool CardReader::scanNumbers(const CardRule& rule) {
+void CardReader::scanNumbers(const CardRule& rule) {
     text::Scan scan(normalised_.view());
+    endCount_ = 0;
+    const auto isRead = [&](bool read) {
+        if (read)
+            ends_[endCount_++] = scan.position();
+        return read;
+    };
     std::string_view name;
-    const auto integer = [&](int& value) { return scan.integer(value); };
-    const auto real = [&](auto& value) { return scan.real(value); };
-    return scan.word(name) &&
-           std::ranges::all_of(std::span(numbers_.ints).first(rule.ints()), integer) &&
-           std::ranges::all_of(std::span(numbers_.doubles).first(rule.doubles), real) &&
-           std::ranges::all_of(std::span(numbers_.floats).first(rule.floats), real);
+    const auto integer = [&](int& value) { return isRead(scan.integer(value)); };
+    const auto real = [&](auto& value) { return isRead(scan.real(value)); };
+    static_cast<void>(isRead(scan.word(name)) &&
+                      std::ranges::all_of(std::span(numbers_.ints).first(rule.ints()), integer) &&
+                      std::ranges::all_of(std::span(numbers_.doubles).first(rule.doubles), real) &&
+                      std::ranges::all_of(std::span(numbers_.floats).first(rule.floats), real));
+}
+
+std::span<const NumberOrigin> CardReader::findOrigins(const Card& card, const ReadCard& read) {
+    if (!read.isNormalised) {
+        normalised_.normalise(card.raw, LineFeeds::kPad);
+        if (read.rule->hasFiller)
+            normalised_.clearHexFiller();
+        const CardNumbers kept = numbers_;
+        scanNumbers(*read.rule);
+        numbers_ = kept;
+    }
+    normalised_.findOrigins(card.raw, LineFeeds::kPad, characterOrigins_);
+    const std::string_view view = normalised_.view();
+    const auto offsetOf = [&](const char* end) {
+        return static_cast<std::size_t>(end - view.data());
+    };
+    for (std::size_t i = 1; i < endCount_; ++i) {
+        NumberOrigin& origin = origins_[i - 1] = {};
+        const std::size_t last = offsetOf(ends_[i]);
+        for (std::size_t at = offsetOf(ends_[i - 1]); at < last; ++at) {
+            const std::size_t from = characterOrigins_[at];
+            if (text::isSpace(view[at]) || from == CardText::kPutIn)
+                continue;
+            if (origin.end == 0)
+                origin.begin = from;
+            origin.end = from + 1;
+        }
+    }
+    return std::span(origins_).first(endCount_ == 0 ? 0 : endCount_ - 1);
 }
 
 }  // namespace kvocaeio::nastran

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvocaeio::nastran {
 
@@ -41,6 +42,12 @@ class CardText {
     void clearHexFiller();
 
     std::string_view view() const { return characters_; }
+
+    /// Where the characters of the normalised text stand in the `raw` that it was made of, also
+    /// where the filler was cleared since: offsets, `kPutIn` for what does not come from there.
+    void findOrigins(std::string_view raw, LineFeeds lineFeeds,
+                     std::vector<std::size_t>& origins) const;
+    static constexpr std::size_t kPutIn = std::string_view::npos;
 
   private:
     void putField(std::string_view field);

@@ -105,6 +105,9 @@ class Scan {
     /// White space, then the one character `c`, then white space: " , " in a format.
     bool separator(char c) { return space() && literal(c) && space(); }
 
+    /// Where the next directive begins; the end of the text behind one that failed.
+    const char* position() const { return position_; }
+
   private:
     static constexpr std::int64_t kMaxInt = std::numeric_limits<int>::max();
 
