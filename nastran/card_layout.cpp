@@ -11,16 +11,24 @@ namespace kvocaeio::nastran {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
 // A comma up to here makes a line one of free fields; further on it stands in a remark.
 constexpr std::size_t kFreeColumns = 10;
 
+constexpr bool isPadding(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+// A blank field is left as none, at its first column.
 std::string_view trimmed(std::string_view field) {
-    const std::size_t first = field.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
+    std::size_t first = 0;
+    while (first < field.size() && isPadding(field[first]))
+        ++first;
+    if (first == field.size())
         return field.substr(0, 0);
-    field.remove_prefix(first);
-    return field.substr(0, field.find_last_not_of(kBlanks) + 1);
+    std::size_t last = field.size();
+    while (isPadding(field[last - 1]))
+        --last;
+    return field.substr(first, last - first);
 }
 
 LineForm formOf(std::string_view line) {
@@ -55,7 +63,7 @@ void splitAtTabs(std::string_view line, LineLayout& layout) {
 void splitInColumns(std::string_view line, std::size_t width, std::size_t fields,
                     LineLayout& layout) {
     std::size_t begin = 0;
-    for (std::size_t i = 0; i < fields; ++i) {
+    for (std::size_t i = 0; i < fields && begin < line.size(); ++i) {
         const std::size_t end = std::min(begin + (i == 0 ? kFieldWidth : width), line.size());
         layout.fields[i] = trimmed(line.substr(begin, end - begin));
         begin = end;
@@ -88,7 +96,8 @@ LineLayout layOut(std::string_view line) {
 
 std::string_view nameOf(std::string_view line) {
     const auto isLetter = [](char c) { return text::toUpper(c) >= 'A' && text::toUpper(c) <= 'Z'; };
-    line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+    while (!line.empty() && isPadding(line[0]))
+        line.remove_prefix(1);
     if (line.empty() || !isLetter(line[0]))
         return {};
     const auto end =

@@ -206,13 +206,17 @@ void CardNotes::hearOther(const CardRule* readAs) {
 // Notes the first number that was not read from its own field.
 bool CardNotes::noteMisread(const ReadCard& read) {
     const CardRule& rule = *read.rule;
-    const Fields all = fields();
-    // What is read at a glance has a zero for the seventh node, and others are sound.
-    if (!read.isNormalised && (!isSecondRead_ || !isZero(all[kFirstLineNumbers]))) {
-        if (isSecondRead_)
-            lines_.note(Finding::kHexaNodeLost, all[kFirstLineNumbers], rule.name);
-        return isSecondRead_;
+    // What is read at a glance has a zero for the seventh node, and the others are sound.
+    if (!read.isNormalised && !isSecondRead_)
+        return false;
+    if (!read.isNormalised) {
+        const std::string_view seventh = layOut(lines_.secondLine()).fields[1];
+        if (!isZero(seventh)) {
+            lines_.note(Finding::kHexaNodeLost, seventh, rule.name);
+            return true;
+        }
     }
+    const Fields all = fields();
     const std::span<const NumberOrigin> origins = reader_.findOrigins(lines_.card(), read);
     const std::size_t numbers = numbersOf(rule);
     for (std::size_t number = 0; number < numbers; ++number) {

@@ -17,9 +17,10 @@ void CardLines::mergeContinuation() {
         return;
     merged_ = card_.raw;
     card_.firstLine = merged_.size();
-    firstPlace_ = lines_.place();
     isOwnContinuation_ = !lines_.next();
-    std::string_view line = lines_.line();
+    if (areNoted() && !isOwnContinuation_)
+        nextColumn_ = isPiece(lines_.line()) ? nextColumn_ + lines_.line().size() : 1;
+    const std::string_view line = lines_.line();
     const std::size_t marker = std::min(line.substr(0, kFieldWidth).find(','), kFieldWidth);
     secondDropped_ = 0;
     if (marker <= line.size()) {
@@ -33,6 +34,17 @@ void CardLines::mergeContinuation() {
         card_.glance = {};
 }
 
+void CardLines::countColumns() {
+    firstColumn_ = nextColumn_;
+    nextColumn_ = isPiece(card_.raw) ? firstColumn_ + card_.raw.size() : 1;
+}
+
+// Of a merged card, by its second line: to ask for the place of each line would be slow.
+text::LinePlace CardLines::firstPlace() {
+    const bool isOnSameLine = isOwnContinuation_ || isPiece(firstLine());
+    return {lines_.place().line - (isOnSameLine ? 0 : 1), firstColumn_};
+}
+
 std::string_view CardLines::part(std::size_t begin, std::size_t end) const {
     if (!card_.isMerged() || begin < card_.firstLine)
         return card_.raw.substr(begin, end - begin);
@@ -41,21 +53,19 @@ std::string_view CardLines::part(std::size_t begin, std::size_t end) const {
 
 void CardLines::note(Finding kind, std::string_view subject) {
     if (card_.isMerged())
-        lines_.noteAt(kind, {firstPlace_.line, 0}, firstLine(), subject);
+        lines_.noteAt(kind, {firstPlace().line, 0}, firstLine(), subject);
     else
         lines_.noteNamed(kind, subject);
 }
 
 void CardLines::note(Finding kind, std::string_view field, std::string_view subject) {
-    const auto offset = field.data() - card_.raw.data();
     const bool isOnFirst = std::greater_equal<>()(field.data(), card_.raw.data()) &&
                            std::less<>()(field.data(), card_.raw.data() + card_.raw.size());
-    if (card_.isMerged() && isOnFirst)
-        lines_.noteAt(kind,
-                      {firstPlace_.line, firstPlace_.column + static_cast<std::size_t>(offset)},
-                      field, subject);
-    else
-        lines_.note(kind, field, subject);
+    if (!card_.isMerged() || !isOnFirst)
+        return lines_.note(kind, field, subject);
+    text::LinePlace place = firstPlace();
+    place.column += static_cast<std::size_t>(field.data() - card_.raw.data());
+    lines_.noteAt(kind, place, field, subject);
 }
 
 }  // namespace kvocaeio::nastran

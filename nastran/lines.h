@@ -41,6 +41,8 @@ class CardLines {
         if (!lines_.next())
             return false;
         card_ = {lines_.line(), glances_ ? glanceAt(lines_.line()) : Glance()};
+        if (areNoted()) [[unlikely]]
+            countColumns();
         if (merges_ && !card_.glance.isNameless)
             mergeContinuation();
         return true;
@@ -59,7 +61,7 @@ class CardLines {
     bool isOwnContinuation() const { return card_.isMerged() && isOwnContinuation_; }
     /// Whether a NUL hides the rest of the first line.
     bool isHidden() const {
-        return firstLine().size() + 1 < kLineBound && !firstLine().ends_with('\n') &&
+        return !firstLine().ends_with('\n') && !isPiece(firstLine()) &&
                (card_.isMerged() ? !isOwnContinuation_ : !lines_.metEnd());
     }
     /// The part of `Card::raw` from `begin` to `end`, as a part of one of these lines.
@@ -84,17 +86,25 @@ class CardLines {
     static constexpr std::size_t kLineBound = 255;
 
     void mergeContinuation();
+    void countColumns();
+    text::LinePlace firstPlace();
+    static bool isPiece(std::string_view line) {
+        return line.size() + 1 == kLineBound && !line.ends_with('\n');
+    }
 
     text::PassLines lines_;
     bool merges_;
     bool glances_;
     Card card_;
     std::string merged_;
-    // Of a merged card: where it stands, where its second line begins in `merged_`, and how many
-    // characters that has lost before.
-    text::LinePlace firstPlace_;
+    // Of a merged card: where its second line begins in `merged_`, and how many characters that has
+    // lost before.
     std::size_t secondBegin_ = 0;
     std::size_t secondDropped_ = 0;
+    // Where the first line of the card and the next line begin: pieces of a long line do so further
+    // on.
+    std::size_t firstColumn_ = 1;
+    std::size_t nextColumn_ = 1;
     bool isOwnContinuation_ = false;
 };
 

@@ -14,8 +14,9 @@ namespace kvocaeio::nastran {
 namespace {
 
 // What stands around the bulk data in every deck.
-constexpr std::array<std::string_view, 11> kControlStatements{
-    "APP", "ASSIGN", "BEGIN", "CEND", "DIAG", "ENDDATA", "ID", "INIT", "NASTRAN", "SOL", "SUBCASE"};
+constexpr std::array<std::string_view, 13> kControlStatements{
+    "APP",  "ASSIGN",  "BEGIN",  "CEND", "DIAG",    "ENDDATA", "ID",
+    "INIT", "NASTRAN", "OUTPUT", "SOL",  "SUBCASE", "TIME"};
 
 // Names of elements begin with one of these.
 constexpr std::array<std::string_view, 32> kElements{
