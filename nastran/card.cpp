@@ -56,7 +56,7 @@ void CardReader::scanNumbers(const CardRule& rule) {
                       std::ranges::all_of(std::span(numbers_.floats).first(rule.floats), real));
 }
 
-std::span<const NumberOrigin> CardReader::findOrigins(const Card& card, const ReadCard& read) {
+CardReader::Origins CardReader::origins(const Card& card, const ReadCard& read) {
     if (!read.isNormalised) {
         normalised_.normalise(card.raw, LineFeeds::kPad);
         if (read.rule->hasFiller)
@@ -65,24 +65,25 @@ std::span<const NumberOrigin> CardReader::findOrigins(const Card& card, const Re
         scanNumbers(*read.rule);
         numbers_ = kept;
     }
-    normalised_.findOrigins(card.raw, LineFeeds::kPad, characterOrigins_);
-    const std::string_view view = normalised_.view();
-    const auto offsetOf = [&](const char* end) {
-        return static_cast<std::size_t>(end - view.data());
-    };
-    for (std::size_t i = 1; i < endCount_; ++i) {
-        NumberOrigin& origin = origins_[i - 1] = {};
-        const std::size_t last = offsetOf(ends_[i]);
-        for (std::size_t at = offsetOf(ends_[i - 1]); at < last; ++at) {
-            const std::size_t from = characterOrigins_[at];
-            if (text::isSpace(view[at]) || from == CardText::kPutIn)
-                continue;
-            if (origin.end == 0)
-                origin.begin = from;
-            origin.end = from + 1;
-        }
-    }
-    return std::span(origins_).first(endCount_ == 0 ? 0 : endCount_ - 1);
+    return Origins(*this, card.raw);
+}
+
+bool CardReader::Origins::next(NumberOrigin& origin) {
+    if (++number_ >= reader_.endCount_)
+        return false;
+    const std::string_view view = reader_.normalised_.view();
+    const char* begin = reader_.ends_[number_ - 1];
+    const char* const end = reader_.ends_[number_];
+    while (text::isSpace(*begin))
+        ++begin;
+    origin = {};
+    const auto first = static_cast<std::size_t>(begin - view.data());
+    const std::size_t offset = characters_.originOf(first);
+    if (offset == CardText::Origins::kPutIn)
+        return true;
+    const auto last = static_cast<std::size_t>(end - view.data()) - 1;
+    origin = {offset, last == first ? offset + 1 : characters_.originOf(last) + 1};
+    return true;
 }
 
 }  // namespace kvocaeio::nastran

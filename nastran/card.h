@@ -2,8 +2,8 @@
 #pragma once
 
 #include <array>
-#include <span>
-#include <vector>
+#include <cstddef>
+#include <string_view>
 
 #include "nastran/card_text.h"
 #include "nastran/lines.h"
@@ -29,9 +29,24 @@ class CardReader {
 
     const CardNumbers& numbers() const { return numbers_; }
 
-    /// Where the numbers of the card that was read last stand in it, in their order. Those that
-    /// could not be read, and so keep their values of an earlier card, are missing at the end.
-    std::span<const NumberOrigin> findOrigins(const Card& card, const ReadCard& read);
+    /// Where the numbers of the card that was read last stand in it, one after the other. Those
+    /// that could not be read, and so keep their values of an earlier card, are missing at the end.
+    class Origins {
+      public:
+        /// False behind the last number that was read.
+        bool next(NumberOrigin& origin);
+
+      private:
+        friend class CardReader;
+        Origins(const CardReader& reader, std::string_view raw)
+            : reader_(reader), characters_(reader.normalised_, raw, LineFeeds::kPad) {}
+
+        const CardReader& reader_;
+        CardText::Origins characters_;
+        std::size_t number_ = 0;
+    };
+    /// Valid until the next card is read.
+    Origins origins(const Card& card, const ReadCard& read);
 
   private:
     static constexpr std::size_t kMostNumbers = 10;
@@ -43,8 +58,6 @@ class CardReader {
     // Ends of the name and of the numbers that were read in the normalised text.
     std::array<const char*, 1 + kMostNumbers> ends_{};
     std::size_t endCount_ = 0;
-    std::vector<std::size_t> characterOrigins_;
-    std::array<NumberOrigin, kMostNumbers> origins_{};
 };
 
 }  // namespace kvocaeio::nastran

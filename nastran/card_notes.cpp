@@ -50,6 +50,13 @@ void CardNotes::hear(const ReadCard& read) noexcept {
     }
 }
 
+CardNotes::Fields CardNotes::fields() const {
+    Fields fields{layOut(lines_.firstLine()), {}};
+    if (lines_.card().isMerged())
+        fields.second = layOut(lines_.secondLine());
+    return fields;
+}
+
 void CardNotes::makeRowSets() {
     isBegun_ = true;
     if (lines_.firstLine().starts_with(kByteOrderMark))
@@ -217,26 +224,26 @@ bool CardNotes::noteMisread(const ReadCard& read) {
         }
     }
     const Fields all = fields();
-    const std::span<const NumberOrigin> origins = reader_.findOrigins(lines_.card(), read);
+    CardReader::Origins origins = reader_.origins(lines_.card(), read);
     const std::size_t numbers = numbersOf(rule);
     for (std::size_t number = 0; number < numbers; ++number) {
+        NumberOrigin origin;
+        const bool isRead = origins.next(origin);
         const double value = valueOf(rule, number);
         const std::string_view field = all[number];
-        if (number < origins.size() ? isField(field, origins[number], value)
-                                    : field.empty() && value == 0)
+        if (isRead ? isField(field, origin, value) : field.empty() && value == 0)
             continue;
-        lines_.note(misreadKind(all, number, origins, value), field, rule.name);
+        const bool isFiller = isRead && origin.end == 0 && number >= kFirstLineNumbers;
+        lines_.note(isFiller ? Finding::kHexaNodeLost : misreadKind(all, number, isRead), field,
+                    rule.name);
         return true;
     }
     return false;
 }
 
-Finding CardNotes::misreadKind(const Fields& fields, std::size_t number,
-                               std::span<const NumberOrigin> origins, double value) const {
-    const bool isRead = number < origins.size();
+Finding CardNotes::misreadKind(const Fields& fields, std::size_t number, bool isRead) const {
     if (number >= kFirstLineNumbers)
-        return isRead && origins[number].end == 0 && value == 0 ? Finding::kHexaNodeLost
-                                                                : Finding::kContinuationMisread;
+        return Finding::kContinuationMisread;
     const std::string_view field = fields[number];
     switch (fields.first.form) {
         case LineForm::kFree:

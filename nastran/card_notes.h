@@ -37,7 +37,7 @@ class CardNotes {
                                               : second.fields[1 + number - kFirstLineNumbers];
         }
     };
-    Fields fields() const { return {layOut(lines_.firstLine()), layOut(lines_.secondLine())}; }
+    Fields fields() const;
 
     void makeRowSets();
     void hearSecondLine();
@@ -52,8 +52,7 @@ class CardNotes {
     void hearOther(const CardRule* readAs);
 
     bool noteMisread(const ReadCard& read);
-    Finding misreadKind(const Fields& fields, std::size_t number,
-                        std::span<const NumberOrigin> origins, double value) const;
+    Finding misreadKind(const Fields& fields, std::size_t number, bool isRead) const;
     bool isField(std::string_view field, const NumberOrigin& origin, double value) const;
     double valueOf(const CardRule& rule, std::size_t number) const;
     std::size_t numbersOf(const CardRule& rule) const;

@@ -17,25 +17,9 @@ bool needsExponent(char before, char c) {
     return c == '-' && before != ' ' && before != 'e' && before != 'E';
 }
 
-// Tells `keep` the offset of each character that stays, and `putBlanks` how many blanks stand in
-// place of one that does not.
-template <class Keep, class PutBlanks>
-void expand(std::string_view raw, LineFeeds lineFeeds, const Keep& keep,
-            const PutBlanks& putBlanks) {
-    std::size_t column = 0;  // before the separators are expanded
-    for (std::size_t at = 0; at < raw.size(); ++at) {
-        const char c = raw[at];
-        if (c == '\n' && lineFeeds == LineFeeds::kPad) {
-            putBlanks(kCardColumns - std::min(column, kCardColumns));
-            column = std::max(column, kCardColumns);
-            continue;
-        }
-        if (c == ',' || c == '+')
-            putBlanks(kFieldWidth);
-        else
-            keep(at);
-        ++column;
-    }
+// The blanks in place of a line feed in that column, before the separators are expanded.
+std::size_t paddingAt(std::size_t column) {
+    return kCardColumns - std::min(column, kCardColumns);
 }
 
 }  // namespace
@@ -59,38 +43,58 @@ void CardText::putField(std::string_view field) {
 
 void CardText::normalise(std::string_view raw, LineFeeds lineFeeds) {
     expanded_.clear();
-    expand(
-        raw, lineFeeds, [&](std::size_t at) { expanded_ += raw[at]; },
-        [&](std::size_t count) { expanded_.append(count, ' '); });
+    std::size_t column = 0;  // before the separators are expanded
+    for (const char c : raw) {
+        if (c == '\n' && lineFeeds == LineFeeds::kPad) {
+            expanded_.append(paddingAt(column), ' ');
+            column = std::max(column, kCardColumns);
+            continue;
+        }
+        if (c == ',' || c == '+')
+            expanded_.append(kFieldWidth, ' ');
+        else
+            expanded_ += c;
+        ++column;
+    }
     characters_.clear();
     const std::string_view fields = expanded_;
     for (std::size_t at = 0; at < fields.size(); at += kFieldWidth)
         putField(fields.substr(at, kFieldWidth));
 }
 
-void CardText::findOrigins(std::string_view raw, LineFeeds lineFeeds,
-                           std::vector<std::size_t>& origins) const {
-    std::vector<std::size_t> expandedFrom;
-    expandedFrom.reserve(expanded_.size());
-    expand(
-        raw, lineFeeds, [&](std::size_t at) { expandedFrom.push_back(at); },
-        [&](std::size_t count) { expandedFrom.insert(expandedFrom.end(), count, kPutIn); });
-    origins.clear();
-    const std::string_view fields = expanded_;
-    for (std::size_t at = 0; at < fields.size(); at += kFieldWidth) {
-        const std::string_view field = fields.substr(at, kFieldWidth);
-        if (isBlank(field)) {
-            origins.insert(origins.end(), kZero.size() + 1, kPutIn);
-            continue;
-        }
+std::size_t CardText::Origins::originOf(std::size_t position) {
+    for (;; group_ += kFieldWidth) {
+        const std::string_view field = expanded_.substr(group_, kFieldWidth);
+        const bool isFiller = isBlank(field);
+        std::size_t next = normalisedGroup_;
         char before = ' ';
-        for (std::size_t i = 0; i < field.size(); before = field[i++]) {
+        for (std::size_t i = 0; i < field.size() && !isFiller; before = field[i++]) {
             if (needsExponent(before, field[i]))
-                origins.push_back(kPutIn);
-            origins.push_back(expandedFrom[at + i]);
+                ++next;
+            if (next == position)
+                return rawOffset(group_ + i);
+            if (next++ > position)
+                return kPutIn;
         }
-        if (field.size() == kFieldWidth)
-            origins.push_back(kPutIn);
+        // A blank follows a whole field.
+        next += isFiller ? kZero.size() + 1 : 1U;
+        if (position < next || field.size() < kFieldWidth)
+            return kPutIn;
+        normalisedGroup_ = next;
+    }
+}
+
+std::size_t CardText::Origins::rawOffset(std::size_t expandedOffset) {
+    for (;; ++at_) {
+        const char c = raw_[at_];
+        const bool isPadded = c == '\n' && lineFeeds_ == LineFeeds::kPad;
+        const std::size_t width = isPadded               ? paddingAt(column_)
+                                  : c == ',' || c == '+' ? kFieldWidth
+                                                         : 1;
+        if (expandedAt_ + width > expandedOffset)
+            return at_;
+        expandedAt_ += width;
+        column_ = isPadded ? std::max(column_, kCardColumns) : column_ + 1;
     }
 }
 

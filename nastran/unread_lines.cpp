@@ -33,7 +33,8 @@ constexpr std::array<std::string_view, 20> kProperties{
 
 template <std::size_t kCount>
 bool beginsWithOneOf(const std::array<std::string_view, kCount>& names, std::string_view name) {
-    return std::ranges::any_of(names, [&](std::string_view one) { return name.starts_with(one); });
+    return std::ranges::any_of(
+        names, [&](std::string_view one) { return one[0] == name[0] && name.starts_with(one); });
 }
 
 // A field that names no coordinate system, or the basic one.
@@ -60,7 +61,8 @@ void noteUnreadLine(CardLines& lines, const CardRule* readAs) {
     if (line.find('=') != std::string_view::npos ||
         std::ranges::find(kControlStatements, std::string_view(upper)) != kControlStatements.end())
         return;
-    if (readAs == nullptr && ruleIn(upper) != nullptr)
+    const bool mayHoldName = upper != name || !lines.card().glance.isNameless;
+    if (readAs == nullptr && mayHoldName && ruleIn(upper) != nullptr)
         return lines.note(ruleIn(name) != nullptr ? Finding::kNameTorn : Finding::kNameLowerCase,
                           name);
     if (upper == "GRDSET") {
