@@ -1,8 +1,10 @@
 /// Counts of a deck's tables, rows without a card, nodes that are missing, and the mesh as such.
 #include "nastran/audit.h"
 
-#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 

@@ -75,10 +75,12 @@ void CardNotes::hearSecondLine() {
                                                                : "CQUAD8";
     const bool isComment = second.starts_with('$');
     const bool isCard = !nameOf(second.substr(0, kFieldWidth)).empty();
+    const CardRule* const rule = ruleIn(second);
+    const bool isLoss = rule != nullptr && rule->code != CardCode::kNone;
     if (!lines_.isOwnContinuation() && !isComment && !isCard)
         return;
     isSecondRead_ = false;
-    if (lines_.isOwnContinuation() || (isCard && ruleIn(second) == nullptr)) {
+    if (lines_.isOwnContinuation() || (isCard && !isLoss)) {
         if (isHexa)
             lines_.note(Finding::kContinuationMissing, taker);
     } else if (isCard) {
@@ -98,6 +100,7 @@ void CardNotes::hearCard(const ReadCard& read) {
     if (hasEnded_)
         lines_.note(Finding::kAfterEnd, rule.name);
     parent_ = &rule;
+    isParentLarge_ = read.isNormalised && holds(lines_.firstLine().substr(0, kFieldWidth), "*");
     isToldOfMore_ = !isSecondRead_;
     const bool isMisread = (read.isNormalised || rule.hasFiller) && noteMisread(read);
     if (isMisread && hasRow(rule))
@@ -206,8 +209,21 @@ void CardNotes::hearOther(const CardRule* readAs) {
     if (parent_ == nullptr || isToldOfMore_)
         return;
     isToldOfMore_ = true;
+    if (isParentLarge_)
+        return hearLargeContinuation();
     lines_.note(parent_->nodes >= 4 ? Finding::kMidsideNodes : Finding::kContinuationPassed,
                 parent_->name);
+}
+
+// What the first line of large fields has no room for reads as zero.
+void CardNotes::hearLargeContinuation() {
+    constexpr std::size_t kLargeNumbers = 4;
+    const LineLayout layout = layOut(lines_.firstLine());
+    for (std::size_t number = kLargeNumbers; number < numbersOf(*parent_); ++number) {
+        const std::string_view field = layout.fields[1 + number % kLargeNumbers];
+        if (!isZero(field))
+            return lines_.note(Finding::kLargeField, field, parent_->name);
+    }
 }
 
 // Notes the first number that was not read from its own field.

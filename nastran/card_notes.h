@@ -49,6 +49,7 @@ class CardNotes {
     void hearMoreNodes(const CardRule& rule);
     void hearProperty(const CardRule& rule);
     void hearRow(const CardRule& rule);
+    void hearLargeContinuation();
     void hearOther(const CardRule* readAs);
 
     bool noteMisread(const ReadCard& read);
@@ -71,7 +72,8 @@ class CardNotes {
     bool hasEnded_ = false;             // `ENDDATA` was there
     bool isSecondRead_ = true;          // the second line of the card is its own
     const CardRule* parent_ = nullptr;  // of the continuations that may follow
-    bool isToldOfMore_ = false;         // and whether it was told that they are not read
+    bool isParentLarge_ = false;
+    bool isToldOfMore_ = false;  // and whether it was told that they are not read
     bool isIncomplete_ = false;
 };
 

@@ -72,6 +72,13 @@ TEST_F(ListenedImport, NotesTheFieldThatIsReadWrongly) {
                     "nastran.tab (GRID) 7:8 "));
 }
 
+// The first line reads as meant: only the next one tells that the coordinate is lost.
+TEST_F(ListenedImport, NotesACoordinateOnTheSecondLineOfLargeFields) {
+    const std::string grid = "GRID*   1               0               0               0\n";
+    EXPECT_THAT(found(grid + "*       0.7\n" + kBar + grid + "*       0.0\n"),
+                ElementsAre("nastran.large-field (GRID) 2:9 0.7"));
+}
+
 TEST_F(ListenedImport, NotesAFieldOfALongLineByItsColumnThere) {
     const std::string remark = "$" + std::string(253, '-');
     EXPECT_THAT(found(kGrid + kBar + remark + "GRID           1       0       x      2.      3.\n"),
