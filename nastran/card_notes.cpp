@@ -75,7 +75,7 @@ void CardNotes::hearSecondLine() {
                                                                : "CQUAD8";
     const bool isComment = second.starts_with('$');
     const bool isCard = !nameOf(second.substr(0, kFieldWidth)).empty();
-    const CardRule* const rule = ruleIn(second);
+    const CardRule* const rule = isCard ? ruleIn(second) : nullptr;
     const bool isLoss = rule != nullptr && rule->code != CardCode::kNone;
     if (!lines_.isOwnContinuation() && !isComment && !isCard)
         return;
