@@ -69,16 +69,16 @@ void CardNotes::makeRowSets() {
 
 void CardNotes::hearSecondLine() {
     const std::string_view second = lines_.secondLine();
-    const bool isHexa = holds(lines_.firstLine(), "CHEXA") && !lines_.card().isComment();
-    const std::string_view taker = isHexa                      ? "CHEXA"
-                                   : lines_.card().isComment() ? "a comment"
-                                                               : "CQUAD8";
     const bool isComment = second.starts_with('$');
     const bool isCard = !nameOf(second.substr(0, kFieldWidth)).empty();
     const CardRule* const rule = isCard ? ruleIn(second) : nullptr;
     const bool isLoss = rule != nullptr && rule->code != CardCode::kNone;
     if (!lines_.isOwnContinuation() && !isComment && !isCard)
         return;
+    const bool isHexa = holds(lines_.firstLine(), "CHEXA") && !lines_.card().isComment();
+    const std::string_view taker = isHexa                      ? "CHEXA"
+                                   : lines_.card().isComment() ? "a comment"
+                                                               : "CQUAD8";
     isSecondRead_ = false;
     if (lines_.isOwnContinuation() || (isCard && !isLoss)) {
         if (isHexa)
