@@ -6,7 +6,7 @@
 
 namespace kvocaeio::nastran {
 
-/// Over the tables of one deck.
-void auditDeck(const DeckTables& deck, report::ImportReport& report);
+/// Over the tables of one deck, whose sets of rows it empties: nobody else needs them.
+void auditDeck(DeckTables& deck, report::ImportReport& report);
 
 }  // namespace kvocaeio::nastran

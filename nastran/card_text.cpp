@@ -5,15 +5,34 @@
 
 namespace kvocaeio::nastran {
 
+namespace {
+
+constexpr std::string_view kZero = "       0";
+
+bool isBlank(std::string_view field) {
+    return field.find_first_not_of(' ') == std::string_view::npos;
+}
+
+bool needsExponent(char before, char c) {
+    return c == '-' && before != ' ' && before != 'e' && before != 'E';
+}
+
+// The blanks in place of a line feed in that column, before the separators are expanded.
+std::size_t paddingAt(std::size_t column) {
+    return kCardColumns - std::min(column, kCardColumns);
+}
+
+}  // namespace
+
 void CardText::putField(std::string_view field) {
-    if (field.find_first_not_of(' ') == std::string_view::npos)
-        field = "       0";
+    if (isBlank(field))
+        field = kZero;
     if (field.find('-') == std::string_view::npos) {
         characters_ += field;
     } else {
         for (const char c : field) {
             const char before = characters_.empty() ? ' ' : characters_.back();
-            if (c == '-' && before != ' ' && before != 'e' && before != 'E')
+            if (needsExponent(before, c))
                 characters_ += 'E';
             characters_ += c;
         }
@@ -27,7 +46,7 @@ void CardText::normalise(std::string_view raw, LineFeeds lineFeeds) {
     std::size_t column = 0;  // before the separators are expanded
     for (const char c : raw) {
         if (c == '\n' && lineFeeds == LineFeeds::kPad) {
-            expanded_.append(kCardColumns - std::min(column, kCardColumns), ' ');
+            expanded_.append(paddingAt(column), ' ');
             column = std::max(column, kCardColumns);
             continue;
         }
@@ -41,6 +60,42 @@ void CardText::normalise(std::string_view raw, LineFeeds lineFeeds) {
     const std::string_view fields = expanded_;
     for (std::size_t at = 0; at < fields.size(); at += kFieldWidth)
         putField(fields.substr(at, kFieldWidth));
+}
+
+std::size_t CardText::Origins::originOf(std::size_t position) {
+    for (;; group_ += kFieldWidth) {
+        const std::string_view field = expanded_.substr(group_, kFieldWidth);
+        const bool isFiller = isBlank(field);
+        std::size_t next = normalisedGroup_;
+        char before = ' ';
+        for (std::size_t i = 0; i < field.size() && !isFiller; before = field[i++]) {
+            if (needsExponent(before, field[i]))
+                ++next;
+            if (next == position)
+                return rawOffset(group_ + i);
+            if (next++ > position)
+                return kPutIn;
+        }
+        // A blank follows a whole field.
+        next += isFiller ? kZero.size() + 1 : 1U;
+        if (position < next || field.size() < kFieldWidth)
+            return kPutIn;
+        normalisedGroup_ = next;
+    }
+}
+
+std::size_t CardText::Origins::rawOffset(std::size_t expandedOffset) {
+    for (;; ++at_) {
+        const char c = raw_[at_];
+        const bool isPadded = c == '\n' && lineFeeds_ == LineFeeds::kPad;
+        const std::size_t width = isPadded               ? paddingAt(column_)
+                                  : c == ',' || c == '+' ? kFieldWidth
+                                                         : 1;
+        if (expandedAt_ + width > expandedOffset)
+            return at_;
+        expandedAt_ += width;
+        column_ = isPadded ? std::max(column_, kCardColumns) : column_ + 1;
+    }
 }
 
 void CardText::clearHexFiller() {

@@ -42,6 +42,33 @@ class CardText {
 
     std::string_view view() const { return characters_; }
 
+    /// Where the characters of `view()` come from, asked from its beginning to its end.
+    class Origins {
+      public:
+        /// `raw` and `lineFeeds` are those that `text` was made of. Both are borrowed.
+        Origins(const CardText& text, std::string_view raw, LineFeeds lineFeeds)
+            : raw_(raw), expanded_(text.expanded_), lineFeeds_(lineFeeds) {}
+
+        static constexpr std::size_t kPutIn = std::string_view::npos;
+        /// The offset in the raw text of the character at `position`, which is not below that of
+        /// the last call; `kPutIn` where it does not stand there.
+        std::size_t originOf(std::size_t position);
+
+      private:
+        std::size_t rawOffset(std::size_t expandedOffset);
+
+        std::string_view raw_;
+        std::string_view expanded_;
+        LineFeeds lineFeeds_;
+        // How far the walk is: a group of columns in both texts, and a character of the raw one,
+        // its column and its offset in the expanded text.
+        std::size_t group_ = 0;
+        std::size_t normalisedGroup_ = 0;
+        std::size_t at_ = 0;
+        std::size_t column_ = 0;
+        std::size_t expandedAt_ = 0;
+    };
+
   private:
     void putField(std::string_view field);
 

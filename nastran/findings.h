@@ -8,19 +8,59 @@
 
 namespace kvocaeio::nastran {
 
-enum class Finding : std::size_t { kLineCut, kCardUnknown, kFieldStale, kCount };
+enum class Finding : unsigned char {
+    // Lines
+    kLineCut,
+    kLineHidden,
+    kByteOrderMark,
+    // Lines that are no card, and cards by another name
+    kCardUnknown,
+    kElementUnknown,
+    kPropertyUnknown,
+    kInclude,
+    kReplication,
+    kNameLowerCase,
+    kNameTorn,
+    kNameInside,
+    kGridDefaults,
+    kAfterEnd,
+    // Fields
+    kFreeField,
+    kLargeField,
+    kTab,
+    kExponentTorn,
+    kSignTorn,
+    kExponentD,
+    kFieldStale,
+    kFieldMisread,
+    kCoordinateSystem,
+    // Continuations
+    kHexaNodeLost,
+    kContinuationMisread,
+    kContinuationMissing,
+    kContinuationComment,
+    kCardSwallowed,
+    kContinuationPassed,
+    kMidsideNodes,
+    kNodeMissing,
+    // Elements and properties
+    kShellEmpty,
+    kOidDropped,
+    kOidTwice,
+    kPropertyFraction,
+    kPropertyNoNumber,
+    kPropertyDropped,
+    kMaterialUncounted,
+    // Tables
+    kRowsEmpty,
+    kNodeUndefined,
+    kNoNodes,
+    kNoElements,
+    kCount
+};
 
-inline constexpr std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)>
-    kFindingKinds{{
-        {"nastran.line-cut", text::Severity::kWarning,
-         "a line has more than 254 characters; the rest is read as a new line", "", ""},
-        {"nastran.card-unknown", text::Severity::kNote,
-         "no name of a card that is read stands in the line", "", ""},
-        {"nastran.field-stale", text::Severity::kWarning,
-         "a field of the card that ends here cannot be read and keeps an earlier card's value", "",
-         ""},
-    }};
-static_assert(!kFindingKinds.back().code.empty());
+/// In the order of `Finding`.
+extern const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> kFindingKinds;
 
 inline const text::FindingKind& rowOf(Finding finding) {
     return kFindingKinds[static_cast<std::size_t>(finding)];

@@ -8,20 +8,14 @@
 #include <utility>
 
 #include "nastran/card.h"
+#include "nastran/card_notes.h"
 #include "nastran/lines.h"
 #include "nastran/tables.h"
-#include "text/ascii.h"
 #include "text/listened_file.h"
 
 namespace kvocaeio::nastran {
 
 namespace {
-
-// Whether a line without a known name is a card all the same, and no continuation or blank line.
-bool beginsWithLetter(std::string_view line) {
-    const char letter = line.empty() ? ' ' : text::toUpper(line[0]);
-    return letter >= 'A' && letter <= 'Z';
-}
 
 // Finds the largest OIDs; a deck without properties has property 1.
 DeckExtent scanIdentifiers(std::FILE* deck, FastWay fastWay, const text::Listener& listener) {
@@ -56,17 +50,35 @@ DeckTables readCards(std::FILE* deck, const DeckExtent& extent, FastWay fastWay,
     std::vector<SectionRow> sections;
     CardLines lines(deck, Continuations::kMerged, fastWay, listener);
     CardReader reader;
+    CardNotes notes(lines, reader, tables);
     while (lines.next()) {
         const ReadCard card = reader.read(lines.card());
+        if (lines.areNoted()) [[unlikely]]
+            notes.hear(card);
         if (card.rule != nullptr)
             storeCard(*card.rule, reader.numbers(), tables, sections);
-        else if (beginsWithLetter(lines.card().raw))
-            lines.note(Finding::kCardUnknown);
-        if (!card.isComplete) [[unlikely]]
-            lines.note(Finding::kFieldStale);
     }
     makeSectionTable(sections, tables);
+    if (lines.areNoted()) [[unlikely]]
+        notes.finish(sections);
     return tables;
+}
+
+// Why a deck has no tables: what its cards are read as, if somebody wants to know.
+void explainNoTables(std::FILE* deck, const DeckExtent& extent, FastWay fastWay,
+                     const text::Listener& listener) {
+    if (listener.findings == nullptr)
+        return;
+    try {
+        if (text::rewindFile(deck, listener))
+            static_cast<void>(readCards(deck, extent, fastWay, listener));
+    } catch (const std::exception&) {
+        listener.note(text::FileFinding::kReportIncomplete, {});
+    }
+    if (extent.maxElemId < 1)
+        listener.note(Finding::kNoElements, {});
+    if (extent.maxNodeId < 1)
+        listener.note(Finding::kNoNodes, {});
 }
 
 }  // namespace
@@ -82,8 +94,10 @@ bool importDeck(const char* path, NastranFileInfo& info, const text::Listener& l
         const DeckExtent extent = scanIdentifiers(deck.get(), fastWay, listener.withoutFindings());
         if (!listener.hasStopped()) {
             info.extent = extent;
-            if (std::min({extent.maxNodeId, extent.maxElemId, extent.maxPropId}) < 1)
+            if (std::min({extent.maxNodeId, extent.maxElemId, extent.maxPropId}) < 1) {
+                explainNoTables(deck.get(), extent, fastWay, listener);
                 return false;
+            }
             if (!text::rewindFile(deck.get(), listener))
                 return false;
             DeckTables tables = readCards(deck.get(), extent, fastWay, listener);

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "text/zeroed_array.h"
@@ -23,6 +25,47 @@ inline constexpr std::size_t kSectionWidth = 3;
 /// Property OID, material OID and value of a property card.
 using SectionRow = std::array<int, kSectionWidth>;
 
+/// A set of row numbers, of which an empty set takes no memory.
+class RowSet {
+  public:
+    RowSet() = default;
+    explicit RowSet(std::size_t rows) : words_((rows + kWordBits - 1) / kWordBits) {}
+
+    bool contains(std::size_t row) const {
+        return row / kWordBits < words_.size() &&
+               (words_[row / kWordBits] >> row % kWordBits & 1) != 0;
+    }
+    /// Rows beyond the set's size are not taken.
+    void add(std::size_t row) {
+        if (row / kWordBits < words_.size())
+            words_[row / kWordBits] |= std::uint64_t{1} << row % kWordBits;
+    }
+    std::size_t count() const {
+        std::size_t sum = 0;
+        for (const std::uint64_t word : words_)
+            sum += static_cast<std::size_t>(std::popcount(word));
+        return sum;
+    }
+    /// The first row that is not in the set.
+    std::size_t firstGap() const {
+        std::size_t row = 0;
+        while (contains(row))
+            ++row;
+        return row;
+    }
+    template <class Visit>
+    void forEach(const Visit& visit) const {
+        for (std::size_t i = 0; i < words_.size(); ++i)
+            for (std::uint64_t word = words_[i]; word != 0; word &= word - 1)
+                visit(i * kWordBits + static_cast<std::size_t>(std::countr_zero(word)));
+    }
+
+  private:
+    static constexpr std::size_t kWordBits = 64;
+
+    std::vector<std::uint64_t> words_;
+};
+
 /// One deck: rows by OID, made beforehand for its extent, and sections in deck order.
 struct DeckTables {
     DeckExtent extent;
@@ -32,6 +75,10 @@ struct DeckTables {
     text::ZeroedArray<int> materialFlags;  // by material OID, up to `sectionCount`
     int sectionCount = 0;                  // property OID of the last property card, 0 without one
     std::size_t sectionRows = 0;           // rows of `sections` that hold a card
+    // Rows that are filled, and those of shells, which stay zero. Empty while nobody listens.
+    RowSet nodeRows;
+    RowSet elementRows;
+    RowSet shellRows;
 };
 
 struct NastranFileInfo {

@@ -2,7 +2,9 @@
 #include "nastran/tables.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
+#include <span>
 
 #include "text/scan.h"
 
@@ -16,6 +18,20 @@ int truncate(float value) {
     return fits ? static_cast<int>(value) : INT_MIN;
 }
 
+std::array<float, kNodeWidth> nodeRow(const CardNumbers& numbers) {
+    const auto& [x, y, z] = numbers.doubles;
+    return {static_cast<float>(numbers.ints[0]), static_cast<float>(x), static_cast<float>(y),
+            static_cast<float>(z)};
+}
+
+std::array<int, kElemWidth> elementRow(const CardRule& rule, const CardNumbers& numbers) {
+    std::array<int, kElemWidth> row;
+    row[0] = numbers.ints[0];
+    const int* const first = &numbers.ints[2];
+    std::fill(std::copy_n(first, rule.nodes, row.begin() + 1), row.end(), first[rule.nodes - 1]);
+    return row;
+}
+
 }  // namespace
 
 void raiseExtent(const CardRule& rule, int first, int second, DeckExtent& extent) {
@@ -27,14 +43,20 @@ void raiseExtent(const CardRule& rule, int first, int second, DeckExtent& extent
     }
 }
 
-void raiseExtent(std::string_view normalised, DeckExtent& extent) {
+bool scanOids(std::string_view normalised, int& first, int& second) {
     std::string_view name;
-    int first = 0;
-    int second = 0;
     text::Scan scan(normalised);
     if (!scan.word(name) || !scan.integer(first))
-        return;
+        return false;
     scan.integer(second);
+    return true;
+}
+
+void raiseExtent(std::string_view normalised, DeckExtent& extent) {
+    int first = 0;
+    int second = 0;
+    if (!scanOids(normalised, first, second))
+        return;
     for (const CardRule& rule : kCardRules)
         if (holds(normalised, rule.name))
             raiseExtent(rule, first, second, extent);
@@ -45,22 +67,23 @@ void storeCard(const CardRule& rule, const CardNumbers& numbers, DeckTables& tab
     const int oid = numbers.ints[0];
     const std::size_t row = text::asSize(oid) - 1;  // beyond all rows where it is below 1
     if (rule.code == CardCode::kGrid) {
-        if (row >= text::asSize(tables.extent.maxNodeId))
-            return;
-        float* to = tables.nodes.get() + row * kNodeWidth;
-        *to++ = static_cast<float>(oid);
-        for (const double coordinate : numbers.doubles)
-            *to++ = static_cast<float>(coordinate);
+        if (row < text::asSize(tables.extent.maxNodeId))
+            std::ranges::copy(nodeRow(numbers), tables.nodes.get() + row * kNodeWidth);
     } else if (rule.nodes > 0) {
-        if (row >= text::asSize(tables.extent.maxElemId))
-            return;
-        int* const to = tables.elements.get() + row * kElemWidth;
-        *to = oid;
-        const int* const first = &numbers.ints[2];
-        std::fill(std::copy_n(first, rule.nodes, to + 1), to + kElemWidth, first[rule.nodes - 1]);
+        if (row < text::asSize(tables.extent.maxElemId))
+            std::ranges::copy(elementRow(rule, numbers), tables.elements.get() + row * kElemWidth);
     } else if (!rule.isElement()) {
         sections.push_back({oid, numbers.ints[1], truncate(numbers.floats[0])});
     }
+}
+
+bool isInRow(const CardRule& rule, const CardNumbers& numbers, const DeckTables& tables) {
+    const std::size_t row = text::asSize(numbers.ints[0]) - 1;
+    return rule.code == CardCode::kGrid
+               ? std::ranges::equal(nodeRow(numbers),
+                                    std::span(&tables.nodes[row * kNodeWidth], kNodeWidth))
+               : std::ranges::equal(elementRow(rule, numbers),
+                                    std::span(&tables.elements[row * kElemWidth], kElemWidth));
 }
 
 void makeSectionTable(const std::vector<SectionRow>& cards, DeckTables& tables) {

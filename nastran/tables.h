@@ -9,6 +9,10 @@
 
 namespace kvocaeio::nastran {
 
+/// Reads the first two numbers of a card, the second one where it can be read. False where the
+/// first one cannot.
+bool scanOids(std::string_view normalised, int& first, int& second);
+
 /// Raises the largest OIDs by a card, of which `first` and `second` are the first numbers.
 void raiseExtent(const CardRule& rule, int first, int second, DeckExtent& extent);
 
@@ -18,6 +22,9 @@ void raiseExtent(std::string_view normalised, DeckExtent& extent);
 /// Stores a node or element in its row, if the tables have one, and a property behind `sections`.
 void storeCard(const CardRule& rule, const CardNumbers& numbers, DeckTables& tables,
                std::vector<SectionRow>& sections);
+
+/// Whether a node or element stands in its row, which the tables have, already.
+bool isInRow(const CardRule& rule, const CardNumbers& numbers, const DeckTables& tables);
 
 /// Makes the table of the property cards, and the flags of the materials in it.
 void makeSectionTable(const std::vector<SectionRow>& cards, DeckTables& tables);

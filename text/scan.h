@@ -104,7 +104,7 @@ class Scan {
     /// White space, then the one character `c`, then white space: " , " in a format.
     bool separator(char c) { return space() && literal(c) && space(); }
 
-    /// Where the next directive begins to read, while none has failed.
+    /// Where the next directive begins; the end of the text after one that failed.
     const char* position() const { return position_; }
 
   private:

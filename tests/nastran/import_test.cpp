@@ -2,13 +2,16 @@
 #include "nastran/import.h"
 
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "nastran/deck.h"
 #include "nastran/twin_imports.h"
 #include "support/failing_reads.h"
 #include "support/files.h"
+#include "support/findings.h"
 
 namespace kvocaeio::test {
 namespace {
@@ -21,43 +24,147 @@ class ListenedImport : public testing::Test {
         return nastran::importDeck(folder.write("deck.nas", deck).c_str(), info,
                                    {&findings, nullptr});
     }
-    std::size_t count(Finding kind) const { return findings.count(static_cast<std::size_t>(kind)); }
-    const text::FindingPlace& place(Finding kind, std::size_t number) const {
-        return findings.places(static_cast<std::size_t>(kind))[number];
+    std::vector<std::string> found(const std::string& deck) {
+        import(deck);
+        return describe(findings);
     }
 
     TempFolder folder;
     nastran::NastranFileInfo info;
-    text::Findings findings{nastran::kFindingKinds};
+    text::Findings findings;
 };
 
+using testing::ElementsAre;
+
+const std::string kBar = "CBAR           1       1       1       1\n";
+const std::string kHexa =
+    "CHEXA          1       1       1       1       1       1       1       1\n";
+const std::string kWholeHexa =
+    "CHEXA   00000001       1       1       1       1       1       1       1\n";
+
 TEST_F(ListenedImport, NotesCardsOfUnknownNames) {
-    EXPECT_TRUE(import("$ bracket\nSOL 101\n" + kGrid + kTetra +
-                       "+              5       6\nCQUAD4         2       1\n\nfoo\nCHEXA,3\n,4\n"));
-    ASSERT_EQ(count(Finding::kCardUnknown), 2u);
-    EXPECT_EQ(place(Finding::kCardUnknown, 0).line, 2u);
-    EXPECT_EQ(place(Finding::kCardUnknown, 0).text(), "SOL 101");
-    EXPECT_EQ(place(Finding::kCardUnknown, 1).line, 8u);
+    EXPECT_THAT(found("$ bracket\nSOL 101\nCEND\nTITLE = A\nBEGIN BULK\n" + kGrid + kBar +
+                      "\nfoo\nMAT1           1\n+        1.\nPCOMP1\nCELAS1\nENDDATA\n"),
+                ElementsAre("nastran.card-unknown (FOO) 9:0 foo",
+                            "nastran.card-unknown (MAT1) 10:0 MAT1           1",
+                            "nastran.property-unknown (PCOMP1) 12:0 PCOMP1",
+                            "nastran.element-unknown (CELAS1) 13:0 CELAS1"));
 }
 
 TEST_F(ListenedImport, NotesFieldsThatKeepAnEarlierCardsValue) {
-    EXPECT_TRUE(import(kGrid + kTetra + "GRID           1       0     1.5     abc     2.5\n" +
-                       "GRID           1       0     2.5\n"));
-    ASSERT_EQ(count(Finding::kFieldStale), 1u);
-    EXPECT_EQ(place(Finding::kFieldStale, 0).line, 3u);
+    EXPECT_THAT(
+        found(kGrid + kBar + "GRID           1       0     1.5     abc     2.5\n" +
+              "GRID           1       0     2.5\n"),
+        ElementsAre("nastran.field-stale (GRID) 3:38 abc", "nastran.oid-twice (GRID) 4:16 1"));
     EXPECT_EQ(info.decks[0].nodes[1], 2.5F);
 }
 
-TEST_F(ListenedImport, NotesLinesThatAreCut) {
-    EXPECT_TRUE(import(kGrid + "$" + std::string(600, '-') + "\n" + kTetra));
-    ASSERT_EQ(count(Finding::kLineCut), 2u);
-    EXPECT_EQ(place(Finding::kLineCut, 1).line, 2u);
+TEST_F(ListenedImport, NotesTheFieldThatIsReadWrongly) {
+    EXPECT_THAT(found(kGrid + kBar + "GRID,1,0,1.5,2.,3.\n"),
+                ElementsAre("nastran.free-field (GRID) 3:10 1.5"));
+    findings.clear();
+    EXPECT_THAT(
+        found(kGrid + kBar + "GRID           1       0  1.0E+3      2.      3.\n" +
+              "GRID           1       0     +1.      2.      3.\n" +
+              "GRID           1       0    1.D3      2.      3.\n" +
+              "GRID          1.       0      1.      2.      3.\n" + "GRID\t1\t\t1.5\t2.\t3.\n"),
+        ElementsAre("nastran.exponent-torn (GRID) 3:27 1.0E+3", "nastran.sign-torn (GRID) 4:30 +1.",
+                    "nastran.exponent-d (GRID) 5:29 1.D3", "nastran.field-misread (GRID) 6:15 1.",
+                    "nastran.tab (GRID) 7:8 "));
 }
 
-TEST_F(ListenedImport, NotesNothingWhileItCounts) {
-    EXPECT_FALSE(import("SOL 101\n$" + std::string(600, '-') + "\nGRID         abc\n"));
-    for (std::size_t kind = 0; kind < findings.kinds().size(); ++kind)
-        EXPECT_EQ(findings.count(kind), 0u) << kind;
+// The first line reads as meant: only the next one tells that the coordinate is lost.
+TEST_F(ListenedImport, NotesACoordinateOnTheSecondLineOfLargeFields) {
+    const std::string grid = "GRID*   1               0               0               0\n";
+    EXPECT_THAT(found(grid + "*       0.7\n" + kBar + grid + "*       0.0\n"),
+                ElementsAre("nastran.large-field (GRID) 2:9 0.7"));
+}
+
+TEST_F(ListenedImport, NotesAFieldOfALongLineByItsColumnThere) {
+    const std::string remark = "$" + std::string(253, '-');
+    EXPECT_THAT(found(kGrid + kBar + remark + "GRID           1       0       x      2.      3.\n"),
+                ElementsAre("nastran.line-cut 3:0 " + remark.substr(0, 80),
+                            "nastran.field-stale (GRID) 3:286 x"));
+    findings.clear();
+    EXPECT_THAT(found(kGrid + kBar + remark +
+                      "CHEXA          1       1       x       1       1       1       1       1\n"
+                      "               1       1\n"),
+                ElementsAre("nastran.line-cut 3:0 " + remark.substr(0, 80),
+                            "nastran.field-stale (CHEXA) 3:286 x"));
+}
+
+TEST_F(ListenedImport, NotesFieldsOfMergedLinesOnTheLineThatTheyStandOn) {
+    EXPECT_THAT(found(kGrid + kHexa + "               1       2\n"),
+                ElementsAre("nastran.hexa-node-lost (CHEXA) 3:16 1"));
+    findings.clear();
+    EXPECT_THAT(found(kGrid + kHexa + ",1,2\n"),
+                ElementsAre("nastran.hexa-node-lost (CHEXA) 3:2 1"));
+    findings.clear();
+    EXPECT_THAT(found(kGrid + kWholeHexa + "        12345678       2\n"),
+                ElementsAre("nastran.continuation-misread (CHEXA) 3:9 12345678"));
+    findings.clear();
+    EXPECT_THAT(found(kGrid + kWholeHexa + "               1       1\n"), ElementsAre());
+    EXPECT_THAT(found(kGrid + kWholeHexa + "               1\n"),
+                ElementsAre("nastran.node-missing (CHEXA) 3:17 "));
+}
+
+TEST_F(ListenedImport, NotesWhatIsNoSecondLine) {
+    EXPECT_THAT(
+        found(kGrid + kWholeHexa + kGrid),
+        ElementsAre("nastran.card-swallowed (CHEXA) 3:0 " + kGrid.substr(0, kGrid.size() - 1)));
+    findings.clear();
+    EXPECT_THAT(found(kGrid + kWholeHexa + "$ nodes\n               1       1\n"),
+                ElementsAre("nastran.continuation-comment (CHEXA) 3:0 $ nodes"));
+    findings.clear();
+    EXPECT_THAT(found(kGrid + kWholeHexa),
+                ElementsAre("nastran.continuation-missing (CHEXA) 2:0 " +
+                            kWholeHexa.substr(0, kWholeHexa.size() - 1)));
+    findings.clear();
+    EXPECT_THAT(
+        found(kGrid + kBar + "$ CHEXA\n" + kGrid + "$ CHEXA\n$\n"),
+        ElementsAre("nastran.card-swallowed (a comment) 4:0 " + kGrid.substr(0, kGrid.size() - 1)));
+}
+
+TEST_F(ListenedImport, NotesMidsideNodesOfAnElementOnce) {
+    EXPECT_THAT(found(kGrid +
+                      "CTETRA         1       1       1       1       1       1       5\n"
+                      "+              6       7       8       9\n"
+                      "CPENTA         1       1       1       1       1       1       1"
+                      "       1\n+              7\n+              8\n" +
+                      kWholeHexa + "               1       1       9\n+             17\n"),
+                ElementsAre("nastran.midside-nodes (CTETRA) 2:64 5",
+                            "nastran.midside-nodes (CPENTA) 5:0 +              7",
+                            "nastran.midside-nodes (CHEXA) 8:32 9"));
+}
+
+TEST_F(ListenedImport, NotesPropertiesThatChange) {
+    EXPECT_THAT(found(kGrid + kBar +
+                      "PSHELL         1       1     0.8\nPROD           2       1"
+                      "     -4.\nPSOLID         1       1       0\n"),
+                ElementsAre("nastran.property-fraction (PSHELL) 3:30 0.8",
+                            "nastran.property-out-of-range (PROD) 4:30 -4.",
+                            "nastran.property-dropped 0:0 property 2",
+                            "nastran.property-dropped 0:0 property 1"));
+}
+
+TEST_F(ListenedImport, SaysWhyItFailsAndWhatWasRead) {
+    EXPECT_FALSE(import("INCLUDE 'a.inc'\n$" + std::string(600, '-') + "\nGRID         abc\n"));
+    EXPECT_EQ(countOf(findings, Finding::kLineCut), 2U);
+    EXPECT_EQ(countOf(findings, Finding::kInclude), 1U);
+    EXPECT_EQ(countOf(findings, Finding::kFieldStale), 1U);
+    EXPECT_EQ(countOf(findings, Finding::kNoElements), 1U);
+    EXPECT_EQ(countOf(findings, Finding::kNoNodes), 1U);
+    EXPECT_EQ(findings.lastError()->kind, &rowOf(Finding::kNoNodes));
+}
+
+TEST_F(ListenedImport, FoldsMillionsOfFindings) {
+    std::string deck = kGrid + kBar;
+    for (int i = 0; i < 20'000; ++i)
+        deck += "X" + std::to_string(i) + "\nGRID,1,0,1.5\n";
+    EXPECT_TRUE(import(deck));
+    EXPECT_EQ(countOf(findings, Finding::kCardUnknown), 20'000U);
+    EXPECT_EQ(countOf(findings, Finding::kFreeField), 20'000U);
+    EXPECT_LE(findings.entryCount(), 30U);
 }
 
 // A deck of a million characters, in several blocks.

@@ -5,6 +5,7 @@
 
 #include "nastran/written_deck.h"
 #include "support/failing_memory.h"
+#include <kvocaeio/report.h>
 
 namespace kvocaeio::test {
 namespace {
@@ -62,6 +63,29 @@ TEST_F(MemoryFailure, OfAReaderGivesFalseAndLeaksNothing) {
         ASSERT_EQ(outstanding, before) << "after " << failures << " allocations";
     }
     EXPECT_GT(failures, 6);
+}
+
+// What the report cannot have is no reason for the tables to be others.
+TEST_F(MemoryFailure, OfAReportLeavesTheTables) {
+    CKVOImportReport report;
+    bool isWhole = false;
+    for (int allocations = 0; !isWhole; ++allocations) {
+        const long before = outstanding;
+        {
+            KVONASTRAN_Reader reader;
+            report.Clear();
+            const bool read = withAllocations(
+                allocations, [&] { return reader.SetFilePath(path.c_str(), &report); });
+            if (read)
+                expectDeck(reader);
+            else
+                EXPECT_EQ(reader.GetNodeCout(), 0);
+            isWhole = read && report.GetCodeCount("nastran.rows-empty") == 2;
+            report.Clear();
+        }
+        ASSERT_EQ(outstanding, before) << "after " << allocations << " allocations";
+        ASSERT_LT(allocations, 1000);
+    }
 }
 
 TEST_F(MemoryFailure, OfASecondReadingLeavesTheFirst) {

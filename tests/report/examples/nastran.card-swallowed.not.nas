@@ -1,0 +1,6 @@
+GRID           1              0.      0.      0.
+GRID           2              1.      0.      0.
+CROD           1       1       1       2
+$ no CHEXA here
+$
+CROD           2       1       2       1

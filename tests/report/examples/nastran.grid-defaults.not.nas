@@ -1,0 +1,4 @@
+GRDSET                                               456
+GRID           1              0.      0.      0.
+GRID           2              1.      0.      0.
+CROD           1       1       1       2
