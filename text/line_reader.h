@@ -79,6 +79,9 @@ class LineReader {
         return static_cast<std::size_t>(position_ - line_) == maxLength_ && !endsLine();
     }
 
+    /// Whether a NUL hides a part of the line taken last.
+    bool isCutAtNul() const { return line_ + length_ != position_; }
+
     /// Lines are counted from here on, block by block, so that `place()` can tell. To be called
     /// before the first line is taken; it costs about a hundredth of a pass.
     void countLines() { countsLines_ = true; }

@@ -9,13 +9,27 @@
 namespace kvocaeio::text {
 
 void PassLines::noteCut() {
-    if (!reader_.isCut())
-        return;
+    if (reader_.isCut())
+        noteOnce(*cutKind_, lastCut_);
+    if (nulKind_ != nullptr && reader_.isCutAtNul())
+        noteOnce(*nulKind_, lastNul_);
+}
+
+void PassLines::noteOnce(const FindingKind& kind, LinePlace& last) {
     const LinePlace place = reader_.place();
-    if (place == lastCut_)
+    if (place == last)
         return;
-    lastCut_ = place;
-    findings_->note(*cutKind_, place.line, 0, line());
+    last = place;
+    findings_->note(kind, place.line, 0, line());
+}
+
+std::size_t PassLines::linesAfter() {
+    if (findings_ == nullptr)
+        return 0;
+    const std::size_t before = reader_.place().line;
+    while (reader_.next()) {
+    }
+    return reader_.place().line - before;
 }
 
 void PassLines::noteEnd() {

@@ -25,6 +25,15 @@ constexpr bool isDigit(char c) {
     return digitValue(c) < 10;
 }
 
+/// `text` without white space at both ends.
+constexpr std::string_view trimSpace(std::string_view text) {
+    while (!text.empty() && isSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
 /// One run of a scan format over one text. Each member is one directive of the format; a directive
 /// that fails writes nothing, and all conversions behind it fail as well, so that a format reads
 ///
@@ -104,6 +113,11 @@ class Scan {
 
     /// White space, then the one character `c`, then white space: " , " in a format.
     bool separator(char c) { return space() && literal(c) && space(); }
+
+    /// What no directive has taken yet; empty once one has failed.
+    std::string_view rest() const {
+        return {position_, static_cast<std::size_t>(end_ - position_)};
+    }
 
   private:
     static constexpr std::int64_t kMaxInt = std::numeric_limits<int>::max();
