@@ -119,8 +119,8 @@ class TableAudit {
             return;
         const double* const coords = model_.nodeBlock.coords.data();
         const bool isSame = std::equal(coords + 3 * row, coords + 3 * row + 3, coords + 3 * last);
-        findings_.note(rowOf(isSame ? Finding::kNodeRepeated : Finding::kNodeConflict), 0, 0,
-                       PlaceText("node ", oid));
+        noteText(&findings_, isSame ? Finding::kNodeRepeated : Finding::kNodeConflict, "node ",
+                 oid);
     }
 
     template <class RowOf>
@@ -133,8 +133,8 @@ class TableAudit {
             const bool isDefined = model_.nodeBlock.ids[static_cast<std::size_t>(row)] == nodes[i];
             rows_[i] = isDefined ? static_cast<std::uint32_t>(row) : MeshAudit::kNoRow;
             if (!isDefined) [[unlikely]]
-                findings_.note(kvocaeio::abaqus::rowOf(Finding::kNodeUndefined), 0, 0,
-                               PlaceText("node ", nodes[i], " of element ", oid));
+                noteText(&findings_, Finding::kNodeUndefined, "node ", nodes[i], " of element ",
+                         oid);
         }
         mesh_.element(oid, rows_, corners);
         const ElemLocation last = oid < 0 ? location : model_.elemOidMap.find(oid);
@@ -147,8 +147,8 @@ class TableAudit {
         const auto width = static_cast<std::size_t>(section.nodesPerElem);
         const std::span<const int> others(section.nodes.data() + last.row * width, width);
         const bool isSame = std::ranges::equal(nodes, others);
-        findings_.note(rowOf(isSame ? Finding::kElementRepeated : Finding::kElementConflict), 0, 0,
-                       PlaceText("element ", oid));
+        noteText(&findings_, isSame ? Finding::kElementRepeated : Finding::kElementConflict,
+                 "element ", oid);
     }
 
     const RawModel& model_;

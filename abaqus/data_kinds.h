@@ -51,10 +51,16 @@ inline constexpr std::array kDataKinds{
                       "element or of a gasket holds the mark of a shell.",
                       "Check whether these elements belong to the model"},
     text::FindingKind{
+        "abaqus.element-type-other", text::Severity::kWarning,
+        "elements of type {} are no solids or shells and have no place in the mesh",
+        "Points, springs, trusses, beams, pipes and connectors are not read. Their OIDs "
+        "are in the raw tables.",
+        ""},
+    text::FindingKind{
         "abaqus.element-field-stale", text::Severity::kError,
         "{} is no number: an element gets the number before it instead",
         "A field that cannot be read keeps the number before it in the block, or 0 at "
-        "its begin.",
+        "the start of the block.",
         "Write the number of a node there"},
     text::FindingKind{"abaqus.field-torn", text::Severity::kWarning,
                       "the number {} is read only in part",
@@ -117,7 +123,7 @@ inline constexpr std::array kDataKinds{
         "abaqus.thickness-unread", text::Severity::kWarning,
         "no thickness can be read from a line of a shell section: {}",
         "A line that does not begin with a number keeps the thickness before it, which "
-        "is 0 at the begin of the block.",
+        "is 0 at the start of the block.",
         "Write the thickness as the first field of the line"},
     text::FindingKind{"abaqus.thickness-replaced", text::Severity::kWarning,
                       "a shell section has several lines: this one takes the place of those before",

@@ -77,7 +77,8 @@ void DeckStore::noteNode(std::string_view line, std::size_t field, bool isWhole,
         if (isNumber ? rest.empty() : isVoid(line.substr(behind)) && text.empty())
             lines_.note(Finding::kCoordinateMissing);
         else
-            lines_.note(isExponentD(rest) ? Finding::kExponentTorn : Finding::kNodeCutShort, text);
+            lines_.note(isExponentD(rest) ? Finding::kExponentTorn : Finding::kNodeCutShort, text,
+                        text.empty() ? "an empty field" : "");
     } else if (const std::string_view beyond = trimSpace(rest); beyond.starts_with(',')) {
         noteFieldsBeyond(beyond, "*NODE");
     } else if (!beyond.empty()) {

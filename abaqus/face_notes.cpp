@@ -20,7 +20,8 @@ FaceNotes::FaceNotes(const RawModel& raw, const text::Listener& listener) noexce
 }
 
 void FaceNotes::label(std::string_view item, std::string_view label) const {
-    listener_.note(Finding::kFaceLabel, PlaceText(label.empty() ? "(none)" : label, " of ", item));
+    noteText(listener_.findings, Finding::kFaceLabel, label.empty() ? "(none)" : label, " of ",
+             item);
 }
 
 void FaceNotes::element(std::int64_t oid, int face, bool hasFace) {
@@ -56,17 +57,19 @@ void FaceNotes::repeat(ElemLocation location, int face, std::string_view what) {
 }
 
 void FaceNotes::set(std::span<const IdRun> elements) const {
+    if (!areNoted())
+        return;
     const auto size = static_cast<std::int64_t>(raw_.elemOidMap.size());
     for (const IdRun& run : elements) {
         if (run.first < 0)
-            listener_.note(Finding::kFaceElementUnknown, PlaceText("element ", run.first));
+            noteText(listener_.findings, Finding::kFaceElementUnknown, "element ", run.first);
         if (run.last >= size)
-            listener_.note(Finding::kFaceElementUnknown, PlaceText("element ", run.last));
+            noteText(listener_.findings, Finding::kFaceElementUnknown, "element ", run.last);
     }
 }
 
 void FaceNotes::repeatedSet(std::string_view name, int face) const {
-    listener_.note(Finding::kFaceRepeated, PlaceText("face ", face, " of set ", name));
+    noteText(listener_.findings, Finding::kFaceRepeated, "face ", face, " of set ", name);
 }
 
 void FaceNotes::surfaceSet(std::string_view name, bool isKnown) const {

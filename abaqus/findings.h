@@ -41,6 +41,7 @@ enum class Finding : unsigned char {
     kOidOutOfRange,
     kElementTypeUnknown,
     kElementTypeFlat,
+    kElementTypeOther,
     kElementFieldStale,
     kFieldTorn,
     kElementRunsOn,

@@ -68,6 +68,18 @@ WrittenParameter takeParameter(std::string_view& rest) {
             hasValue ? trimSpace(field.substr(equals + 1)) : std::string_view(), hasValue};
 }
 
+// Their names hold the mark of a shell: plane stress, gaskets of it, line springs.
+constexpr std::string_view kFlatFamilies[] = {"CPS", "GKPS", "LS3"};
+// Elements that are no solids, shells or other bodies with faces.
+constexpr std::string_view kOtherFamilies[] = {
+    "MASS", "ROTARYI", "HEATCAP", "SPRING", "DASHPOT", "JOINT", "GAP",  "B2",
+    "B3",   "PIPE",    "ELBOW",   "FRAME",  "T2",      "T3",    "CONN", "R2D2",
+    "RB2",  "RB3",     "DCOUP",   "ITS",    "DC1D",    "DCC1D", "AC1D", "F2D2"};
+
+bool beginsWithOne(std::string_view name, std::span<const std::string_view> families) {
+    return std::ranges::any_of(families, [&](auto family) { return name.starts_with(family); });
+}
+
 /// The parameters of one keyword line and what the section reader takes of them.
 class ParameterNotes {
   public:
@@ -219,18 +231,15 @@ void noteKeywordLine(DeckLines& lines, std::string_view keywordLine, std::string
 
 void noteElementType(DeckLines& lines, std::string_view keywordLine, std::string_view typeValue,
                      ElementType type) {
-    // Marks of shells in the names of what is none: plane stress, gaskets of it, line springs.
-    constexpr std::string_view kFlatFamilies[] = {"CPS", "GKPS", "LS3"};
-    const auto holds = [&](std::string_view family) {
-        return typeValue.find(family) != std::string_view::npos;
-    };
-    const bool isUnknown = type.geometry == GeometryType::kUnknown;
-    const bool isFlat =
-        type.geometry == GeometryType::kShell && std::ranges::any_of(kFlatFamilies, holds);
-    if (!lines.areNoted() || (!isUnknown && !isFlat))
+    if (!lines.areNoted() || type.geometry == GeometryType::kSolid)
         return;
     const std::string_view name = trimSpace(typeValue);
-    const Finding finding = isUnknown ? Finding::kElementTypeUnknown : Finding::kElementTypeFlat;
+    Finding finding = Finding::kElementTypeFlat;
+    if (type.geometry == GeometryType::kUnknown)
+        finding = beginsWithOne(name, kOtherFamilies) ? Finding::kElementTypeOther
+                                                      : Finding::kElementTypeUnknown;
+    else if (!beginsWithOne(name, kFlatFamilies))
+        return;
     if (name.empty())
         return lines.noteNamed(finding, "(none)");
     const auto at = static_cast<std::size_t>(name.data() - keywordLine.data());

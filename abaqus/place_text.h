@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "text/findings.h"
+#include "abaqus/findings.h"
 
 namespace kvocaeio::abaqus {
 
@@ -35,5 +35,15 @@ class PlaceText {
     std::array<char, text::FindingPlace::kMostText> characters_;
     std::size_t length_ = 0;
 };
+
+/// Notes what no line is concerned with; `findings` is null while nobody listens. The parts of its
+/// place are put together where the place is kept.
+template <class... Parts>
+void noteText(text::Findings* findings, Finding finding, const Parts&... parts) {
+    if (findings == nullptr)
+        return;
+    if (text::FindingPlace* const place = findings->count(rowOf(finding), {}))
+        place->setText(PlaceText(parts...));
+}
 
 }  // namespace kvocaeio::abaqus

@@ -30,7 +30,7 @@ class SplitNotes {
     void finish() {
         for (std::size_t row = 0; row < isHeld_.size(); ++row)
             if (!isHeld_[row])
-                note(Finding::kElementInNoSet, PlaceText("element ", source_.ids[row]));
+                noteElement(Finding::kElementInNoSet, source_.ids[row]);
         if (isWhole_)
             noteNamed(Finding::kSectionSplit, source_.elset);
     }
@@ -39,18 +39,19 @@ class SplitNotes {
     // `oid` is that of the element which the new section has for `wanted`.
     void element(int oid, int wanted) {
         if (oid != wanted)
-            return note(Finding::kRangeElementUnknown, PlaceText("element ", wanted));
+            return noteElement(Finding::kRangeElementUnknown, wanted);
         const auto row = static_cast<std::size_t>(rowOfOid_.find(oid));
         if (isHeld_[row])
-            note(Finding::kElementInTwoSets, PlaceText("element ", oid));
+            noteElement(Finding::kElementInTwoSets, oid);
         isHeld_[row] = true;
     }
 
-    void noteNamed(Finding finding, std::string_view name) {
-        note(finding, nameOrNone(name), nameOrNone(name));
+    void noteElement(Finding finding, int oid) {
+        noteText(listener_.findings, finding, "element ", oid);
+        isWhole_ = false;
     }
-    void note(Finding finding, std::string_view what, std::string_view subject = {}) {
-        listener_.note(finding, what, subject);
+    void noteNamed(Finding finding, std::string_view name) {
+        listener_.note(finding, nameOrNone(name), nameOrNone(name));
         isWhole_ = false;
     }
 

@@ -122,10 +122,12 @@ TEST(AbaqusFindings, ParametersAsTheyStandInTheFile) {
 }
 
 TEST(AbaqusFindings, ElementTypes) {
-    EXPECT_THAT(importNotes("*Element, type=b31, elset=A\n1\n*ELEMENT\n*ELEMENT, TYPE= cps4r\n"),
-                ElementsAre("abaqus.element-type-unknown (B31) 1:16 b31",
+    EXPECT_THAT(importNotes("*Element, type=b31, elset=A\n1\n*ELEMENT\n*ELEMENT, TYPE= "
+                            "cps4r\n*ELEMENT, TYPE=S8R\n"),
+                ElementsAre("abaqus.element-type-other (B31) 1:16 b31",
                             "abaqus.element-type-unknown ((none)) 3:0 *ELEMENT",
-                            "abaqus.element-type-flat (CPS4R) 4:17 cps4r"));
+                            "abaqus.element-type-flat (CPS4R) 4:17 cps4r",
+                            "abaqus.element-type-unknown (S8R) 5:16 S8R"));
 }
 
 TEST(AbaqusFindings, FieldsOfNodes) {
@@ -136,9 +138,9 @@ TEST(AbaqusFindings, FieldsOfNodes) {
         ElementsAre("abaqus.coordinate-missing 2:0 1, 2.", "abaqus.coordinate-missing 12:0 -3",
                     "abaqus.coordinate-missing 14:0 13, 1., ,", "abaqus.node-without-number 3:0 ",
                     "abaqus.node-cut-short 4:8 y", "abaqus.node-cut-short 5:1 1.5",
-                    "abaqus.node-cut-short 8:4 ", "abaqus.node-cut-short 9:1 9 1. 2. 3.",
-                    "abaqus.node-cut-short 13:13 3. 4.", "abaqus.exponent-torn 6:12 3.d-2",
-                    "abaqus.exponent-torn 7:4 1.D3",
+                    "abaqus.node-cut-short 9:1 9 1. 2. 3.", "abaqus.node-cut-short 13:13 3. 4.",
+                    "abaqus.exponent-torn 6:12 3.d-2", "abaqus.exponent-torn 7:4 1.D3",
+                    "abaqus.node-cut-short (an empty field) 8:4 ",
                     "abaqus.fields-ignored (*NODE) 10:0 10, 1., 2., 3., 0., 1.",
                     "abaqus.oid-out-of-range 11:1 99999999999", "abaqus.oid-out-of-range 12:1 -3"));
 }
@@ -210,7 +212,7 @@ TEST(AbaqusFindings, TheCountingPassSaysNothing) {
     const test::TempFolder folder;
     const test::CapturedOutput quiet;
     const std::string path = folder.write(
-        "deck.inp", "*HEADING\n*ELEMENT, TYPE=B31\n*ELSET, INTERNAL\n*NODE\nx\n*SURFACE\n");
+        "deck.inp", "*HEADING\n*ELEMENT, TYPE=S8R\n*ELSET, INTERNAL\n*NODE\nx\n*SURFACE\n");
     AbaqusModel model;
     text::Findings findings;
     ASSERT_TRUE(importDeck(model, path.c_str(), {&findings, nullptr}));
