@@ -14,6 +14,9 @@ FaceNotes::FaceNotes(const RawModel& raw, const text::Listener& listener) noexce
         return;
     try {
         named_.resize(raw.elemSections.size());
+        for (const ElemSection& section : raw.elemSections)
+            blockNames_.push_back(section.elset);
+        std::ranges::sort(blockNames_);
     } catch (const std::exception&) {
         listener.note(text::FileFinding::kReportIncomplete, {});
     }
@@ -75,8 +78,7 @@ void FaceNotes::repeatedSet(std::string_view name, int face) const {
 void FaceNotes::surfaceSet(std::string_view name, bool isKnown) const {
     if (!isKnown)
         listener_.note(Finding::kSurfaceSetUnknown, name);
-    else if (std::ranges::find(raw_.elemSections, name, &ElemSection::elset) !=
-             raw_.elemSections.end())
+    else if (std::ranges::binary_search(blockNames_, name))
         listener_.note(Finding::kSetShadowsBlock, name, name);
 }
 

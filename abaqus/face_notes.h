@@ -37,6 +37,7 @@ class FaceNotes {
     const RawModel& raw_;
     const text::Listener& listener_;
     std::vector<std::vector<std::uint8_t>> named_;  // faces of each element of each section
+    std::vector<std::string_view> blockNames_;      // of the element sections, sorted
 };
 
 }  // namespace kvocaeio::abaqus
