@@ -19,7 +19,7 @@ void DeckStore::addNode(std::string_view line) {
     const bool isWhole = scan.integer(block.ids[nodeRow_++]) && nextField() &&
                          scan.real(coord[0]) && nextField() && scan.real(coord[1]) && nextField() &&
                          scan.real(coord[2]);
-    if (lines_.areNoted()) [[unlikely]]
+    if (areNoted_) [[unlikely]]
         noteNode(line, field, isWhole, scan.rest());
 }
 
@@ -54,7 +54,7 @@ std::size_t DeckStore::addElementTokens(std::string_view line, std::size_t wante
             at = readOddNumber(token, end);
         storeElementNumber();
     }
-    if (taken == wanted && lines_.areNoted()) [[unlikely]]
+    if (taken == wanted && areNoted_) [[unlikely]]
         noteElementFieldsBeyond({at, end});
     return taken;
 }
@@ -108,7 +108,7 @@ void DeckStore::addMembers(std::string_view line) {
     text::Tokens tokens(folded_);
     for (std::string_view token; tokens.next(kDataField, token);)
         elset_->members.emplace_back(token);
-    if (lines_.areNoted()) [[unlikely]]
+    if (areNoted_) [[unlikely]]
         noteMembers(line);
 }
 
@@ -148,7 +148,7 @@ void DeckStore::addSurfaceItem(std::string_view line) {
     tokens.next(kDataField, face);
     surface_->faces.emplace_back(face);
     surface_->items.emplace_back(item);
-    if (lines_.areNoted() && !noteKeywordInData(line)) [[unlikely]]
+    if (areNoted_ && !noteKeywordInData(line)) [[unlikely]]
         noteFieldsBeyond(tokens.rest(), "*SURFACE");
 }
 
@@ -171,7 +171,7 @@ void DeckStore::addLoad(std::string_view line) {
     dload_->values.push_back(loadValue_);
     dload_->faceIdx.emplace_back(label);
     dload_->elemIDs.push_back(loadElement_);
-    if (lines_.areNoted() && !noteKeywordInData(line)) [[unlikely]] {
+    if (areNoted_ && !noteKeywordInData(line)) [[unlikely]] {
         noteLoad(oid, isNumber, scan.rest());
         noteFieldsBeyond(tokens.rest(), "*DLOAD");
     }
@@ -189,7 +189,7 @@ void DeckStore::setThickness(std::string_view line) {
     text::Scan scan(line);
     const bool isNumber = scan.real(thickness_);
     shellSection_->thickness = thickness_;
-    if (lines_.areNoted()) [[unlikely]]
+    if (areNoted_) [[unlikely]]
         noteThickness(line, isNumber, scan.rest());
     hasThickness_ = hasThickness_ || isNumber;
 }

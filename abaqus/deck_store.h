@@ -33,7 +33,8 @@ class EntryInHand {
 class DeckStore {
   public:
     /// Notes on `lines`, whose line in hand is the one handed in, what cannot be read of it.
-    DeckStore(AbaqusModel& model, DeckLines& lines) : model_(model), lines_(lines) {}
+    DeckStore(AbaqusModel& model, DeckLines& lines)
+        : model_(model), lines_(lines), areNoted_(lines.areNoted()) {}
 
     // What the scanner calls. Values that cannot be read keep what stood there before.
 
@@ -72,6 +73,7 @@ class DeckStore {
 
     AbaqusModel& model_;
     DeckLines& lines_;
+    const bool areNoted_;
     std::string folded_;
     std::size_t nodeRow_ = 0;
 
