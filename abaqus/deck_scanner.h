@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "abaqus/element_section.h"
+#include "abaqus/keyword_notes.h"
 #include "abaqus/lines.h"
 #include "abaqus/node_section.h"
 #include "abaqus/set_sections.h"
@@ -38,6 +39,7 @@ inline constexpr SectionReader<Sink> kSectionReaders[] = {
 template <class Sink>
 void scanDeck(DeckLines& lines, Sink& sink) {
     std::string keywordLine;
+    noteEncoding(lines);
     while (!lines.hasEnded() && lines.next()) {
         text::foldToUpper(lines.line(), keywordLine);
         text::Tokens fields(keywordLine);
@@ -48,10 +50,11 @@ void scanDeck(DeckLines& lines, Sink& sink) {
         const auto reader =
             std::ranges::find(kSectionReaders<Sink>, keyword, &SectionReader<Sink>::keyword);
         if (reader == std::end(kSectionReaders<Sink>)) {
-            lines.note(Finding::kKeywordUnknown);
-            lines.forEachDataLine([] {});
+            noteUnknownLine(lines, keyword);
+            lines.forEachDataLine([&] { noteSkippedLine(lines); });
             continue;
         }
+        noteKeywordLine(lines, keywordLine, keyword);
         std::printf("Reading %s Section...\n", reader->title);
         reader->read(lines, keywordLine, sink);
     }

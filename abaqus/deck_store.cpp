@@ -1,43 +1,12 @@
 /// Storing the values of the data lines.
 #include "abaqus/deck_store.h"
 
+#include <algorithm>
+
 #include "text/ascii.h"
 #include "text/scan.h"
 
 namespace kvocaeio::abaqus {
-
-namespace {
-
-// Reads the token at `at`, which is not at a delimiter, into `value`, as "%d" reads it. Returns
-// the token's end.
-const char* readInteger(const char* at, const char* end, int& value) {
-    constexpr int kDigitsThatFit = 9;
-    const char* const token = at;
-    unsigned number = 0;
-    for (unsigned digit; at != end && (digit = static_cast<unsigned>(*at) - '0') < 10; ++at)
-        number = 10 * number + digit;
-    const auto digits = at - token;
-    while (at != end && !kDataField.contains(*at))
-        ++at;
-    if (digits > 0 && digits <= kDigitsThatFit)
-        value = static_cast<int>(number);
-    else
-        text::Scan(std::string_view(token, static_cast<std::size_t>(at - token))).integer(value);
-    return at;
-}
-
-}  // namespace
-
-// Notes the field after `field` commas, or after the last one where there are fewer.
-void DeckStore::noteUnread(std::string_view line, std::size_t field) {
-    if (!lines_.areNoted())
-        return;
-    for (; field > 0; --field)
-        line.remove_prefix(line.find(',') + 1);  // 0 where there is no further comma
-    std::string_view unread;
-    text::Tokens(line.substr(0, line.find(','))).next(kKeywordField, unread);
-    lines_.noteField(Finding::kFieldUnread, text::trimBlanks(unread));
-}
 
 void DeckStore::addNode(std::string_view line) {
     NodeBlock& block = model_.nodeBlock;
@@ -47,9 +16,11 @@ void DeckStore::addNode(std::string_view line) {
     std::size_t field = 0;
     text::Scan scan(line);
     const auto nextField = [&] { return scan.separator(',') && ++field > 0; };
-    if (!(scan.integer(block.ids[nodeRow_++]) && nextField() && scan.real(coord[0]) &&
-          nextField() && scan.real(coord[1]) && nextField() && scan.real(coord[2])))
-        noteUnread(line, field);
+    const bool isWhole = scan.integer(block.ids[nodeRow_++]) && nextField() &&
+                         scan.real(coord[0]) && nextField() && scan.real(coord[1]) && nextField() &&
+                         scan.real(coord[2]);
+    if (areNoted_) [[unlikely]]
+        noteNode(line, field, isWhole, scan.rest());
 }
 
 void DeckStore::beginElements(std::string_view typeName, std::string_view elset, ElementType type) {
@@ -70,10 +41,32 @@ std::size_t DeckStore::addElementTokens(std::string_view line, std::size_t wante
             ++at;
         if (at == end)
             break;
-        at = readInteger(at, end, elementNumber_);
+        constexpr int kDigitsThatFit = 9;
+        const char* const token = at;
+        unsigned number = 0;
+        for (unsigned digit; at != end && (digit = static_cast<unsigned>(*at) - '0') < 10; ++at)
+            number = 10 * number + digit;
+        const auto digits = at - token;
+        if (digits > 0 && digits <= kDigitsThatFit && (at == end || kDataField.contains(*at)))
+            [[likely]]
+            elementNumber_ = static_cast<int>(number);
+        else
+            at = readOddNumber(token, end);
         storeElementNumber();
     }
+    if (taken == wanted && areNoted_) [[unlikely]]
+        noteElementFieldsBeyond({at, end});
     return taken;
+}
+
+// Reads what is not made of a few digits alone, as "%d" reads it. Returns the token's end.
+const char* DeckStore::readOddNumber(const char* token, const char* end) {
+    const char* const tokenEnd =
+        std::find_if(token, end, [](char c) { return kDataField.contains(c); });
+    text::Scan scan(std::string_view(token, tokenEnd));
+    const bool isNumber = scan.integer(elementNumber_);
+    noteElementNumber({token, tokenEnd}, isNumber, scan.rest());
+    return tokenEnd;
 }
 
 void DeckStore::storeElementNumber() {
@@ -107,6 +100,7 @@ void DeckStore::beginElset(std::string_view name, bool generated) {
     elset_->name = name;
     if (generated)
         elset_->parameter = "GENERATE";
+    hasRange_ = false;
 }
 
 void DeckStore::addMembers(std::string_view line) {
@@ -114,6 +108,8 @@ void DeckStore::addMembers(std::string_view line) {
     text::Tokens tokens(folded_);
     for (std::string_view token; tokens.next(kDataField, token);)
         elset_->members.emplace_back(token);
+    if (areNoted_) [[unlikely]]
+        noteMembers(line);
 }
 
 // The last line counts that holds a number at all. A missing end is the start, a missing step 1.
@@ -121,16 +117,19 @@ void DeckStore::setRange(std::string_view line) {
     int start = 0;
     text::Scan scan(line);
     if (!scan.integer(start))
-        return noteUnread(line, 0);
+        return noteRange(line, 0);
     int end = start;
     int step = 1;
-    std::size_t field = 0;
-    const auto nextField = [&] { return scan.literal(',') && ++field > 0; };
-    if (!(nextField() && scan.integer(end) && nextField() && scan.integer(step)))
-        noteUnread(line, field);
+    std::size_t fields = 1;
+    const auto nextField = [&](int& number) {
+        return scan.literal(',') && scan.integer(number) && ++fields > 0;
+    };
+    nextField(end) && nextField(step);
     elset_->genStart = start;
     elset_->genEnd = end;
     elset_->genStep = step;
+    noteRange(line, fields);
+    hasRange_ = true;
 }
 
 void DeckStore::beginSurface(std::string_view type, std::string_view name) {
@@ -144,11 +143,13 @@ void DeckStore::addSurfaceItem(std::string_view line) {
     text::Tokens tokens(folded_);
     std::string_view item;
     if (!tokens.next(kDataField, item))
-        return lines_.note(Finding::kLineWithoutEntry);
+        return;
     std::string_view face;
     tokens.next(kDataField, face);
     surface_->faces.emplace_back(face);
     surface_->items.emplace_back(item);
+    if (areNoted_ && !noteKeywordInData(line)) [[unlikely]]
+        noteFieldsBeyond(tokens.rest(), "*SURFACE");
 }
 
 void DeckStore::beginDload() {
@@ -161,29 +162,36 @@ void DeckStore::addLoad(std::string_view line) {
     text::Tokens tokens(line);
     std::string_view oid, label, value;
     if (!tokens.next(kDataField, oid))
-        return lines_.note(Finding::kLineWithoutEntry);
+        return;
     tokens.next(kDataField, label);
     tokens.next(kDataField, value);
-    if (!text::Scan(oid).integer(loadElement_))
-        lines_.noteField(Finding::kFieldUnread, oid);
-    if (!text::Scan(value).real(loadValue_))
-        lines_.noteField(Finding::kFieldUnread, value);
+    text::Scan scan(oid);
+    const bool isNumber = scan.integer(loadElement_);
+    text::Scan(value).real(loadValue_);
     dload_->values.push_back(loadValue_);
     dload_->faceIdx.emplace_back(label);
     dload_->elemIDs.push_back(loadElement_);
+    if (areNoted_ && !noteKeywordInData(line)) [[unlikely]] {
+        noteLoad(oid, isNumber, scan.rest());
+        noteFieldsBeyond(tokens.rest(), "*DLOAD");
+    }
 }
 
 void DeckStore::beginShellSection(std::string_view material, std::string_view elset) {
     shellSection_.takeFrom(model_.shellSections);
     thickness_ = 0.0;
+    hasThickness_ = false;
     shellSection_->material = material;
     shellSection_->elset = elset;
 }
 
 void DeckStore::setThickness(std::string_view line) {
-    if (!text::Scan(line).real(thickness_))
-        noteUnread(line, 0);
+    text::Scan scan(line);
+    const bool isNumber = scan.real(thickness_);
     shellSection_->thickness = thickness_;
+    if (areNoted_) [[unlikely]]
+        noteThickness(line, isNumber, scan.rest());
+    hasThickness_ = hasThickness_ || isNumber;
 }
 
 }  // namespace kvocaeio::abaqus

@@ -33,7 +33,8 @@ class EntryInHand {
 class DeckStore {
   public:
     /// Notes on `lines`, whose line in hand is the one handed in, what cannot be read of it.
-    DeckStore(AbaqusModel& model, DeckLines& lines) : model_(model), lines_(lines) {}
+    DeckStore(AbaqusModel& model, DeckLines& lines)
+        : model_(model), lines_(lines), areNoted_(lines.areNoted()) {}
 
     // What the scanner calls. Values that cannot be read keep what stood there before.
 
@@ -57,10 +58,22 @@ class DeckStore {
 
   private:
     void storeElementNumber();
-    void noteUnread(std::string_view line, std::size_t field);
+    const char* readOddNumber(const char* token, const char* end);
+
+    // Findings of the line in hand (deck_store_notes.cpp).
+    void noteNode(std::string_view line, std::size_t field, bool isWhole, std::string_view rest);
+    void noteElementNumber(std::string_view field, bool isNumber, std::string_view rest);
+    void noteElementFieldsBeyond(std::string_view rest);
+    void noteMembers(std::string_view line);
+    void noteRange(std::string_view line, std::size_t fields);
+    void noteLoad(std::string_view oid, bool isNumber, std::string_view rest);
+    void noteThickness(std::string_view line, bool isNumber, std::string_view rest);
+    void noteFieldsBeyond(std::string_view rest, std::string_view keyword);
+    bool noteKeywordInData(std::string_view line);
 
     AbaqusModel& model_;
     DeckLines& lines_;
+    const bool areNoted_;
     std::string folded_;
     std::size_t nodeRow_ = 0;
 
@@ -74,12 +87,14 @@ class DeckStore {
     int elementNumber_ = 0;
 
     EntryInHand<ElsetSection> elset_;
+    bool hasRange_ = false;
     EntryInHand<SurfaceSection> surface_;
     EntryInHand<DloadSection> dload_;
     int loadElement_ = 0;
     double loadValue_ = 0.0;
     EntryInHand<ShellSection> shellSection_;
     double thickness_ = 0.0;
+    bool hasThickness_ = false;
 };
 
 }  // namespace kvocaeio::abaqus

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "abaqus/element_type.h"
+#include "abaqus/keyword_notes.h"
 #include "abaqus/lines.h"
 
 namespace kvocaeio::abaqus {
@@ -16,14 +17,13 @@ namespace kvocaeio::abaqus {
 template <class Sink>
 void readElement(DeckLines& lines, std::size_t tokens, Sink& sink) {
     std::size_t taken = sink.addElementTokens(lines.line(), tokens);
-    if (taken == 0) {
-        lines.note(Finding::kLineWithoutEntry);
+    if (taken == 0)
         return;
-    }
     bool atEnd = false;
     while (taken < tokens) {
         if (!atEnd && !lines.next()) {
             lines.note(Finding::kElementIncomplete);
+            lines.repeatLine();
             atEnd = true;
         }
         // At the end of the deck the last line comes again, from its first token, until the element
@@ -48,10 +48,7 @@ void readElementSection(DeckLines& lines, std::string_view keywordLine, Sink& si
     std::printf("  geometry type = %d\n", static_cast<int>(type.geometry));
     std::printf("  node num per element = %d\n", type.nodesPerElem);
     std::printf("  elset name = %s\n", elset.c_str());
-    if (type.geometry == GeometryType::kUnknown) {
-        const auto at = static_cast<std::size_t>(typeValue.data() - keywordLine.data());
-        lines.noteField(Finding::kElementTypeUnknown, lines.line().substr(at, typeValue.size()));
-    }
+    noteElementType(lines, keywordLine, typeValue, type);
     sink.beginElements(typeName, elset, type);
     const std::size_t tokens = static_cast<std::size_t>(type.nodesPerElem) + 1;
     lines.forEachDataLine([&] { readElement(lines, tokens, sink); });

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "abaqus/split_notes.h"
 #include "text/scan.h"
 
 namespace kvocaeio::abaqus {
@@ -16,11 +17,6 @@ namespace {
 
 bool isGenerated(const ElsetSection& set) {
     return set.parameter == "GENERATE";
-}
-
-// A walk over the range would not end with a step below 1.
-int stepOf(const ElsetSection& set) {
-    return std::max(set.genStep, 1);
 }
 
 // Numbers at equal distances, as most sets list them, grow into one run.
@@ -84,10 +80,14 @@ void ExpandElsets(const std::vector<ElsetSection>& elsets,
         // The value is the record's place, which runs ahead of the lists once a name is repeated.
         const auto [known, isNew] = elsetIndexMap.try_emplace(elsets[i].name, static_cast<int>(i));
         const auto place = static_cast<std::size_t>(known->second);
-        if (isNew)
+        if (isNew) {
+            if (place != elsetElems.size())
+                listener.note(Finding::kSetShifted, nameOrNone(elsets[i].name),
+                              nameOrNone(elsets[i].name));
             appendMembers(elsetElems.emplace_back(), elsets[i]);
-        else if (listener.note(Finding::kSetRepeated, known->first); place < elsetElems.size())
+        } else if (place < elsetElems.size()) {
             appendMembers(elsetElems[place], elsets[i]);
+        }
     }
 }
 
@@ -123,7 +123,7 @@ void SplitSectionByGeneratedSets(const std::vector<ElsetSection>& elsets,
     assignRows(rowOfOid, source.ids);
     for (std::size_t k = 0; k < sections.size(); ++k)
         fillFromSource(sections[k], *generated[k], source, rowOfOid);
-    listener.note(Finding::kSectionSplit, source.elset);
+    noteSplit(generated, sections, source, rowOfOid, listener);
     list = std::move(sections);
 }
 

@@ -1,6 +1,7 @@
 /// Element sets: expanded into lists of element OIDs, and cutting a lone section into several.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <span>
@@ -27,6 +28,11 @@ void SplitSectionByGeneratedSets(const std::vector<ElsetSection>& elsets,
                                  std::vector<ElemSection>& solidSections,
                                  std::vector<ElemSection>& shellElemSections,
                                  const text::Listener& listener);
+
+/// A walk over the range would not end with a step below 1.
+inline int stepOf(const ElsetSection& set) {
+    return std::max(set.genStep, 1);
+}
 
 /// The list at a value of `elsetIndexMap`; empty where the value lies beyond the lists.
 inline std::span<const IdRun> elemsAt(const std::vector<ElemList>& elsetElems, int value) {

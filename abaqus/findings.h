@@ -3,64 +3,98 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 #include "text/findings.h"
 
 namespace kvocaeio::abaqus {
 
-enum class Finding {
+enum class Finding : unsigned char {
+    // Lines and keywords.
     kLineCut,
+    kNulCharacter,
+    kByteOrderMark,
+    kKeywordHidden,
+    kEncoding,
+    kLineOutside,
+    kKeywordPassedOver,
     kKeywordUnknown,
+    kKeywordLost,
+    kInclude,
+    kPart,
+    kGeneration,
+    kCoordinateSystem,
+    kInputFile,
+    kKeywordContinued,
+    kKeywordIndented,
+    kParameterIgnored,
+    kParameterMisread,
+    kNameCut,
+    kSurfaceEndsReading,
+    kShellEndsReading,
+    // Data lines.
+    kNodeWithoutNumber,
+    kNodeCutShort,
+    kExponentTorn,
+    kCoordinateMissing,
+    kFieldsIgnored,
+    kOidOutOfRange,
     kElementTypeUnknown,
-    kSetInternal,
-    kLineWithoutEntry,
-    kFieldUnread,
+    kElementTypeFlat,
+    kElementTypeOther,
+    kElementFieldStale,
+    kFieldTorn,
+    kElementRunsOn,
     kElementIncomplete,
-    kPassEnded,
-    // From here on those of the normalisation, which concern no line.
-    kSetRepeated,
-    kSectionLeftOut,
+    kElementNodesIgnored,
+    kSetInternal,
+    kSetMemberName,
+    kRangeUnread,
+    kRangeReplaced,
+    kRangeStep,
+    kRangeBackwards,
+    kLoadBySet,
+    kThicknessUnread,
+    kThicknessReplaced,
+    kThicknessMissing,
+    // From here on what concerns no line: the finished raw tables, then the normalisation.
+    kNodeUndefined,
+    kNodeRepeated,
+    kNodeConflict,
+    kElementRepeated,
+    kElementConflict,
+    kNothingToSort,
+    kSectionReduced,
     kSectionsMerged,
     kSectionSplit,
-    kLoadWithoutFace,
-    kSurfaceItemUnknown,
+    kElementInNoSet,
+    kElementInTwoSets,
+    kRangeRowsBlank,
+    kRangeElementUnknown,
+    kSectionMisnamed,
+    kSetShifted,
+    kSetShadowsBlock,
+    kSurfaceSetUnknown,
+    kFaceLabel,
+    kFaceMissing,
+    kFaceElementUnknown,
+    kFaceOfShell,
+    kFaceRepeated,
+    kTooManyRows,
 };
 
+inline constexpr std::size_t kFindingNum = static_cast<std::size_t>(Finding::kTooManyRows) + 1;
+
 /// In the order of `Finding`.
-inline constexpr std::array kFindingKinds{
-    text::FindingKind{"abaqus.line-cut", text::Severity::kWarning,
-                      "the line is too long: its rest is read as a new line", "", ""},
-    text::FindingKind{"abaqus.keyword-unknown", text::Severity::kNote, "the keyword is unknown", "",
-                      ""},
-    text::FindingKind{"abaqus.element-type-unknown", text::Severity::kError,
-                      "the element type is unknown", "", ""},
-    text::FindingKind{"abaqus.set-internal", text::Severity::kNote, "the set is flagged INTERNAL",
-                      "", ""},
-    text::FindingKind{"abaqus.line-without-entry", text::Severity::kWarning,
-                      "nothing stands on the line", "", ""},
-    text::FindingKind{"abaqus.field-unread", text::Severity::kWarning,
-                      "no number: an older value or zero stands for it", "", ""},
-    text::FindingKind{"abaqus.element-incomplete", text::Severity::kWarning,
-                      "the deck ends inside an element", "", ""},
-    text::FindingKind{"abaqus.pass-ended", text::Severity::kError,
-                      "no TYPE=ELEMENT, no MATERIAL: the rest is not read", "", ""},
-    text::FindingKind{"abaqus.set-repeated", text::Severity::kWarning,
-                      "the set is joined to an earlier one of its name", "", ""},
-    text::FindingKind{"abaqus.section-left-out", text::Severity::kWarning,
-                      "elements of unknown type are left out", "", ""},
-    text::FindingKind{"abaqus.sections-merged", text::Severity::kWarning,
-                      "sections of one set name become one section", "", ""},
-    text::FindingKind{"abaqus.section-split", text::Severity::kWarning,
-                      "generated sets take the place of the section", "", ""},
-    text::FindingKind{"abaqus.load-without-face", text::Severity::kWarning,
-                      "the load names no face of an element", "", ""},
-    text::FindingKind{"abaqus.surface-item-unknown", text::Severity::kWarning,
-                      "the surface names no set, or no face", "", ""},
-};
-static_assert(kFindingKinds.size() == static_cast<std::size_t>(Finding::kSurfaceItemUnknown) + 1);
+extern const std::array<text::FindingKind, kFindingNum> kFindingKinds;
 
 inline const text::FindingKind& rowOf(Finding finding) {
     return kFindingKinds[static_cast<std::size_t>(finding)];
+}
+
+/// The name of a set as a finding says it.
+constexpr std::string_view nameOrNone(std::string_view name) {
+    return name.empty() ? "(no name)" : name;
 }
 
 }  // namespace kvocaeio::abaqus

@@ -67,17 +67,29 @@ class DeckLines : public text::PassLines {
         }
     }
 
-    /// Notes a field of the line taken last, or the line where the field is missing.
-    void noteField(Finding kind, std::string_view field) {
-        field.empty() ? note(kind) : note(kind, field);
-    }
-
     /// No further section is read in this pass.
     void endPass() { ended_ = true; }
     bool hasEnded() const { return ended_; }
 
+    // What the notes go by; unknown while nobody listens.
+
+    /// Whether a keyword has been met in this pass.
+    void meetKeyword() { metKeyword_ = true; }
+    bool hasMetKeyword() const { return metKeyword_; }
+
+    /// The next line is meant as a part of the keyword line in hand.
+    void continueKeyword() { keywordLine_ = place().line; }
+    bool continuesKeyword() { return keywordLine_ != 0 && place().line == keywordLine_ + 1; }
+
+    /// The line in hand is taken once more, since no other is left.
+    void repeatLine() { isRepeated_ = true; }
+    bool isRepeated() const { return isRepeated_; }
+
   private:
     bool ended_ = false;
+    bool metKeyword_ = false;
+    bool isRepeated_ = false;
+    std::size_t keywordLine_ = 0;
 };
 
 }  // namespace kvocaeio::abaqus

@@ -8,6 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "text/scan.h"
+
 namespace kvocaeio::abaqus {
 
 namespace {
@@ -63,7 +65,8 @@ void appendNodes(std::vector<int>& nodes, const ElemSection& source, std::size_t
     });
 }
 
-ElemSection makeSection(const SectionSources& sources, const OidMap<int>& nodeOidMap) {
+ElemSection makeSection(const SectionSources& sources, const OidMap<int>& nodeOidMap,
+                        const text::Listener& listener) {
     const ElemSection& first = *sources.front();
     const bool isMerged = sources.size() > 1;
     ElemSection made;
@@ -75,6 +78,9 @@ ElemSection makeSection(const SectionSources& sources, const OidMap<int>& nodeOi
     made.ids.reserve(elementTotal(sources));
     made.nodes.reserve(elementTotal(sources) * width);
     for (const ElemSection* source : sources) {
+        if (cornersOf(*source) < source->nodesPerElem)
+            listener.note(Finding::kSectionReduced, text::trimSpace(source->type),
+                          text::trimSpace(source->type));
         if (cornersOf(*source) < 1 || cornersOf(*source) > made.nodesPerElem)
             continue;  // no element of it can be written in this form
         appendNodes(made.nodes, *source, width, nodeOidMap);
@@ -86,8 +92,7 @@ ElemSection makeSection(const SectionSources& sources, const OidMap<int>& nodeOi
 }  // namespace
 
 void selectSections(const std::vector<ElemSection>& elemSections,
-                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells,
-                    const text::Listener& listener) {
+                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells) {
     std::printf("elem sec num = %d\n", static_cast<int>(elemSections.size()));
     int number = 0;
     for (const ElemSection& section : elemSections) {
@@ -97,8 +102,6 @@ void selectSections(const std::vector<ElemSection>& elemSections,
         } else if (section.geometryType == GeometryType::kSolid) {
             std::printf("element node num = %d\n", section.nodesPerElem);
             solids.push_back({&section});
-        } else {
-            listener.note(Finding::kSectionLeftOut, section.type);
         }
     }
 }
@@ -118,18 +121,18 @@ void MergeSectionsByElset(std::vector<SectionSources>& sections, const text::Lis
                         static_cast<int>(sources.size()));
             std::printf("Total Element num = %d , Total node num = %d\n", static_cast<int>(total),
                         static_cast<int>(total * width));
-            listener.note(Finding::kSectionsMerged, name);
+            listener.note(Finding::kSectionsMerged, nameOrNone(name), nameOrNone(name));
         }
         sections.push_back(std::move(sources));
     }
 }
 
 void makeSections(const std::vector<SectionSources>& sources, const OidMap<int>& nodeOidMap,
-                  std::vector<ElemSection>& sections) {
+                  std::vector<ElemSection>& sections, const text::Listener& listener) {
     sections.clear();
     sections.reserve(sources.size());
     for (const SectionSources& section : sources)
-        sections.push_back(makeSection(section, nodeOidMap));
+        sections.push_back(makeSection(section, nodeOidMap, listener));
 }
 
 }  // namespace kvocaeio::abaqus

@@ -15,8 +15,7 @@ using SectionSources = std::vector<const ElemSection*>;
 /// Lists the solids and the shells of the deck apart, in deck order. Says on standard output what
 /// sections it meets.
 void selectSections(const std::vector<ElemSection>& elemSections,
-                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells,
-                    const text::Listener& listener);
+                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells);
 
 /// Where a set name stands on two or more sections of the list: puts those of one name together,
 /// and the whole list in the order of the names. Otherwise the list stays as it is.
@@ -25,6 +24,6 @@ void MergeSectionsByElset(std::vector<SectionSources>& sections, const text::Lis
 /// Makes the sections anew: solids reduced to their corner nodes, merged sections filled up to
 /// eight-node solids or four-node shells, connectivity in new node IDs.
 void makeSections(const std::vector<SectionSources>& sources, const OidMap<int>& nodeOidMap,
-                  std::vector<ElemSection>& sections);
+                  std::vector<ElemSection>& sections, const text::Listener& listener);
 
 }  // namespace kvocaeio::abaqus

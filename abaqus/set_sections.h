@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "abaqus/keyword_notes.h"
 #include "abaqus/lines.h"
 
 namespace kvocaeio::abaqus {
@@ -23,7 +24,7 @@ template <class Sink>
 void readSurfaceSection(DeckLines& lines, std::string_view keywordLine, Sink& sink) {
     const std::string_view type = parameterValue(keywordLine, "TYPE", kClosedValue);
     if (type != "ELEMENT") {
-        lines.note(Finding::kPassEnded);
+        noteEndOfReading(lines, Finding::kSurfaceEndsReading);
         return lines.endPass();
     }
     sink.beginSurface(type, parameterValue(keywordLine, "NAME", kOpenValue));
@@ -40,12 +41,19 @@ void readDloadSection(DeckLines& lines, std::string_view /*keywordLine*/, Sink& 
 template <class Sink>
 void readShellSection(DeckLines& lines, std::string_view keywordLine, Sink& sink) {
     if (keywordLine.find("MATERIAL") == std::string_view::npos) {
-        lines.note(Finding::kPassEnded);
+        noteEndOfReading(lines, Finding::kShellEndsReading);
         return lines.endPass();
     }
-    sink.beginShellSection(parameterValue(keywordLine, "MATERIAL", kOpenValue),
-                           parameterValue(keywordLine, "ELSET", kOpenValue));
-    lines.forEachDataLine([&] { sink.setThickness(lines.line()); });
+    const std::string_view elset = parameterValue(keywordLine, "ELSET", kOpenValue);
+    sink.beginShellSection(parameterValue(keywordLine, "MATERIAL", kOpenValue), elset);
+    const text::LinePlace place = lines.place();
+    bool hasThickness = false;
+    lines.forEachDataLine([&] {
+        sink.setThickness(lines.line());
+        hasThickness = true;
+    });
+    if (!hasThickness)
+        lines.noteAt(Finding::kThicknessMissing, {place.line, 0}, elset);
 }
 
 }  // namespace kvocaeio::abaqus

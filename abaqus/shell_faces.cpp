@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "abaqus/element_sets.h"
+#include "abaqus/face_notes.h"
+#include "abaqus/place_text.h"
 
 namespace kvocaeio::abaqus {
 
@@ -54,6 +56,12 @@ int faceOfSurfaceLabel(std::string_view label) {
     return label.size() > 1 && label[1] >= '0' && label[1] <= '9' ? label[1] - '0' : 0;
 }
 
+// "P1" to "P6", and nothing after it; 0 for any other label.
+int faceOfLoadLabel(std::string_view label) {
+    const bool isFace = label.size() == 2 && label[0] == 'P' && label[1] >= '1' && label[1] <= '6';
+    return isFace ? label[1] - '0' : 0;
+}
+
 /// What a line of a surface names: a value of `elsetIndexMap` and a face number.
 struct SetFace {
     int set;
@@ -73,24 +81,28 @@ struct FaceStretch {
 // What the lines of all surfaces name, where it is a known set and a face.
 std::vector<SetFace> namedFaces(const std::vector<SurfaceSection>& surfaces,
                                 const std::map<std::string, int>& elsetIndexMap,
-                                const text::Listener& listener) {
+                                const FaceNotes& notes) {
     std::vector<SetFace> named;
     for (const SurfaceSection& surface : surfaces) {
         for (std::size_t i = 0; i < surface.items.size(); ++i) {
             const auto set = elsetIndexMap.find(surface.items[i]);
             const int face = faceOfSurfaceLabel(surface.faces[i]);
-            if (set != elsetIndexMap.end() && face >= 1 && face <= kMostFaces)
+            const bool isFace = face >= 1 && face <= kMostFaces;
+            if (set != elsetIndexMap.end() && isFace)
                 named.push_back({set->second, face});
-            else
-                listener.note(Finding::kSurfaceItemUnknown, surface.items[i]);
+            if (!notes.areNoted())
+                continue;
+            notes.surfaceSet(surface.items[i], set != elsetIndexMap.end());
+            if (!isFace)
+                notes.label(surface.items[i], surface.faces[i]);
         }
     }
     return named;
 }
 
-// Calls `visit(tuple, times)` for the faces named, in the order of the set, of the elements that
-// the map covers. Unused OIDs all have the first element's location; stretches of them come in one
-// call.
+// Calls `visit(oid, times, tuple)` for the elements that the map covers, in the order of the set;
+// the tuple is null where an element has no such face. Unused OIDs all have the first element's
+// location; stretches of them come in one call.
 template <class Visit>
 void forEachFace(const RawModel& raw, const std::vector<ElemList>& elsetElems, const SetFace& named,
                  const Visit& visit) {
@@ -106,8 +118,9 @@ void forEachFace(const RawModel& raw, const std::vector<ElemList>& elsetElems, c
             const std::size_t next = raw.elemOidMap.skipGap(oid, static_cast<std::size_t>(end));
             const auto gap = static_cast<std::int64_t>(next - oid);
             const std::int64_t times = std::max<std::int64_t>((gap + step - 1) / step, 1);
-            if (faceNodes(raw.elemSections, raw.elemOidMap[oid], named.face, tuple))
-                visit(tuple, static_cast<std::size_t>(times));
+            const bool hasFace =
+                faceNodes(raw.elemSections, raw.elemOidMap[oid], named.face, tuple);
+            visit(id, static_cast<std::size_t>(times), hasFace ? &tuple : nullptr);
             id += times * step;
         }
     }
@@ -137,14 +150,19 @@ bool GetElemFaceNodes(const RawModel& raw, int elemOid, int face, FaceTuple& out
 void AddDloadFaces(const RawModel& raw, std::vector<int>& dloadFaces,
                    std::vector<ElemSection>& shellElemSections, const text::Listener& listener) {
     FaceTuple tuple;
+    FaceNotes notes(raw, listener);
     for (const DloadSection& dload : raw.dloads)
         for (std::size_t i = 0; i < dload.elemIDs.size(); ++i) {
-            const std::string& label = dload.faceIdx[i];
-            if (label.size() == 2 && label[0] == 'P' &&
-                GetElemFaceNodes(raw, dload.elemIDs[i], label[1] - '0', tuple))
+            const int face = faceOfLoadLabel(dload.faceIdx[i]);
+            const bool hasFace = GetElemFaceNodes(raw, dload.elemIDs[i], face, tuple);
+            if (hasFace)
                 dloadFaces.insert(dloadFaces.end(), tuple.begin(), tuple.end());
+            if (!notes.areNoted())
+                continue;
+            if (face >= 1 && face <= kMostFaces)
+                notes.element(dload.elemIDs[i], face, hasFace);
             else
-                listener.note(Finding::kLoadWithoutFace, label);
+                notes.label(PlaceText("element ", dload.elemIDs[i]), dload.faceIdx[i]);
         }
     appendFaceSection("Dload_Shell", raw.nodeOidMap, dloadFaces, shellElemSections);
 }
@@ -156,13 +174,22 @@ void AddSurfaceFaces(const RawModel& raw, const std::map<std::string, int>& else
     // filled then.
     std::map<SetFace, FaceStretch> stretches;
     std::size_t faceNum = surfaceFaces.size() / 4;
-    const std::vector<SetFace> lines = namedFaces(raw.surfaces, elsetIndexMap, listener);
+    FaceNotes notes(raw, listener);
+    const std::vector<SetFace> lines = namedFaces(raw.surfaces, elsetIndexMap, notes);
     for (const SetFace& named : lines) {
         const auto [entry, isNew] = stretches.try_emplace(named);
         std::size_t& count = entry->second.faceNum;
-        if (isNew)
+        if (isNew) {
+            notes.set(elemsAt(elsetElems, named.set));
             forEachFace(raw, elsetElems, named,
-                        [&count](const FaceTuple&, std::size_t times) { count += times; });
+                        [&](std::int64_t oid, std::size_t times, const FaceTuple* tuple) {
+                            count += tuple != nullptr ? times : 0;
+                            if (notes.areNoted()) [[unlikely]]
+                                notes.element(oid, named.face, tuple != nullptr);
+                        });
+        } else if (count > 0) {
+            notes.repeatedSet(raw.elsets[static_cast<std::size_t>(named.set)].name, named.face);
+        }
         faceNum += count;
         if (!std::in_range<int>(faceNum))
             throw std::length_error("vector<T> too long");
@@ -177,10 +204,12 @@ void AddSurfaceFaces(const RawModel& raw, const std::map<std::string, int>& else
                         surfaceFaces.data() + begin);
         } else {
             stretch.begin = begin;
-            forEachFace(raw, elsetElems, named, [&](const FaceTuple& tuple, std::size_t times) {
-                for (; times > 0; --times)
-                    surfaceFaces.insert(surfaceFaces.end(), tuple.begin(), tuple.end());
-            });
+            forEachFace(raw, elsetElems, named,
+                        [&](std::int64_t, std::size_t times, const FaceTuple* tuple) {
+                            for (; tuple != nullptr && times > 0; --times)
+                                surfaceFaces.insert(surfaceFaces.end(), tuple->begin(),
+                                                    tuple->end());
+                        });
         }
     }
     appendFaceSection("Surface_Shell", raw.nodeOidMap, surfaceFaces, shellElemSections);

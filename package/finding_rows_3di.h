@@ -18,10 +18,6 @@ inline constexpr text::FindingKind k3diFindingKinds[] = {
      "A line ends for the reader at its first NUL byte. Damaged files and files in UTF-16 have "
      "such bytes.",
      "Write the file again, as plain text"},
-    {"package.end-mark", Severity::kError,
-     "a byte 1A after this line ends the file: what follows is not read",
-     "In a text file the byte 1A (Control-Z) is an end mark. This file goes on after it.",
-     "Remove the byte"},
     {"package.word-in-line", Severity::kWarning,
      "the line is read as one of the kind {} since it holds this word",
      "A keyword counts wherever it stands in a line, also in a comment, in a name or inside of "

@@ -12,7 +12,6 @@ enum class Finding : std::size_t {
     // Lines.
     kLineCut,
     kLineNul,
-    kEndMark,
     kWordInLine,
     // The unit of a 3DI file.
     kUnitMissing,

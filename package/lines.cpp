@@ -28,9 +28,9 @@ bool noteLines(InputFile& file, const text::Listener& listener) {
     if (listener.findings == nullptr)
         return true;
     const auto read = [](text::PassLines& lines) {
-        while (lines.next())
-            noteLine(lines);
-        noteEnd(lines);
+        lines.noteNulsAs(Finding::kLineNul);
+        while (lines.next()) {
+        }
     };
     return passOver(file, listener, read, &rowOf(Finding::kLineCut));
 }

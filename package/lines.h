@@ -33,16 +33,6 @@ bool passOver(InputFile& file, const text::Listener& listener, const Read& read,
 /// NUL bytes, an end mark. Does nothing while nobody listens. False as `passOver` is.
 bool noteLines(InputFile& file, const text::Listener& listener);
 
-/// As that, in the only pass over a file: to be called with each line, then at the end.
-inline void noteLine(text::PassLines& lines) {
-    if (lines.isCutAtNul()) [[unlikely]]
-        lines.note(Finding::kLineNul);
-}
-inline void noteEnd(text::PassLines& lines) {
-    if (lines.isEndedByMark()) [[unlikely]]
-        lines.note(Finding::kEndMark);
-}
-
 /// Notes a line that is read as one of those of `keyword`, given in upper case, though its first
 /// word does not begin with that.
 void noteWordInLine(text::PassLines& lines, std::string_view keyword);

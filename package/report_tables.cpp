@@ -75,11 +75,9 @@ bool readReport(InputFile& file, const text::Listener& listener, Report& report)
     const auto read = [&](text::PassLines& lines) {
         if (listener.findings != nullptr)
             report.places.file = listener.findings->presentFile();
-        while (complete && lines.next()) {
-            noteLine(lines);
+        lines.noteNulsAs(Finding::kLineNul);
+        while (complete && lines.next())
             complete = readReportLine(lines, report);
-        }
-        noteEnd(lines);
     };
     return passOver(file, listener, read, &rowOf(Finding::kLineCut)) && complete;
 }

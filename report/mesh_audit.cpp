@@ -123,7 +123,7 @@ bool MeshAudit<Number>::hasVolume(std::span<const std::uint32_t> corners) const 
     for (std::size_t i = 1; i < corners.size(); ++i)
         for (const double distance : minus(points[i], points[0]))
             size = std::max(size, std::abs(distance));
-    return !(volume <= kLeastVolume * size * size * size);
+    return !std::isfinite(size) || !(volume <= kLeastVolume * size * size * size);
 }
 
 template <class Number>

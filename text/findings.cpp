@@ -10,7 +10,7 @@
 
 namespace kvocaeio::text {
 
-const std::array<FindingKind, 5> kFileFindingKinds{{
+const std::array<FindingKind, 6> kFileFindingKinds{{
     {"file.cannot-open", Severity::kError, "the file cannot be opened: {}",
      "The system refuses the file. What is not a regular file (a folder, a pipe, a device) is "
      "refused as well, and so is an Abaqus deck that may not be written to.",
@@ -29,6 +29,11 @@ const std::array<FindingKind, 5> kFileFindingKinds{{
     {"report.incomplete", Severity::kError, "memory ran out: this report is not complete",
      "The tables were filled, but there was no memory left to look over them.",
      "Close other programs and import the file again"},
+    {"file.end-mark", Severity::kError,
+     "a byte 1A ends the file after this line: what follows is not read",
+     "Text files of old systems end with that byte, so the rest counts as rubbish, on every "
+     "platform alike.",
+     "Remove the byte if the rest belongs to the file"},
 }};
 
 namespace {

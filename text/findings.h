@@ -135,11 +135,12 @@ enum class FileFinding : unsigned char {
     kReadError,
     kOutOfMemory,
     kChanged,
-    kReportIncomplete
+    kReportIncomplete,
+    kEndMark
 };
 
 /// In the order of `FileFinding`.
-extern const std::array<FindingKind, 5> kFileFindingKinds;
+extern const std::array<FindingKind, 6> kFileFindingKinds;
 
 inline const FindingKind& rowOf(FileFinding finding) {
     return kFileFindingKinds[static_cast<std::size_t>(finding)];

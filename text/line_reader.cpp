@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 
 #include "text/file.h"
 
@@ -15,16 +16,17 @@ namespace {
 constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 constexpr char kEndOfTextFile = '\x1A';
 
-// Counts in bytes, many of which go through one instruction; a part is short enough for a byte.
-std::ptrdiff_t countLineFeeds(const char* first, const char* last) {
-    constexpr std::ptrdiff_t kPart = 240;
-    std::ptrdiff_t count = 0;
+// As `std::count`, but with sums of one byte, which many characters at once can be added to; a run
+// of 128 cannot overflow them.
+std::size_t countLineFeeds(const char* first, const char* last) {
+    constexpr std::ptrdiff_t kRun = 128;
+    std::size_t count = 0;
     while (first != last) {
-        const char* const end = first + std::min(last - first, kPart);
-        unsigned char ofPart = 0;
+        const char* const end = last - first < kRun ? last : first + kRun;
+        std::uint8_t found = 0;
         for (; first != end; ++first)
-            ofPart = static_cast<unsigned char>(ofPart + (*first == '\n' ? 1 : 0));
-        count += ofPart;
+            found = static_cast<std::uint8_t>(found + (*first == '\n' ? 1 : 0));
+        count += found;
     }
     return count;
 }
@@ -129,9 +131,9 @@ bool LineReader::goesOn() {
 }
 
 void LineReader::countTo(const char* place) {
-    const std::ptrdiff_t lineFeeds = countLineFeeds(counted_, place);
+    const std::size_t lineFeeds = countLineFeeds(counted_, place);
     if (lineFeeds > 0) {
-        lineFeeds_ += static_cast<std::size_t>(lineFeeds);
+        lineFeeds_ += lineFeeds;
         charactersBefore_ = 0;
         counted_ = place;
         while (counted_[-1] != '\n')

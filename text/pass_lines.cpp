@@ -9,20 +9,37 @@
 namespace kvocaeio::text {
 
 void PassLines::noteCut() {
-    if (cutKind_ == nullptr)
-        return;
+    if (cutKind_ != nullptr && reader_.isCut())
+        noteOnce(*cutKind_, lastCut_);
+    if (nulKind_ != nullptr && reader_.isCutAtNul())
+        noteOnce(*nulKind_, lastNul_);
+}
+
+void PassLines::noteOnce(const FindingKind& kind, LinePlace& last) {
     const LinePlace place = reader_.place();
-    if (place == lastCut_)
+    if (place == last)
         return;
-    lastCut_ = place;
-    findings_->note(*cutKind_, place.line, 0, line());
+    last = place;
+    findings_->note(kind, place.line, 0, line());
+}
+
+std::size_t PassLines::linesAfter() {
+    if (findings_ == nullptr)
+        return 0;
+    const std::size_t before = reader_.place().line;
+    while (reader_.next()) {
+    }
+    return reader_.place().line - before;
 }
 
 void PassLines::noteEnd() {
-    if (hasNotedFailure_ || !reader_.hasFailed())
+    if (hasNotedEnd_)
         return;
-    hasNotedFailure_ = true;
-    noteFailure(*findings_, FileFinding::kReadError, reader_.failure(), reader_.place().line);
+    hasNotedEnd_ = true;
+    if (cutKind_ != nullptr && reader_.isEndedByMark())
+        findings_->note(rowOf(FileFinding::kEndMark), reader_.place().line, 0, line());
+    if (reader_.hasFailed())
+        noteFailure(*findings_, FileFinding::kReadError, reader_.failure(), reader_.place().line);
 }
 
 void PassLines::noteLine(const FindingKind& kind, std::string_view subject) {

@@ -50,6 +50,16 @@ class PassLines {
     /// Where the line taken last begins, for `noteAt`; nowhere while nobody listens.
     LinePlace place() { return findings_ != nullptr ? reader_.place() : LinePlace(); }
 
+    /// From here on `kind` is noted for each line of which a NUL hides a part.
+    template <class Kind>
+    void noteNulsAs(Kind kind) {
+        nulKind_ = &rowOf(kind);
+    }
+
+    /// Takes all further lines. Returns how many lines of the file stand after the one taken last;
+    /// 0 while nobody listens.
+    std::size_t linesAfter();
+
     /// Notes the line taken last. Findings of one kind are kept apart by their subjects.
     template <class Kind>
     void note(Kind kind) {
@@ -79,11 +89,13 @@ class PassLines {
 
   private:
     bool taken(bool found) {
-        if (findings_ != nullptr && (!found || reader_.isCut())) [[unlikely]]
+        if (findings_ != nullptr && (!found || reader_.isCut() || reader_.isCutAtNul()))
+            [[unlikely]]
             found ? noteCut() : noteEnd();
         return found;
     }
     void noteCut();
+    void noteOnce(const FindingKind& kind, LinePlace& last);
     void noteEnd();
     void noteLine(const FindingKind& kind, std::string_view subject);
     void noteField(const FindingKind& kind, std::string_view field, std::string_view subject);
@@ -91,8 +103,10 @@ class PassLines {
     LineReader reader_;
     Findings* findings_;
     const FindingKind* cutKind_;
+    const FindingKind* nulKind_ = nullptr;
     LinePlace lastCut_;  // a line that is given back is cut once
-    bool hasNotedFailure_ = false;
+    LinePlace lastNul_;
+    bool hasNotedEnd_ = false;
 };
 
 }  // namespace kvocaeio::text

@@ -25,6 +25,15 @@ constexpr bool isDigit(char c) {
     return digitValue(c) < 10;
 }
 
+/// `text` without white space at both ends.
+constexpr std::string_view trimSpace(std::string_view text) {
+    while (!text.empty() && isSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
 /// One run of a scan format over one text. Each member is one directive of the format; a directive
 /// that fails writes nothing, and all conversions behind it fail as well, so that a format reads
 ///
@@ -106,6 +115,11 @@ class Scan {
 
     /// Where the next directive begins; the end of the text after one that failed.
     const char* position() const { return position_; }
+
+    /// What no directive has taken yet; empty once one has failed.
+    std::string_view rest() const {
+        return {position_, static_cast<std::size_t>(end_ - position_)};
+    }
 
   private:
     static constexpr std::int64_t kMaxInt = std::numeric_limits<int>::max();

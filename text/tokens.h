@@ -39,6 +39,11 @@ class Tokens {
         return !token.empty();
     }
 
+    /// What no token has taken yet.
+    std::string_view rest() const {
+        return {position_, static_cast<std::size_t>(end_ - position_)};
+    }
+
   private:
     const char* position_;
     const char* end_;

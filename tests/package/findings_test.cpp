@@ -86,7 +86,7 @@ TEST(PackageFindings, AreOddLinesOnceForAllPasses) {
                 ElementsAre("package.line-cut 2:0 3DI" + std::string(77, '-')));
     EXPECT_THAT(notesOf(std::string_view("A\n\0\n B\0C\n", 9), pass),
                 ElementsAre("package.line-nul 2:0 ", "package.line-nul 3:0  B"));
-    EXPECT_THAT(notesOf("A\nB\n\x1A\nC", pass), ElementsAre("package.end-mark 2:0 B"));
+    EXPECT_THAT(notesOf("A\nB\n\x1A\nC", pass), ElementsAre("file.end-mark 2:0 B"));
     EXPECT_THAT(notesOf("A\n\x1A\r\n \x1A\n", pass), IsEmpty()) << "nothing is lost";
 }
 

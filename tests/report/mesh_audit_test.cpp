@@ -90,6 +90,13 @@ TEST(MeshAudit, FindsCoordinatesThatAreNotFinite) {
                             "mesh.coordinate-not-finite 0:0 node 3"));
 }
 
+TEST(MeshAudit, DoesNotMeasureSolidsOfSuchCoordinates) {
+    std::vector<double> points = pointsOf({0, 1, 2, 4});
+    points[11] = std::numeric_limits<double>::infinity();
+    EXPECT_THAT(auditOf(points, {0, 1, 2, 3}, 4),
+                ElementsAre("mesh.coordinate-not-finite 0:0 node 4"));
+}
+
 TEST(MeshAudit, SkipsRowsWithoutANode) {
     text::Findings findings;
     const std::vector<float> rows(8);

@@ -57,6 +57,40 @@ TEST_F(PassLinesTest, NotesALineByItsNumber) {
     EXPECT_EQ(placesOf(LineKind::kNoted)[1].line, 4u);
 }
 
+TEST_F(PassLinesTest, NotesLinesOfWhichANulHidesAPart) {
+    PassLines lines = linesOf(std::string_view("a\0b\nc\n\0\nd", 9), 80, LineMode::kBinary);
+    ASSERT_TRUE(lines.next());
+    lines.giveBack();
+    EXPECT_EQ(countOf(LineKind::kNoted), 0u);
+    lines.noteNulsAs(LineKind::kNoted);
+    while (lines.next())
+        if (lines.line() == "a") {
+            lines.giveBack();
+            EXPECT_TRUE(lines.next());
+        }
+    ASSERT_EQ(countOf(LineKind::kNoted), 2u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].line, 1u);
+    EXPECT_EQ(placesOf(LineKind::kNoted)[0].text(), "a");
+    EXPECT_EQ(placesOf(LineKind::kNoted)[1].line, 3u);
+}
+
+TEST_F(PassLinesTest, CountsTheLinesAfterOne) {
+    PassLines lines = linesOf("a\nb\na line of several pieces\n\nc", 8, LineMode::kBinary);
+    ASSERT_TRUE(lines.next());
+    EXPECT_EQ(lines.linesAfter(), 4u);
+    EXPECT_FALSE(lines.next());
+    EXPECT_EQ(lines.linesAfter(), 0u);
+    EXPECT_EQ(countOf(LineKind::kCut), 0u);
+}
+
+TEST_F(PassLinesTest, CountsNoLinesWhileNobodyListens) {
+    listener_.findings = nullptr;
+    PassLines lines = linesOf("a\nb\n", 8, LineMode::kBinary);
+    ASSERT_TRUE(lines.next());
+    EXPECT_EQ(lines.linesAfter(), 0u);
+    EXPECT_TRUE(lines.next());
+}
+
 TEST_F(PassLinesTest, NotesAFieldByItsColumn) {
     PassLines lines = linesOf("first\n1, x, 3\n", 80, LineMode::kBinary);
     lines.next();

@@ -248,6 +248,20 @@ TEST(Scan, LiteralsStandWhereTheyAreAskedFor) {
     EXPECT_EQ(second, 2);
 }
 
+TEST(Scan, TheRestIsWhatNoDirectiveHasTaken) {
+    int number = 0;
+    Scan scan("12.5, 3");
+    EXPECT_TRUE(scan.integer(number));
+    EXPECT_EQ(scan.rest(), ".5, 3");
+    EXPECT_FALSE(scan.literal(','));
+    EXPECT_EQ(scan.rest(), "");
+}
+
+TEST(TrimSpace, TakesWhiteSpaceOfAllKindsAtBothEnds) {
+    EXPECT_EQ(trimSpace(" \t a b\v\r\n"), "a b");
+    EXPECT_EQ(trimSpace(" \n"), "");
+}
+
 TEST(Scan, TextEndsAtItsFirstNul) {
     using namespace std::string_view_literals;
     EXPECT_EQ(integerOf("12\0003"sv), 12);

@@ -70,5 +70,12 @@ TEST(TrimBlanks, TakesBlanksOffBothEnds) {
     EXPECT_EQ(trimBlanks(""), "");
 }
 
+TEST(Tokens, TheRestIsWhatNoTokenHasTaken) {
+    Tokens tokens("a, b, c");
+    std::string_view token;
+    ASSERT_TRUE(tokens.next(Delimiters(", "), token));
+    EXPECT_EQ(tokens.rest(), " b, c");
+}
+
 }  // namespace
 }  // namespace kvocaeio::text
