@@ -98,6 +98,14 @@ TEST(Check, ReadsAllFormatsInAFolder) {
                                               "abaqus", "abaqus", "3di", "cadence"));
 }
 
+TEST(Check, ReadsOnWhereAByteOrderMarkHidesTheFirstLine) {
+    const TempFolder folder;
+    const Outcome outcome =
+        runHost({"check", folder.write("marked.inp", "\xef\xbb\xbf" + std::string(kCleanDeck))});
+    EXPECT_NE(outcome.exitCode, 3);
+    EXPECT_THAT(outcome.output, Not(HasSubstr("[file.")));
+}
+
 TEST(Check, SaysThatADeckCannotBeNormalised) {
     const TempFolder folder;
     const Outcome outcome =
