@@ -53,7 +53,7 @@ TEST(Check, WritesALineForEachFindingAsCompilersDo) {
     EXPECT_TRUE(lines[0].starts_with(deck + ":2:7: ")) << lines[0];
     EXPECT_THAT(lines[0], ContainsRegex(" .and 2 more, at lines 4, 5. .abaqus\\..*.$"));
     EXPECT_TRUE(lines[1].starts_with(deck + ":8: error: ")) << lines[1];
-    EXPECT_THAT(lines.back(), MatchesRegex("[1-9] error.* in 1 file"));
+    EXPECT_THAT(lines.back(), MatchesRegex(". errors?.* in 1 file"));
 }
 
 TEST(Check, ListsWhatIsSevereEnough) {
