@@ -93,10 +93,14 @@ void refuseBinary(std::string_view head) {
 
 std::string_view withoutMark(std::string_view head) {
     constexpr std::string_view kMark = "\xef\xbb\xbf";
-    if (!head.starts_with(kMark))
-        return head;
-    head.remove_prefix(kMark.size());
-    const std::string_view line = trimmed(head.substr(0, head.find('\n')));
+    return head.substr(head.starts_with(kMark) ? kMark.size() : 0);
+}
+
+void refuseHiddenLine(std::string_view head) {
+    const std::string_view content = withoutMark(head);
+    if (content.size() == head.size())
+        return;
+    const std::string_view line = trimmed(content.substr(0, content.find('\n')));
     constexpr std::array<std::string_view, 4> kHarmless = {"**", "$", "!", "*HEADING"};
     const bool isHarmless = std::ranges::any_of(
         kHarmless, [&](std::string_view front) { return upperCase(line).starts_with(front); });
@@ -105,7 +109,6 @@ std::string_view withoutMark(std::string_view head) {
             "begins with a byte order mark, which hides its first line from the readers: save it "
             "as UTF-8 without the mark",
             "byte-order-mark");
-    return head;
 }
 
 }  // namespace kvocaeio::host

@@ -12,8 +12,11 @@ void refuseForeignContent(std::string_view head);
 /// Throws `FileError` where `head` is no text.
 void refuseBinary(std::string_view head);
 
-/// `head` without a byte order mark of UTF-8. Throws `FileError` where such a mark makes the
-/// readers miss the first line: they know it only as a comment, a heading or nothing.
+/// `head` without a byte order mark of UTF-8.
 std::string_view withoutMark(std::string_view head);
+
+/// Throws `FileError` where a byte order mark of UTF-8 makes the readers miss the first line of
+/// `head`: they know it only as a comment, a heading or nothing.
+void refuseHiddenLine(std::string_view head);
 
 }  // namespace kvocaeio::host

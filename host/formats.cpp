@@ -65,13 +65,16 @@ std::string extensionOf(const std::string& path) {
     return extension;
 }
 
-const Format& findFormat(const std::string& path) {
+const Format& findFormat(const std::string& path, MarkRule rule) {
     const std::string head = readHead(path);
     const std::string extension = extensionOf(path);
     if (contains(kCadenceFormat.extensions, extension))
         return kCadenceFormat;  // a database, whose bytes may look like anything
     refuseForeignContent(head);
-    if (const Format* format = formatOf(withoutMark(head)))
+    const std::string_view content = withoutMark(head);
+    if (rule == MarkRule::kRefuse)
+        refuseHiddenLine(head);
+    if (const Format* format = formatOf(content))
         return *format;
     refuseBinary(head);
     for (const Format* format : kFormats)

@@ -40,9 +40,12 @@ struct Format {
 /// The end of a file's name from its last point on, in lower case.
 std::string extensionOf(const std::string& path);
 
+/// What is made of a byte order mark that hides the first line of a file from the readers.
+enum class MarkRule { kRefuse, kAccept };
+
 /// The format of the file at `path`, told by its content, else by its extension. Throws `FileError`
 /// when the file cannot be read or is of no known format.
-const Format& findFormat(const std::string& path);
+const Format& findFormat(const std::string& path, MarkRule rule = MarkRule::kRefuse);
 
 /// Whether the content of the file at `path` tells its format.
 bool hasKnownContent(const std::string& path);

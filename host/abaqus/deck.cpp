@@ -43,12 +43,14 @@ AbaqusDeck::AbaqusDeck(const std::string& path, PrintTarget progress) {
         timed(progress, [&] { isImported = reader_.ImportInpFile(path.c_str(), &report); });
     if (!isImported)
         throwImportFailure(path);
+    listed.take(report, isImported);
     tables = takeRawTables(reader_);
     if (tables.nodeIds.empty() && tables.raw.empty() && tables.thicknesses.empty())
         throw FileError("holds no nodes, no elements and no shell sections of an Abaqus deck",
                         "nothing-read");
     normalisationSeconds = timed(progress, [&] { sortFailure = sortFailureOf(reader_, report); });
-    imported.take(report, isImported);
+    imported = listed;
+    imported.take(report, true);
     if (sortFailure.empty())
         takeNormalisedTables(reader_, tables);
 }

@@ -22,7 +22,8 @@ class AbaqusDeck {
     double importSeconds = 0.0;
     double normalisationSeconds = 0.0;
     std::string sortFailure;  ///< why there is no normalised mesh; empty when there is one
-    ImportFindings imported;
+    ImportFindings imported;  ///< of import and normalisation
+    ImportFindings listed;    ///< of the import alone, which lists the elements
 
   private:
     CKVOAbaqusReader reader_;

@@ -171,7 +171,7 @@ SolidMesh takeAbaqusSolids(const std::string& path, const SolidsRequest& request
     SolidMesh mesh;
     const OidRepeats elements = findRepeatedElements(tables);
     checkConflicts(findRepeatedNodes(tables), elements, request.force, mesh);
-    mesh.imported = deck.imported;
+    mesh.imported = request.normalised ? deck.imported : deck.listed;
     mesh.nodeOids = tables.nodeIds;
     for (const double* place : tables.places)
         mesh.nodes.push_back({place[0], place[1], place[2]});

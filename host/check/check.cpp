@@ -43,17 +43,18 @@ class CheckRun {
 
     void addPath(const std::string& path) {
         FileList list;
-        attempt(path, [&](CheckedFile&) { list = filesOf(path, false); });
+        CheckedFile checked{path, {}, {}, {}};
+        if (!attempt(checked, [&] { list = filesOf(path, false); }))
+            show(checked);
         totals_.passedOver += list.passedOver;
         for (const std::string& file : list.files)
             addFile(file);
     }
 
     void addReports(const std::string& folder) {
-        add(folder, [&](CheckedFile& checked) {
-            checked.format = kCadenceFormat.code;
-            checked.import = checkDesignReports(folder, progress_, report_);
-        });
+        CheckedFile checked{folder, kCadenceFormat.code, {}, {}};
+        attempt(checked, [&] { checked.import = checkDesignReports(folder, progress_, report_); });
+        show(checked);
     }
 
     int finish() {
@@ -67,22 +68,24 @@ class CheckRun {
 
   private:
     void addFile(const std::string& path) {
-        add(path, [&](CheckedFile& checked) {
+        CheckedFile checked{path, {}, {}, {}};
+        attempt(checked, [&] {
             const InputFile file(path);
-            const Format& format = findFormat(file.path());
+            // What a byte order mark hides is a finding of the import.
+            const Format& format = findFormat(file.path(), MarkRule::kAccept);
             checked.format = format.code;
             checked.import = format.check(file.path(), progress_, report_);
             checked.import.rename(file.path(), checked.name);
         });
+        show(checked);
     }
 
-    /// Runs a step for `path`; what stops it is a finding.
+    /// Runs a step for a file; false, with a finding, where something stops it.
     template <class Step>
-    void attempt(const std::string& path, const Step& step) {
-        CheckedFile checked{path, {}, {}, {}};
+    bool attempt(CheckedFile& checked, const Step& step) {
         try {
-            step(checked);
-            return;
+            step();
+            return true;
         } catch (const FileError& error) {
             const bool isOfSystem = error.code == "cannot-be-read";
             checked.import.add(Level::kError,
@@ -94,15 +97,7 @@ class CheckRun {
                                "there is not enough memory to read it", checked.name);
         }
         checked.import.failed = true;
-        show(checked);
-    }
-
-    template <class Step>
-    void add(const std::string& path, const Step& step) {
-        attempt(path, [&](CheckedFile& checked) {
-            step(checked);
-            show(checked);
-        });
+        return false;
     }
 
     void show(CheckedFile& checked) {

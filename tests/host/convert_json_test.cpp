@@ -57,7 +57,8 @@ TEST(ConvertJson, OfAllSamplesInBothFormats) {
         for (const char* target : {"out.nas", "out.pat"})
             reportOf({"--force", sampleDeck(sample), folder.file(target)}, 0);
     EXPECT_EQ(
-        findingsOf(reportOf({"--normalised", sampleDeck("clip.inp"), folder.file("n.pat")}, 0)),
+        findingsOf(
+            reportOf({"--force", "--normalised", sampleDeck("clip.inp"), folder.file("n.pat")}, 0)),
         (Words{"warning blank-row 9", "warning in-no-set 24", "warning mid-side-nodes 144",
                "warning unused-nodes 344", "warning sections 3", "note elements-renumbered 154",
                "note repeated-element 10", "note nodes-renumbered 81"}));

@@ -155,16 +155,17 @@ TEST(Convert, TakesTheElementsThatTheDeckLists) {
 
 TEST(Convert, TakesTheNormalisedMeshOnDemand) {
     const TempFolder folder;
-    EXPECT_THAT(
-        runHost({"convert", "--normalised", sampleDeck("clip.inp"), folder.file("c.nas")}).output,
-        HasSubstr("c.nas: 81 nodes, 154 elements in 3 sections\n"
-                  "  left out: 9 rows that hold no element\n"
-                  "  left out: 24 elements in no generated set\n"
-                  "  left out: 144 quadratic elements without their mid-side nodes\n"
-                  "  left out: 344 nodes that no written element has\n"
-                  "  note: elements are numbered from 1: those of the normalised mesh have "
-                  "no OIDs\n"
-                  "  note: 10 elements written once more for being in several sets\n"));
+    EXPECT_THAT(runHost({"convert", "--force", "--normalised", sampleDeck("clip.inp"),
+                         folder.file("c.nas")})
+                    .output,
+                HasSubstr("c.nas: 81 nodes, 154 elements in 3 sections\n"
+                          "  left out: 9 rows that hold no element\n"
+                          "  left out: 24 elements in no generated set\n"
+                          "  left out: 144 quadratic elements without their mid-side nodes\n"
+                          "  left out: 344 nodes that no written element has\n"
+                          "  note: elements are numbered from 1: those of the normalised mesh have "
+                          "no OIDs\n"
+                          "  note: 10 elements written once more for being in several sets\n"));
     EXPECT_THAT(
         runHost({"convert", "--normalised", sampleDeck("bracket.pat"), folder.file("b.nas")})
             .errors,
@@ -177,7 +178,7 @@ TEST(Convert, LeavesOutElementsOfNodesThatTheDeckLacks) {
         folder.write("in.inp",
                      "*NODE\n1, 0, 0, 0\n2, 1, 0, 0\n3, 0, 1, 0\n4, 0, 0, 1\n"
                      "*ELEMENT, TYPE=C3D4, ELSET=A\n1, 1, 2, 3, 4\n2, 1, 2, 3, 5\n");
-    EXPECT_THAT(runHost({"convert", deck, folder.file("o.nas")}).output,
+    EXPECT_THAT(runHost({"convert", "--force", deck, folder.file("o.nas")}).output,
                 HasSubstr("4 nodes, 1 element in 1 section\n"
                           "  left out: 1 element of nodes that are not there\n"));
 }
