@@ -83,7 +83,7 @@ const std::array<FindingKind, static_cast<std::size_t>(Finding::kCount)> kFindin
      "a number of {} is torn at the plus sign of its exponent",
      "Each plus sign becomes eight blanks, wherever it stands. The number ends before it, its "
      "exponent is lost, and the digits behind it are read as the next field.",
-     "Write exponents without a plus sign: 1.5E3 or 1500."},
+     "Write exponents without a plus sign, 1.5E3 for 1.5E+3"},
     {"nastran.sign-torn", Severity::kError, "a number of {} is moved by the plus sign before it",
      "Each plus sign becomes eight blanks, wherever it stands. What follows moves on by seven "
      "columns: numbers are cut, and zeros appear between them.",

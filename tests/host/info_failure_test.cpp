@@ -50,7 +50,7 @@ TEST(CommandLine, NamesAnUnknownCommandAndThoseThatAreKnown) {
               "kvocaeio: unknown command 'inform'; the commands are info, check, convert\n"
               "Run with --help for more information.\n");
     EXPECT_EQ(runHost({}).errors,
-              "kvocaeio: no command; the commands are info, convert\n"
+              "kvocaeio: no command; the commands are info, check, convert\n"
               "Run with --help for more information.\n");
 }
 

@@ -19,6 +19,7 @@ set(expected
     include/kvocaeio/nastran.h
     include/kvocaeio/package.h
     include/kvocaeio/patran.h
+    include/kvocaeio/report.h
     include/kvocaeio/version.h
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfigVersion.cmake

@@ -57,7 +57,7 @@ void expectSmall(const char* name, const Run& run) {
     EXPECT_GT(report.GetSeverityCount(CKVOImportReport::kNote) +
                   report.GetSeverityCount(CKVOImportReport::kWarning) +
                   report.GetSeverityCount(CKVOImportReport::kError),
-              kLines / 10)
+              kLines / 20)
         << name;
 }
 
