@@ -69,7 +69,7 @@ env WINEPREFIX="$PWD/build/windows-release/wine" WINEDEBUG=-all WINEDLLOVERRIDES
 ctest --preset windows-release -j "$jobs"
 
 begin 'clang-tidy'
-find text abaqus package nastran patran c -name '*.cpp' ! -name '*_windows.cpp' -print0 |
+find text abaqus package nastran patran tidy c -name '*.cpp' ! -name '*_windows.cpp' -print0 |
     xargs -0 -n 1 -P "$jobs" clang-tidy -p build/linux-thread --quiet --warnings-as-errors='*'
 
 finish
