@@ -79,6 +79,7 @@ bool SourceFiles::nextSeldom(bool isTaken) {
 
 // Longer than one piece, without a line end, or with a NUL.
 bool SourceFiles::joinPieces(OpenFile& file) {
+    hasLineEnd_ = false;
     joined_ = file.reader.line();
     while (file.reader.isCut() && file.reader.next())
         if (joined_.size() <= kMostLine)

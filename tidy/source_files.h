@@ -41,6 +41,7 @@ class SourceFiles {
         if (isTaken) {
             ++file.line;
             line_ = file.reader.line();
+            hasLineEnd_ = true;
             if (line_.ends_with('\n')) {
                 line_.remove_suffix(line_.ends_with("\r\n") ? 2 : 1);
                 return true;
@@ -51,11 +52,13 @@ class SourceFiles {
 
     /// The line taken last. Valid until the next call of `next`, `include` or `endDeck`.
     std::string_view line() const { return line_; }
-    /// Its place: the file's name, and the number of the line from 1.
-    const std::string& fileName() const { return names_[file_]; }
+    /// Whether it ends with a line end, and holds no NUL.
+    bool hasLineEnd() const { return hasLineEnd_; }
+    /// Its place: the number of the line from 1, and the row of the file among those opened so far.
     std::size_t lineNumber() const { return files_.empty() ? 0 : files_.back().line; }
-    /// The number of that file among those opened so far, from 0.
     std::uint32_t fileRow() const { return file_; }
+    /// The name of a file by its row.
+    const std::string& fileName(std::uint32_t row) const { return names_[row]; }
 
     /// Opens a file that the line taken last includes; its lines come next. `name` is as the deck
     /// has it, without quotes. False, with the reason noted, where it cannot be opened; the deck
@@ -116,6 +119,7 @@ class SourceFiles {
     std::uint32_t file_ = 0;
     std::size_t includes_ = 0;
     std::uintmax_t repeated_ = 0;
+    bool hasLineEnd_ = false;
     bool isIncomplete_ = false;
 };
 
