@@ -53,6 +53,8 @@ class SourceFiles {
     std::string_view line() const { return line_; }
     /// Its place: the file's name, and the number of the line from 1.
     const std::string& fileName() const { return names_[file_]; }
+    /// The same of a file by its number.
+    const std::string& fileName(std::uint32_t row) const { return names_[row]; }
     std::size_t lineNumber() const { return files_.empty() ? 0 : files_.back().line; }
     /// The number of that file among those opened so far, from 0.
     std::uint32_t fileRow() const { return file_; }

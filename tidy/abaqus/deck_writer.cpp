@@ -1,0 +1,247 @@
+/// The blocks of the tidy deck, frame by frame.
+#include "tidy/abaqus/deck_writer.h"
+
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "tidy/abaqus/set_names.h"
+#include "tidy/abaqus/sets.h"
+
+namespace kvocaeio::tidy::abaqus {
+
+namespace {
+
+// Data lines of the format hold at most sixteen fields.
+constexpr std::size_t kMostFields = 16;
+
+/// A data line in the making, in a buffer that holds the longest one.
+class Line {
+  public:
+    explicit Line(OutputFile& out) : out_(out) {}
+
+    template <class Number>
+    Line& number(Number value) {
+        if (fields_ == kMostFields) {
+            *end_++ = ',';
+            finish();
+        }
+        if (fields_++ > 0)
+            text(", ");
+        end_ = std::to_chars(end_, buffer_.data() + buffer_.size(), value).ptr;
+        return *this;
+    }
+    Line& text(std::string_view value) {
+        for (const char c : value)
+            *end_++ = c;
+        return *this;
+    }
+    void finish() {
+        *end_++ = '\n';
+        out_.text({buffer_.data(), static_cast<std::size_t>(end_ - buffer_.data())});
+        end_ = buffer_.data();
+        fields_ = 0;
+    }
+    bool isEmpty() const { return end_ == buffer_.data(); }
+
+  private:
+    OutputFile& out_;
+    std::array<char, 1024> buffer_;
+    char* end_ = buffer_.data();
+    std::size_t fields_ = 0;
+};
+
+class DeckWriter {
+  public:
+    DeckWriter(const Model& model, const Frames& frames, DeckLines& lines, OutputFile& out)
+        : model_(model), frames_(frames), lines_(lines), names_(frames, lines), out_(out) {}
+
+    void write(const PlannedFaces& faces);
+
+  private:
+    void writeNodes();
+    void writeBlock(const Frame& frame, const Block& block);
+    void writeSet(const std::string& name, const std::vector<Member>& members);
+    void writeSets(const PlannedFaces& faces);
+    void writeShellSections();
+    void writeSurfaces(const PlannedFaces& faces);
+    void writeLoads(const PlannedFaces& faces);
+    int newId(const Member& element) const {
+        return static_cast<int>(element.id + frames_.of(element.instance).elementShift);
+    }
+
+    const Model& model_;
+    const Frames& frames_;
+    DeckLines& lines_;
+    SetNames names_;
+    OutputFile& out_;
+    std::size_t members_ = 0;
+};
+
+void DeckWriter::writeNodes() {
+    out_.text("*NODE\n");
+    Line line(out_);
+    for (const Frame& frame : frames_.all()) {
+        const NodeTable& nodes = frame.scope->nodes;
+        for (std::size_t row = 0; row < nodes.ids.size(); ++row) {
+            line.number(nodes.ids[row] + frame.nodeShift);
+            for (const double coordinate : frame.placement(nodes.points[row]))
+                line.number(coordinate);
+            line.finish();
+        }
+    }
+}
+
+void DeckWriter::writeBlock(const Frame& frame, const Block& block) {
+    if (block.ids.empty())
+        return;
+    out_.text("*ELEMENT, TYPE=").text(block.typeName);
+    if (!block.elset.empty())
+        out_.text(", ELSET=").text(names_.of(frame.instance, block.elset));
+    out_.text("\n");
+    Line line(out_);
+    const int* node = block.nodes.data();
+    for (const int id : block.ids) {
+        line.number(id + frame.elementShift);
+        for (std::size_t i = 0; i < block.type.written; ++i)
+            line.number(*node++ + frame.nodeShift);
+        line.finish();
+    }
+}
+
+void DeckWriter::writeSet(const std::string& name, const std::vector<Member>& members) {
+    members_ += members.size();
+    if (members_ > Frames::kMostRows)
+        return lines_.note(Finding::kTooMuch, name, "members of sets");
+    out_.text("*ELSET, ELSET=").text(name).text("\n");
+    Line line(out_);
+    std::size_t fields = 0;
+    for (const Member& member : members) {
+        line.number(newId(member));
+        if (++fields % kMostFields == 0)
+            line.finish();
+    }
+    if (!line.isEmpty())
+        line.finish();
+}
+
+void DeckWriter::writeSets(const PlannedFaces& faces) {
+    for (const Frame& frame : frames_.all())
+        for (const auto& [name, set] : frame.scope->elementSets) {
+            if (!set.isListed && !faces.sets.contains({frame.instance, name}))
+                continue;
+            const FoundSet found{frame.scope, frame.instance, &set, name};
+            const std::vector<Member> members = membersOf(model_, found, SetKind::kElements).list;
+            if (!members.empty() && !lines_.hasFailed())
+                writeSet(linkedName(names_.of(frame.instance, name)), members);
+        }
+}
+
+void DeckWriter::writeShellSections() {
+    for (const Frame& frame : frames_.all())
+        for (const ShellSection& section : frame.scope->shellSections) {
+            out_.text("*SHELL SECTION, ELSET=").text(names_.of(frame.instance, section.elset));
+            out_.text(", MATERIAL=").text(section.material.empty() ? "NONE" : section.material);
+            out_.text("\n");
+            Line line(out_);
+            line.number(section.thickness).finish();
+        }
+}
+
+void DeckWriter::writeSurfaces(const PlannedFaces& faces) {
+    for (const PlannedSurface& surface : faces.surfaces) {
+        std::array<std::string, kMostFaces> sets;
+        for (std::size_t i = 0; i < kMostFaces; ++i)
+            if (!surface.elements[i].empty()) {
+                sets[i] = names_.makeNew("_" + surface.name + "_S" + std::to_string(i + 1));
+                writeSet(sets[i], surface.elements[i]);
+            }
+        out_.text("*SURFACE, TYPE=ELEMENT, NAME=").text(linkedName(surface.name)).text("\n");
+        for (const PlannedSurface::Line& line : surface.lines)
+            out_.text(linkedName(names_.of(line.instance, line.set)))
+                .text(", S")
+                .text(std::to_string(line.face))
+                .text("\n");
+        for (std::size_t i = 0; i < kMostFaces; ++i)
+            if (!sets[i].empty())
+                out_.text(sets[i]).text(", S").text(std::to_string(i + 1)).text("\n");
+    }
+}
+
+void DeckWriter::writeLoads(const PlannedFaces& faces) {
+    if (faces.loads.empty())
+        return;
+    out_.text("*DLOAD\n");
+    Line line(out_);
+    for (const PlannedLoad& load : faces.loads) {
+        line.number(newId(load.element)).text(", P").text(std::to_string(load.face));
+        line.number(load.value).finish();
+    }
+}
+
+void DeckWriter::write(const PlannedFaces& faces) {
+    out_.text("** Tidy deck\n");
+    writeNodes();
+    for (const Frame& frame : frames_.all())
+        for (const Block& block : frame.scope->blocks)
+            writeBlock(frame, block);
+    writeSets(faces);
+    writeShellSections();
+    writeSurfaces(faces);
+    writeLoads(faces);
+}
+
+// Files change seldom from row to row.
+class FileWalk {
+  public:
+    explicit FileWalk(const FileRows& rows) : rows_(rows) {}
+    bool reaches(std::size_t row) {
+        const bool isNext = next_ < rows_.changes.size() && rows_.changes[next_].row == row;
+        if (isNext)
+            file_ = rows_.changes[next_++].file;
+        return isNext;
+    }
+    std::uint32_t file() const { return file_; }
+
+  private:
+    const FileRows& rows_;
+    std::size_t next_ = 0;
+    std::uint32_t file_ = 0;
+};
+
+void addOrigins(const std::vector<int>& ids, std::int64_t shift, std::size_t firstRow,
+                std::string_view part, const SourceFiles& files, FileWalk& walk, Origins& origins,
+                OriginMap& map) {
+    std::uint32_t source = origins.sourceOf(part, files.fileName(walk.file()));
+    for (std::size_t row = 0; row < ids.size(); ++row) {
+        if (walk.reaches(firstRow + row))
+            source = origins.sourceOf(part, files.fileName(walk.file()));
+        map.add({static_cast<int>(ids[row] + shift), ids[row], source});
+    }
+}
+
+}  // namespace
+
+void writeDeck(const Model& model, const Frames& frames, const PlannedFaces& faces,
+               DeckLines& lines, OutputFile& out) {
+    DeckWriter(model, frames, lines, out).write(faces);
+}
+
+void fillOrigins(const Frames& frames, const SourceFiles& files, Origins& origins) {
+    for (const Frame& frame : frames.all()) {
+        FileWalk walk(frame.scope->nodes.files);
+        addOrigins(frame.scope->nodes.ids, frame.nodeShift, 0, frame.name, files, walk, origins,
+                   origins.nodes);
+    }
+    for (const Frame& frame : frames.all()) {
+        FileWalk walk(frame.scope->elementFiles);
+        for (const Block& block : frame.scope->blocks)
+            addOrigins(block.ids, frame.elementShift, block.first, frame.name, files, walk, origins,
+                       origins.elements);
+    }
+}
+
+}  // namespace kvocaeio::tidy::abaqus
