@@ -1,9 +1,6 @@
 /// Statements, their continuation, and includes between them.
 #include "tidy/abaqus/deck_lines.h"
 
-#include <algorithm>
-#include <cstring>
-
 #include "text/scan.h"
 #include "tidy/abaqus/fields.h"
 
@@ -56,11 +53,8 @@ bool DeckLines::isData() {
             change(Finding::kBlankLine, line);
         return false;
     }
-    if (line[at] != '*') {
-        if (isPlainExpected_ && std::memchr(line.data(), '\t', line.size()) != nullptr)
-            change(Finding::kTab, line.substr(line.find('\t')));
+    if (line[at] != '*')
         return true;
-    }
     if (at + 1 < line.size() && line[at + 1] == '*') {
         if (isInside_ || (at > 0 && isPlainExpected_))
             change(Finding::kCommentInside, line);
@@ -143,6 +137,14 @@ void DeckLines::expectPlain(const Statement& statement) {
     isPlainExpected_ = true;
     if (!statement.isPlain)
         change(Finding::kKeywordForm, line(), statement.keyword);
+}
+
+bool DeckLines::tellTabs() {
+    const std::size_t tab = line().find('\t');
+    if (tab == std::string_view::npos)
+        return false;
+    change(Finding::kTab, line().substr(tab));
+    return true;
 }
 
 void DeckLines::includeInput(const Statement& statement) {

@@ -31,7 +31,10 @@ class DeckLines {
     /// The statement taken last is one that the reader reads too: what it would take in another
     /// way than it is meant has to be changed.
     void expectPlain(const Statement& statement);
-    /// The same for lines between the first and the last one of an entry.
+    /// Tells tabs in the line taken last, which the reader would not take for blanks. False without
+    /// one. For the readers of statements to ask, which mostly know from the fields.
+    bool tellTabs();
+    /// Whether what comes next is between the first and the last line of an element.
     void setInside(bool isInside) { isInside_ = isInside; }
 
     /// The lines of a file that the statement names in INPUT come before those that follow it.

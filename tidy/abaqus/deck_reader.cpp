@@ -98,6 +98,8 @@ void readDeck(DeckLines& lines, Model& model) {
             std::ranges::find(kStatements, reader.statement.keyword, &StatementRow::keyword);
         if (row != std::end(kStatements))
             row->read(reader);
+        else
+            lines.note(Finding::kKeywordUnread, lines.line(), reader.statement.keyword);
     }
     placeParts(reader);
     tellUnused(reader);

@@ -2,57 +2,18 @@
 #include "tidy/abaqus/deck_writer.h"
 
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "tidy/abaqus/line_writer.h"
 #include "tidy/abaqus/set_names.h"
 #include "tidy/abaqus/sets.h"
 
 namespace kvocaeio::tidy::abaqus {
 
 namespace {
-
-// Data lines of the format hold at most sixteen fields.
-constexpr std::size_t kMostFields = 16;
-
-/// A data line in the making, in a buffer that holds the longest one.
-class Line {
-  public:
-    explicit Line(OutputFile& out) : out_(out) {}
-
-    template <class Number>
-    Line& number(Number value) {
-        if (fields_ == kMostFields) {
-            *end_++ = ',';
-            finish();
-        }
-        if (fields_++ > 0)
-            text(", ");
-        end_ = std::to_chars(end_, buffer_.data() + buffer_.size(), value).ptr;
-        return *this;
-    }
-    Line& text(std::string_view value) {
-        for (const char c : value)
-            *end_++ = c;
-        return *this;
-    }
-    void finish() {
-        *end_++ = '\n';
-        out_.text({buffer_.data(), static_cast<std::size_t>(end_ - buffer_.data())});
-        end_ = buffer_.data();
-        fields_ = 0;
-    }
-    bool isEmpty() const { return end_ == buffer_.data(); }
-
-  private:
-    OutputFile& out_;
-    std::array<char, 1024> buffer_;
-    char* end_ = buffer_.data();
-    std::size_t fields_ = 0;
-};
 
 class DeckWriter {
   public:
@@ -83,13 +44,13 @@ class DeckWriter {
 
 void DeckWriter::writeNodes() {
     out_.text("*NODE\n");
-    Line line(out_);
+    LineWriter line(out_);
     for (const Frame& frame : frames_.all()) {
         const NodeTable& nodes = frame.scope->nodes;
         for (std::size_t row = 0; row < nodes.ids.size(); ++row) {
-            line.number(nodes.ids[row] + frame.nodeShift);
+            line.integer(nodes.ids[row] + frame.nodeShift);
             for (const double coordinate : frame.placement(nodes.points[row]))
-                line.number(coordinate);
+                line.real(coordinate);
             line.finish();
         }
     }
@@ -102,12 +63,12 @@ void DeckWriter::writeBlock(const Frame& frame, const Block& block) {
     if (!block.elset.empty())
         out_.text(", ELSET=").text(names_.of(frame.instance, block.elset));
     out_.text("\n");
-    Line line(out_);
+    LineWriter line(out_);
     const int* node = block.nodes.data();
     for (const int id : block.ids) {
-        line.number(id + frame.elementShift);
+        line.integer(id + frame.elementShift);
         for (std::size_t i = 0; i < block.type.written; ++i)
-            line.number(*node++ + frame.nodeShift);
+            line.integer(*node++ + frame.nodeShift);
         line.finish();
     }
 }
@@ -117,11 +78,10 @@ void DeckWriter::writeSet(const std::string& name, const std::vector<Member>& me
     if (members_ > Frames::kMostRows)
         return lines_.note(Finding::kTooMuch, name, "members of sets");
     out_.text("*ELSET, ELSET=").text(name).text("\n");
-    Line line(out_);
-    std::size_t fields = 0;
+    LineWriter line(out_);
     for (const Member& member : members) {
-        line.number(newId(member));
-        if (++fields % kMostFields == 0)
+        line.integer(newId(member));
+        if (line.isFull())
             line.finish();
     }
     if (!line.isEmpty())
@@ -146,8 +106,8 @@ void DeckWriter::writeShellSections() {
             out_.text("*SHELL SECTION, ELSET=").text(names_.of(frame.instance, section.elset));
             out_.text(", MATERIAL=").text(section.material.empty() ? "NONE" : section.material);
             out_.text("\n");
-            Line line(out_);
-            line.number(section.thickness).finish();
+            LineWriter line(out_);
+            line.real(section.thickness).finish();
         }
 }
 
@@ -175,10 +135,10 @@ void DeckWriter::writeLoads(const PlannedFaces& faces) {
     if (faces.loads.empty())
         return;
     out_.text("*DLOAD\n");
-    Line line(out_);
+    LineWriter line(out_);
     for (const PlannedLoad& load : faces.loads) {
-        line.number(newId(load.element)).text(", P").text(std::to_string(load.face));
-        line.number(load.value).finish();
+        line.integer(newId(load.element)).text(", P").text(std::to_string(load.face));
+        line.real(load.value).finish();
     }
 }
 

@@ -1,13 +1,14 @@
 /// The readers of elements, and of statements that generate elements from others.
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "text/scan.h"
 #include "tidy/abaqus/deck_reader.h"
 #include "tidy/abaqus/fields.h"
 #include "tidy/abaqus/sets.h"
@@ -15,6 +16,8 @@
 namespace kvocaeio::tidy::abaqus {
 
 namespace {
+
+constexpr std::ptrdiff_t kMostDigits = 10;  // of an int
 
 // Numbers of a data line, between commas or blanks. Adds them to `numbers`, at most up to `most`.
 // False where anything else stands there.
@@ -26,12 +29,13 @@ bool appendNumbers(std::string_view line, std::size_t most, std::vector<int>& nu
             ++at;
         if (at == end)
             return true;
-        int number = 0;
-        const auto [last, error] = std::from_chars(at, end, number);
-        if (error != std::errc() || (last != end && *last != ',' && *last != ' '))
+        std::int64_t number = 0;
+        const char* const first = at;
+        for (; at != end && text::isDigit(*at) && at - first < kMostDigits; ++at)
+            number = 10 * number + text::digitValue(*at);
+        if (at == first || !std::in_range<int>(number) || (at != end && *at != ',' && *at != ' '))
             return false;
-        numbers.push_back(number);
-        at = last;
+        numbers.push_back(static_cast<int>(number));
     }
     return true;
 }
@@ -46,7 +50,8 @@ bool appendOtherNumbers(DeckReader& reader, std::size_t most, std::vector<int>& 
             return false;
         numbers.push_back(number);
     }
-    reader.lines.change(Finding::kNumberForm, reader.lines.line());
+    if (!reader.lines.tellTabs())
+        reader.lines.change(Finding::kNumberForm, reader.lines.line());
     return true;
 }
 
@@ -113,18 +118,25 @@ Block& blockFor(Scope& scope, const Block& kind, bool mayGoOn) {
             return last;
     }
     return scope.blocks.emplace_back(
-        Block{kind.type, kind.typeName, kind.elset, scope.elementCount, {}, {}});
+        Block{kind.type, kind.typeName, kind.elset, scope.elements.count(), {}, {}});
+}
+
+// What is defined again counts as it is defined last. Then it must be of the same type.
+void replaceElement(DeckReader& reader, Scope& scope, const Block& kind, int id, const int* nodes) {
+    const auto [at, row] = scope.elementAt(scope.elements.find(id));
+    Block& block = scope.blocks[at];
+    if (block.typeName != kind.typeName)
+        return reader.refuse(Finding::kElementTwice);
+    reader.lines.change(Finding::kElementRepeated, reader.lines.line());
+    std::copy_n(nodes, block.type.written, block.nodes.data() + row * block.type.written);
 }
 
 void addElement(DeckReader& reader, Scope& scope, Block& block, int id, const int* nodes) {
-    std::uint32_t& place = scope.elements[id];
-    if (place != IdIndex::kNone)
-        reader.lines.note(Finding::kElementRepeated, reader.lines.line());
-    place = scope.elementCount;
-    scope.elementFiles.add(place, reader.lines.place().file);
+    if (!scope.elements.add(id))
+        return replaceElement(reader, scope, block, id, nodes);
+    scope.elementFiles.add(scope.elements.count() - 1, reader.lines.place().file);
     block.ids.push_back(id);
     block.nodes.insert(block.nodes.end(), nodes, nodes + block.type.written);
-    ++scope.elementCount;
 }
 
 IdSet* blockSet(Scope& scope, const std::string& name) {
@@ -168,11 +180,12 @@ bool findMaster(const Scope& scope, int id, Master& master) {
     const std::uint32_t place = scope.elements.find(id);
     if (place == IdIndex::kNone)
         return false;
-    const auto [block, row] = scope.elementAt(place);
-    master.kind = {block->type, block->typeName, block->elset, 0, {}, {}};
+    const auto [at, row] = scope.elementAt(place);
+    const Block& block = scope.blocks[at];
+    master.kind = {block.type, block.typeName, block.elset, 0, {}, {}};
     master.id = id;
-    const int* const nodes = block->nodes.data() + row * block->type.written;
-    master.nodes.assign(nodes, nodes + block->type.written);
+    const int* const nodes = block.nodes.data() + row * block.type.written;
+    master.nodes.assign(nodes, nodes + block.type.written);
     return true;
 }
 

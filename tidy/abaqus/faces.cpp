@@ -71,8 +71,8 @@ bool Planner::spend(std::size_t count, Place place) {
 bool Planner::hasFace(const Member& element, int face) const {
     const Scope& scope = *frames_.of(element.instance).scope;
     const std::uint32_t place = scope.elements.find(element.id);
-    return place != IdIndex::kNone && static_cast<std::size_t>(face) <=
-                                          readFaceCount(scope.elementAt(place).block->type.shape);
+    return place != IdIndex::kNone &&
+           static_cast<std::size_t>(face) <= readFaceCount(scope.blockOf(place).type.shape);
 }
 
 FoundSet Planner::find(const Frame& frame, const Target& target) const {

@@ -38,6 +38,7 @@ enum class Finding : std::size_t {
     kSurfaceOutside,
     kLoadOnSet,
     kShellSection,
+    kKeywordUnread,
     // What could not be done.
     kTypeUnread,
     kSurfaceUnread,
@@ -50,6 +51,7 @@ enum class Finding : std::size_t {
     kElementRepeated,
     kThicknessUnread,
     kNumberInvalid,
+    kElementTwice,
     kElementIncomplete,
     kPartMissing,
     kInstanceUnread,

@@ -75,7 +75,7 @@ Frames::Frames(const Model& model, DeckLines& lines) {
         const Ranges& range = ranges[static_cast<std::size_t>(frame.scope - model.scopes.data())];
         frame.nodeShift = nodes.take(range.nodes);
         frame.elementShift = elements.take(range.elements);
-        rows += std::max<std::size_t>(frame.scope->nodes.ids.size(), frame.scope->elementCount);
+        rows += std::max<std::size_t>(frame.scope->nodes.ids.size(), frame.scope->elements.count());
     }
     if (nodes.isOver() || elements.isOver() || rows > kMostRows)
         lines.note(Finding::kTooMuch, {}, "numbers of the instances");

@@ -10,30 +10,31 @@
 
 namespace kvocaeio::tidy::abaqus {
 
-/// A map from ids to rows. Ids of a deck mostly stand close together, so they are kept by pages;
-/// memory is in proportion to their number however far apart they are.
+/// A map from ids to rows, which are counted from 0 in the order in which ids are added. Memory is
+/// in proportion to the number of ids however far apart they are.
 class IdIndex {
   public:
     static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
 
     /// The row of an id; `kNone` where it has none.
     std::uint32_t find(int id) const {
-        const Page* const page = pageOf(id);
-        return page == nullptr ? kNone : (*page)[placeOf(id)];
+        const std::int64_t inRun = std::int64_t{id} - first_;
+        if (inRun >= 0 && inRun < runCount_)
+            return static_cast<std::uint32_t>(inRun);
+        return pages_.empty() ? kNone : findInPages(id);
     }
-    /// The row of an id, to be set; `kNone` where it is new.
-    std::uint32_t& operator[](int id) {
-        const auto number = numberOf(id);
-        if (number != latest_) {
-            const auto [known, isNew] =
-                rows_.try_emplace(number, static_cast<std::uint32_t>(pages_.size()));
-            if (isNew)
-                pages_.emplace_back().fill(kNone);
-            latest_ = number;
-            latestRow_ = known->second;
+    /// Adds an id. False, with nothing changed, where it is there already.
+    bool add(int id) {
+        // Most decks number one by one, which takes no memory at all.
+        if (pages_.empty() && (count_ == 0 || std::int64_t{id} - first_ == runCount_)) {
+            first_ = count_ == 0 ? id : first_;
+            ++runCount_;
+            ++count_;
+            return true;
         }
-        return pages_[latestRow_][placeOf(id)];
+        return find(id) == kNone && addToPages(id);
     }
+    std::uint32_t count() const { return count_; }
 
   private:
     static constexpr int kPageBits = 5;
@@ -43,25 +44,16 @@ class IdIndex {
     static std::size_t placeOf(int id) {
         return static_cast<std::size_t>(static_cast<unsigned>(id) & ((1U << kPageBits) - 1));
     }
-    const Page* pageOf(int id) const {
-        const auto number = numberOf(id);
-        if (number != found_) {
-            const auto known = rows_.find(number);
-            if (known == rows_.end())
-                return nullptr;
-            found_ = number;
-            foundRow_ = known->second;
-        }
-        return &pages_[foundRow_];
-    }
+    std::uint32_t findInPages(int id) const;
+    bool addToPages(int id);
 
-    static constexpr std::int64_t kNoPage = std::numeric_limits<std::int64_t>::max();
-    std::unordered_map<std::int64_t, std::uint32_t> rows_;
+    int first_ = 0;  // of the ids that come one by one, from row 0
+    std::int64_t runCount_ = 0;
+    std::uint32_t count_ = 0;
+    std::unordered_map<std::int64_t, std::uint32_t> rows_;  // of pages
     std::vector<Page> pages_;
-    std::int64_t latest_ = kNoPage;
-    std::uint32_t latestRow_ = 0;
-    mutable std::int64_t found_ = kNoPage;
-    mutable std::uint32_t foundRow_ = 0;
+    mutable std::int64_t latest_ = std::numeric_limits<std::int64_t>::max();
+    mutable std::uint32_t latestRow_ = 0;
 };
 
 }  // namespace kvocaeio::tidy::abaqus

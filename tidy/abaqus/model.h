@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tidy/abaqus/element_types.h"
@@ -75,7 +76,20 @@ struct IdSet {
     bool isUnsorted = false;  ///< its ids count in the order of the deck
     Place place;
 
-    void add(int instance, int id);
+    void add(int instance, int id) {
+        if (!runs.empty()) {
+            IdRun& run = runs.back();
+            const std::int64_t distance = std::int64_t{id} - run.last;
+            const bool isSingle = run.first == run.last;
+            if (run.instance == instance && distance > 0 &&
+                (distance == run.step || (isSingle && std::in_range<int>(distance)))) {
+                run.step = static_cast<int>(distance);
+                run.last = id;
+                return;
+            }
+        }
+        runs.push_back({instance, id, id, 1});
+    }
 };
 
 /// What a line of a surface or load names: an element if the name is empty.
@@ -120,20 +134,20 @@ struct Scope {
     bool isCopied = false;  ///< whether an instance has a copy, with more in it
     NodeTable nodes;
     std::vector<Block> blocks;
-    IdIndex elements;  ///< by the place among all elements of the scope
-    std::uint32_t elementCount = 0;
+    IdIndex elements;  ///< to the place among all elements of the scope
     FileRows elementFiles;
     std::map<std::string, IdSet> nodeSets;
     std::map<std::string, IdSet> elementSets;
     std::vector<Surface> surfaces;
     std::vector<ShellSection> shellSections;
 
-    /// The block of an element and its row there.
+    /// The block of an element, as a row of `blocks`, and its row there.
     struct ElementRow {
-        const Block* block;
+        std::size_t block;
         std::size_t row;
     };
     ElementRow elementAt(std::uint32_t place) const;
+    const Block& blockOf(std::uint32_t place) const { return blocks[elementAt(place).block]; }
 };
 
 struct Instance {

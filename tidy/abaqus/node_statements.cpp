@@ -65,8 +65,8 @@ bool readNode(DeckReader& reader, NodeLine& node) {
             return false;
         isPlain = isPlain && field.find_first_of("dD") == std::string_view::npos;
     }
-    if (!isPlain)
-        reader.lines.change(Finding::kNumberForm, field);
+    if (!reader.lines.tellTabs() && !isPlain)
+        reader.lines.change(Finding::kNumberForm, reader.lines.line());
     return true;
 }
 
@@ -82,13 +82,11 @@ Coordinates coordinatesOf(const Statement& statement) {
 void addNode(DeckReader& reader, int id, const Point& point) {
     Scope& scope = reader.scope();
     NodeTable& nodes = scope.nodes;
-    std::uint32_t& row = nodes.rows[id];
-    if (row != IdIndex::kNone) {
-        nodes.points[row] = point;
+    if (!nodes.rows.add(id)) {
+        nodes.points[nodes.rows.find(id)] = point;
         return reader.lines.change(Finding::kNodeRepeated, reader.lines.line());
     }
-    row = static_cast<std::uint32_t>(nodes.ids.size());
-    nodes.files.add(row, reader.lines.place().file);
+    nodes.files.add(nodes.ids.size(), reader.lines.place().file);
     nodes.ids.push_back(id);
     nodes.points.push_back(point);
 }

@@ -56,12 +56,15 @@ void addMembers(DeckReader& reader, IdSet& set, int instance) {
     }
 }
 
-void readMembers(DeckReader& reader, IdSet& set) {
+void readMembers(DeckReader& reader, IdSet& set, bool isRead) {
     const bool isGenerated = reader.statement.has("GENERATE");
     const int instance = namedInstance(reader);
     set.isUnsorted = reader.statement.has("UNSORTED");
-    while (reader.lines.nextData())
+    while (reader.lines.nextData()) {
+        if (isRead)
+            reader.lines.tellTabs();
         isGenerated ? addRange(reader, set, instance) : addMembers(reader, set, instance);
+    }
 }
 
 // The number in a label such as S3 or P3; 0 where it is no such label.
@@ -75,6 +78,7 @@ void addSurfaceItem(DeckReader& reader, Surface& surface) {
     Fields fields(reader.lines.line());
     std::string_view item;
     std::string_view label;
+    reader.lines.tellTabs();
     fields.next(item);
     fields.next(label);
     const int face = faceOf(label, 'S');
@@ -105,6 +109,7 @@ void addLoad(DeckReader& reader) {
     std::string_view target;
     std::string_view label;
     std::string_view value;
+    reader.lines.tellTabs();
     Load load{{}, 0, 0.0, reader.lines.place()};
     fields.next(target);
     fields.next(label);
@@ -137,14 +142,15 @@ void readNodeSet(DeckReader& reader) {
         if (found.scope != &reader.scope())
             return;
         for (const Member& member : membersOf(reader.model, found, SetKind::kElements).list) {
-            const auto [block, row] = found.scope->elementAt(found.scope->elements.find(member.id));
-            const std::size_t width = block->type.written;
+            const auto [at, row] = found.scope->elementAt(found.scope->elements.find(member.id));
+            const Block& block = found.scope->blocks[at];
+            const std::size_t width = block.type.written;
             for (std::size_t i = 0; i < width; ++i)
-                set.add(kOwnScope, block->nodes[row * width + i]);
+                set.add(kOwnScope, block.nodes[row * width + i]);
         }
         return;
     }
-    readMembers(reader, set);
+    readMembers(reader, set, false);
 }
 
 void readElementSet(DeckReader& reader) {
@@ -160,7 +166,7 @@ void readElementSet(DeckReader& reader) {
         reader.lines.change(Finding::kKeywordForm, reader.lines.line(), "ELSET");
     if (reader.statement.has("GENERATE"))
         reader.lines.change(Finding::kSetGenerated, reader.lines.line(), name);
-    readMembers(reader, set);
+    readMembers(reader, set, true);
 }
 
 void readSurface(DeckReader& reader) {
@@ -207,6 +213,7 @@ void readShellSection(DeckReader& reader) {
     bool isRead = false;
     for (std::size_t row = 0; lines.nextData(); ++row) {
         double thickness = 0.0;
+        lines.tellTabs();
         if (row > 0 && !isLayered) {
             lines.change(Finding::kShellSection, lines.line(), section.elset);
             continue;

@@ -39,7 +39,7 @@ Qualified qualifiedName(const Model& model, std::string_view name) {
 }
 
 std::size_t countOf(const Scope& scope, SetKind kind) {
-    return kind == SetKind::kNodes ? scope.nodes.ids.size() : scope.elementCount;
+    return kind == SetKind::kNodes ? scope.nodes.ids.size() : scope.elements.count();
 }
 
 bool isThere(const Scope& scope, SetKind kind, int id) {
