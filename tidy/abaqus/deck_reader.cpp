@@ -47,7 +47,7 @@ void placeParts(DeckReader& reader) {
         const std::string& name = model.scopes[row].name;
         model.instanceRows.try_emplace(name, static_cast<int>(model.instances.size()));
         model.instances.push_back({name, row, {}});
-        reader.lines.change(Finding::kPartPlaced, {}, name);
+        reader.lines.changeAt(Finding::kPartPlaced, {}, name, name);
     }
 }
 
@@ -57,7 +57,7 @@ void tellUnused(DeckReader& reader) {
         const Scope& scope = model.scopes[row];
         if (!scope.isCopied &&
             std::ranges::find(model.instances, row, &Instance::scope) == model.instances.end())
-            reader.lines.change(Finding::kPartUnused, {}, scope.name);
+            reader.lines.changeAt(Finding::kPartUnused, {}, scope.name, scope.name);
     }
 }
 

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "tidy/abaqus/line_writer.h"
 #include "tidy/abaqus/set_names.h"
@@ -28,7 +30,7 @@ class DeckWriter {
     void writeSet(const std::string& name, const std::vector<Member>& members);
     void writeSets(const PlannedFaces& faces);
     void writeShellSections();
-    void writeSurfaces(const PlannedFaces& faces);
+    void writeSurface(const PlannedSurface& surface);
     void writeLoads(const PlannedFaces& faces);
     int newId(const Member& element) const {
         return static_cast<int>(element.id + frames_.of(element.instance).elementShift);
@@ -39,7 +41,7 @@ class DeckWriter {
     DeckLines& lines_;
     SetNames names_;
     OutputFile& out_;
-    std::size_t members_ = 0;
+    std::size_t cost_ = 0;  // of sets
 };
 
 void DeckWriter::writeNodes() {
@@ -74,9 +76,6 @@ void DeckWriter::writeBlock(const Frame& frame, const Block& block) {
 }
 
 void DeckWriter::writeSet(const std::string& name, const std::vector<Member>& members) {
-    members_ += members.size();
-    if (members_ > Frames::kMostRows)
-        return lines_.note(Finding::kTooMuch, name, "members of sets");
     out_.text("*ELSET, ELSET=").text(name).text("\n");
     LineWriter line(out_);
     for (const Member& member : members) {
@@ -94,9 +93,12 @@ void DeckWriter::writeSets(const PlannedFaces& faces) {
             if (!set.isListed && !faces.sets.contains({frame.instance, name}))
                 continue;
             const FoundSet found{frame.scope, frame.instance, &set, name};
-            const std::vector<Member> members = membersOf(model_, found, SetKind::kElements).list;
-            if (!members.empty() && !lines_.hasFailed())
-                writeSet(linkedName(names_.of(frame.instance, name)), members);
+            const Members members = membersOf(model_, found, SetKind::kElements);
+            cost_ += members.cost;
+            if (cost_ > Frames::kMostRows)
+                return lines_.noteAt(Finding::kTooMuch, set.place, name, "members of sets");
+            if (!members.list.empty())
+                writeSet(linkedName(names_.of(frame.instance, name)), members.list);
         }
 }
 
@@ -104,31 +106,33 @@ void DeckWriter::writeShellSections() {
     for (const Frame& frame : frames_.all())
         for (const ShellSection& section : frame.scope->shellSections) {
             out_.text("*SHELL SECTION, ELSET=").text(names_.of(frame.instance, section.elset));
-            out_.text(", MATERIAL=").text(section.material.empty() ? "NONE" : section.material);
+            const std::string material = writtenName(section.material);
+            out_.text(", MATERIAL=").text(material.empty() ? "NONE" : material);
             out_.text("\n");
             LineWriter line(out_);
             line.real(section.thickness).finish();
         }
 }
 
-void DeckWriter::writeSurfaces(const PlannedFaces& faces) {
-    for (const PlannedSurface& surface : faces.surfaces) {
-        std::array<std::string, kMostFaces> sets;
-        for (std::size_t i = 0; i < kMostFaces; ++i)
-            if (!surface.elements[i].empty()) {
-                sets[i] = names_.makeNew("_" + surface.name + "_S" + std::to_string(i + 1));
-                writeSet(sets[i], surface.elements[i]);
-            }
-        out_.text("*SURFACE, TYPE=ELEMENT, NAME=").text(linkedName(surface.name)).text("\n");
-        for (const PlannedSurface::Line& line : surface.lines)
-            out_.text(linkedName(names_.of(line.instance, line.set)))
-                .text(", S")
-                .text(std::to_string(line.face))
-                .text("\n");
-        for (std::size_t i = 0; i < kMostFaces; ++i)
-            if (!sets[i].empty())
-                out_.text(sets[i]).text(", S").text(std::to_string(i + 1)).text("\n");
-    }
+// Elements that need a set of their own get it; a surface of nothing is left out.
+void DeckWriter::writeSurface(const PlannedSurface& surface) {
+    std::vector<std::pair<std::string, int>> items;
+    for (const PlannedSurface::Line& line : surface.lines)
+        items.emplace_back(linkedName(names_.of(line.instance, line.set)), line.face);
+    for (std::size_t i = 0; i < kMostFaces; ++i)
+        if (!surface.elements[i].empty()) {
+            const std::string face = std::to_string(i + 1);
+            const std::string name = names_.makeNew("_" + surface.name + "_S" + face);
+            writeSet(name, surface.elements[i]);
+            items.emplace_back(name, static_cast<int>(i) + 1);
+        }
+    if (items.empty())
+        return;
+    out_.text("*SURFACE, TYPE=ELEMENT, NAME=")
+        .text(linkedName(writtenName(surface.name)))
+        .text("\n");
+    for (const auto& [set, face] : items)
+        out_.text(set).text(", S").text(std::to_string(face)).text("\n");
 }
 
 void DeckWriter::writeLoads(const PlannedFaces& faces) {
@@ -150,7 +154,8 @@ void DeckWriter::write(const PlannedFaces& faces) {
             writeBlock(frame, block);
     writeSets(faces);
     writeShellSections();
-    writeSurfaces(faces);
+    for (const PlannedSurface& surface : faces.surfaces)
+        writeSurface(surface);
     writeLoads(faces);
 }
 

@@ -97,7 +97,7 @@ Members Planner::elementsOf(const Frame& frame, const Target& target, Place plac
         return members;
     }
     members = membersOf(model_, found, SetKind::kElements);
-    if (!spend(members.list.size() + found.set->runs.size(), place))
+    if (!spend(members.cost, place))
         members.list.clear();
     return members;
 }

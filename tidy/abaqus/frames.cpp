@@ -78,7 +78,7 @@ Frames::Frames(const Model& model, DeckLines& lines) {
         rows += std::max<std::size_t>(frame.scope->nodes.ids.size(), frame.scope->elements.count());
     }
     if (nodes.isOver() || elements.isOver() || rows > kMostRows)
-        lines.note(Finding::kTooMuch, {}, "numbers of the instances");
+        lines.noteAt(Finding::kTooMuch, {}, {}, "numbers of the instances");
 }
 
 }  // namespace kvocaeio::tidy::abaqus

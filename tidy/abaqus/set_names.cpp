@@ -11,19 +11,6 @@ namespace kvocaeio::tidy::abaqus {
 
 namespace {
 
-std::string written(std::string_view name) {
-    std::string folded;
-    text::foldToUpper(name, folded);
-    const auto isSeparator = [](char c) {
-        return c == ',' || c == '=' || c == '"' || c == '\'' || static_cast<unsigned char>(c) < ' ';
-    };
-    std::ranges::replace_if(folded, isSeparator, '_');
-    if (folded.starts_with('*'))
-        folded[0] = '_';
-    folded.resize(std::min(folded.size(), kMostName));
-    return folded;
-}
-
 /// The frames that have a set of a name: the first one, and whether there are more.
 struct Owners {
     int first;
@@ -42,6 +29,19 @@ void forEachName(const Scope& scope, const Visit& visit) {
 }
 
 }  // namespace
+
+std::string writtenName(std::string_view name) {
+    std::string folded;
+    text::foldToUpper(name, folded);
+    const auto isSeparator = [](char c) {
+        return c == ',' || c == '=' || c == '"' || c == '\'' || static_cast<unsigned char>(c) < ' ';
+    };
+    std::ranges::replace_if(folded, isSeparator, '_');
+    if (folded.starts_with('*'))
+        folded[0] = '_';
+    folded.resize(std::min(folded.size(), kMostName));
+    return folded;
+}
 
 std::string linkedName(std::string name) {
     std::ranges::replace(name, ' ', '_');
@@ -67,11 +67,11 @@ void SetNames::add(const Frame& frame, const std::string& name, bool isShared, D
     if (!isNew)
         return;
     const bool isPrefixed = isShared && frame.instance != kOwnScope;
-    entry->second = unique(written(isPrefixed ? std::string(frame.name) + "." + name : name));
+    entry->second = unique(writtenName(isPrefixed ? std::string(frame.name) + "." + name : name));
     std::string folded;
     text::foldToUpper(name, folded);
     if (entry->second != folded)
-        lines.change(Finding::kNameChanged, entry->second, name);
+        lines.changeAt(Finding::kNameChanged, {}, entry->second, name);
 }
 
 // Two names that differ in blanks alone are one in places.
@@ -91,7 +91,7 @@ const std::string& SetNames::of(int instance, const std::string& name) const {
 }
 
 std::string SetNames::makeNew(std::string_view name) {
-    return linkedName(unique(written(name)));
+    return linkedName(unique(writtenName(name)));
 }
 
 }  // namespace kvocaeio::tidy::abaqus

@@ -106,6 +106,8 @@ Members membersOf(const Model& model, const FoundSet& found, SetKind kind) {
         }
         if (!seen.emplace(next.instance, next.set).second)
             continue;
+        constexpr std::size_t kCostOfSet = 64;
+        members.cost += kCostOfSet + next.set->runs.size() + next.set->names.size();
         for (const IdRun& run : next.set->runs) {
             const bool isOwn = run.instance == kOwnScope;
             appendRun(isOwn ? *next.scope : model.scopeOf(run.instance), kind,
@@ -117,6 +119,7 @@ Members membersOf(const Model& model, const FoundSet& found, SetKind kind) {
                                       isOwn ? next.instance : name.instance, name.name, kind));
         }
     }
+    members.cost += members.list.size();
     if (found.set == nullptr || !found.set->isUnsorted) {
         std::ranges::sort(members.list);
         const auto rest = std::ranges::unique(members.list);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <compare>
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -33,6 +34,7 @@ FoundSet findSet(const Model& model, const Scope& scope, int instance, std::stri
 
 struct Members {
     std::vector<Member> list;  ///< that are there; ascending, each once, unless unsorted
+    std::size_t cost = 0;      ///< of finding them, in about as many steps
     bool hasUnknown = false;   ///< whether there are ids or sets that are not there
 };
 
