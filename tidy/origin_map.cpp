@@ -44,12 +44,11 @@ bool OriginMap::next(Cursor& cursor, Origin& origin) const {
 }
 
 std::uint32_t Origins::sourceOf(std::string_view part, std::string_view file) {
-    const auto found = std::ranges::find_if(
-        sources, [&](const Source& source) { return source.part == part && source.file == file; });
-    const auto row = static_cast<std::uint32_t>(found - sources.begin());
-    if (found == sources.end())
+    const auto [known, isNew] = sourceRows.try_emplace({std::string(part), std::string(file)},
+                                                       static_cast<std::uint32_t>(sources.size()));
+    if (isNew)
         sources.push_back({std::string(part), std::string(file)});
-    return row;
+    return known->second;
 }
 
 void writeOrigins(const Origins& origins, OutputFile& out) {

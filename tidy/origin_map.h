@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kvocaeio::tidy {
@@ -64,6 +66,7 @@ struct Origins {
     OriginMap elements;
     OriginMap properties;
     std::vector<Source> sources;
+    std::map<std::pair<std::string, std::string>, std::uint32_t> sourceRows;
 
     /// The row of a source, which is added where it is new. Asked when a file or part begins, not
     /// for each thing.
