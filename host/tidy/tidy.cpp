@@ -29,9 +29,9 @@ struct TargetError : FileError {
     std::string file;
 };
 
-void refuseSameFile(const std::string& path, const std::optional<FileIdentity>& other,
-                    const char* text) {
-    if (other && other == identityOf(path))
+void refuseSameFile(const std::string& path, const std::string& other,
+                    const std::optional<FileIdentity>& identity, const char* text) {
+    if (path == other || (identity && identity == identityOf(path)))
         throw TargetError(path, std::string("cannot be written: it is ") + text, "same-file");
 }
 
@@ -58,6 +58,14 @@ std::string_view codeOf(int format) {
     return kCodes[static_cast<std::size_t>(format)];
 }
 
+std::string_view reasonOf(std::string_view failureCode) {
+    if (failureCode == "tidy.output-failed")
+        return "cannot-be-written";
+    if (failureCode == "file.out-of-memory")
+        return "out-of-memory";
+    return failureCode.starts_with("file.") ? "cannot-be-read" : "not-tidied";
+}
+
 void tidyTo(const std::string& target, const InputFile& source, const TidyOptions& options,
             CKVODeckTidy& tidy, TidyResult& result) {
     result.run = tidyFile(tidy, source, options, target);
@@ -65,7 +73,8 @@ void tidyTo(const std::string& target, const InputFile& source, const TidyOption
     result.isChanged = tidy.IsNeeded();
     result.deviation = tidy.GetDeviation();
     if (!result.run.good)
-        throw FileError("cannot be tidied: " + result.run.failure, "not-tidied");
+        throw FileError("cannot be tidied: " + result.run.failure,
+                        reasonOf(result.run.failureCode));
 }
 
 /// Writes the map, which takes its place once the deck is there, too.
@@ -86,12 +95,12 @@ void onMap(const TidyOptions& options, const Step& step) {
 
 void tidy(const TidyOptions& options, TidyResult& result) {
     const InputFile source(options.source);
-    refuseSameFile(options.target, source.identity(), "the file that is read");
+    refuseSameFile(options.target, source.path(), source.identity(), "the file that is read");
     CKVODeckTidy tidy;
     std::optional<ReplacementFile> map;
     if (!options.mapFile.empty()) {
-        refuseSameFile(options.mapFile, source.identity(), "the file that is read");
-        refuseSameFile(options.mapFile, identityOf(options.target), "the new deck");
+        refuseSameFile(options.mapFile, source.path(), source.identity(), "the file that is read");
+        refuseSameFile(options.mapFile, options.target, identityOf(options.target), "the new deck");
         onMap(options, [&] { map.emplace(options.mapFile); });
         tidyTo("", source, options, tidy, result);
         onMap(options, [&] { writeMap(*map, tidy); });
