@@ -58,7 +58,7 @@ std::error_code replaceFile(const std::string& target, const std::string& file);
 void makeStandardInputBinary();
 
 /// Has `path` removed where a signal or its kin ends the program: SIGINT, SIGTERM, a console that
-/// is closed. The text must stay in its place until `keepOnInterruption`. At most four at a time;
+/// is closed. The text must stay in its place until `keepOnInterruption`. At most eight at a time;
 /// those that were given last are removed first.
 void removeOnInterruption(const std::string& path);
 void keepOnInterruption(const std::string& path);

@@ -48,7 +48,7 @@ class Descriptor {
 /// What ends a program that does not handle it, but for what a debugger should see.
 constexpr std::array kEndingSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXCPU, SIGXFSZ};
 
-std::array<std::atomic<const char*>, 4> doomed{};
+std::array<std::atomic<const char*>, 8> doomed{};
 
 void removeDoomedAndEnd(int signal) {
     removeForInterruption();

@@ -73,7 +73,7 @@ void copyPermissions(const std::string& target, const std::string& file) {
     SetFileAttributesA(file.c_str(), GetFileAttributesA(target.c_str()));
 }
 
-std::array<const char*, 4> doomed{};
+std::array<const char*, 8> doomed{};
 std::recursive_mutex doomedMutex;
 HANDLE mainThread = nullptr;
 
@@ -210,8 +210,6 @@ void makeStandardInputBinary() {
 
 void removeOnInterruption(const std::string& path) {
     const std::lock_guard lock(doomedMutex);
-    if (mainThread == nullptr)
-        handleConsoleEvents();
     const auto slot = std::find(doomed.begin(), doomed.end(), nullptr);
     if (slot != doomed.end())
         *slot = path.c_str();
@@ -236,6 +234,8 @@ void removeForInterruption() {
 
 InterruptionPause::InterruptionPause() {
     doomedMutex.lock();
+    if (mainThread == nullptr)
+        handleConsoleEvents();
 }
 
 InterruptionPause::~InterruptionPause() {

@@ -35,6 +35,8 @@ struct Format {
                             CKVOImportReport& report);
     /// The file's solids, for `convert`; null where the format is not converted.
     SolidMesh (*takeSolids)(const std::string& path, const SolidsRequest& request);
+    /// Of `CKVODeckTidy::Format`; 0 where files need no tidying.
+    int tidyFormat = 0;
 };
 
 /// The end of a file's name from its last point on, in lower case.

@@ -14,6 +14,7 @@
 #include "info/info.h"
 #include "manual/command.h"
 #include "platform.h"
+#include "tidy/tidy.h"
 #include "tool_run.h"
 #include "version_text.h"
 
@@ -26,6 +27,13 @@ const char* const kCommandsTitle = "Commands";
 using kvocaeio::host::CheckOptions;
 using kvocaeio::host::ConvertOptions;
 using kvocaeio::host::InfoOptions;
+using kvocaeio::host::TidyOptions;
+
+void addTidyFlag(CLI::App& command, bool& isWanted) {
+    command.add_flag("--tidy", isWanted,
+                     "Tidy Abaqus and Nastran decks, as the command tidy does, before they are "
+                     "read; places are those of the originals.");
+}
 
 void addInfo(CLI::App& app, InfoOptions& options) {
     CLI::App* info =
@@ -40,6 +48,7 @@ void addInfo(CLI::App& app, InfoOptions& options) {
         ->excludes(json);
     info->add_flag("--verbose", options.verbose,
                    "Show the library's progress lines, on standard error; else they are hidden.");
+    addTidyFlag(*info, options.tidy);
     CLI::Option* tool = info->add_option("--tool", options.tool,
                                          "Extraction tool that opens each FILE, a Cadence design.")
                             ->type_name("TOOL");
@@ -86,6 +95,7 @@ CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
                      "List the findings of this severity and above; the exit code does not change.")
         ->check(CLI::IsMember({"note", "warning", "error"}))
         ->capture_default_str();
+    addTidyFlag(*check, options.tidy);
     check->add_flag("--brief", options.brief, "Leave out what to do about the findings.");
     check->add_flag("--verbose", options.verbose,
                     "Show the library's progress lines, on standard error; else they are hidden.");
@@ -130,6 +140,13 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
                       "once with different content.");
     convert->add_flag("--strict", options.strict,
                       "Exit code 1 when anything of the source was left out.");
+    CLI::Option* asIs = convert->add_flag("--as-is", options.asIs,
+                                          "Read a deck as it is, without tidying it first.");
+    convert->add_flag("--tidy")
+        ->description(
+            "Tidy an Abaqus deck before it is read, where it needs that; so it is done "
+            "unless --as-is is given.")
+        ->excludes(asIs);
     CLI::Option* json =
         convert->add_flag("--json", options.json, "Report as a JSON document, for programs.");
     convert->add_flag("--quiet", options.quiet, "Write no report; failures are still told.")
@@ -137,6 +154,33 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     convert->add_flag("--verbose", options.verbose,
                       "Show the library's progress lines, on standard error.");
     return convert;
+}
+
+CLI::App* addTidy(CLI::App& app, TidyOptions& options) {
+    CLI::App* tidy =
+        app.add_subcommand("tidy", "Rewrites the deck IN as OUT, in a form that is read whole.")
+            ->group(kCommandsTitle);
+    tidy->add_option("IN", options.source,
+                     "An Abaqus input deck or a Nastran deck, whatever its dialect, with the files "
+                     "that it includes; - is standard input.")
+        ->required();
+    tidy->add_option("OUT", options.target,
+                     "The new deck; a copy of IN where nothing needs to be changed.")
+        ->required();
+    tidy->add_flag("--report", options.report,
+                   "List what was done, and what could not be done, as the command check does.");
+    tidy->add_option("--map", options.mapFile,
+                     "Write a table of the numbers, parts and files that nodes, elements and "
+                     "properties have in the original.")
+        ->type_name("FILE");
+    CLI::Option* json =
+        tidy->add_flag("--json", options.json, "Report as a JSON document, for programs.");
+    tidy->add_flag("--quiet", options.quiet, "Write nothing of a success; failures are still told.")
+        ->excludes(json);
+    tidy->footer(
+        "Exit code: 0 OUT is written, and everything of IN that can be read is in it; 1 that is "
+        "not possible, and nothing is written; 2 the command line is wrong.");
+    return tidy;
 }
 
 bool isCommand(CLI::App& app, const std::string& word) {
@@ -170,6 +214,8 @@ int run(int argc, char** argv) {
     const CLI::App* check = addCheck(app, checkOptions);
     ConvertOptions convertOptions;
     const CLI::App* convert = addConvert(app, convertOptions);
+    TidyOptions tidyOptions;
+    const CLI::App* tidy = addTidy(app, tidyOptions);
     kvocaeio::host::addManual(app);
     if (argc == 1 || (*argv[1] != '-' && !isCommand(app, argv[1]))) {
         const std::string word = argc == 1 ? "" : kvocaeio::host::cleanName(argv[1]);
@@ -192,6 +238,8 @@ int run(int argc, char** argv) {
         return kvocaeio::host::runCheck(checkOptions);
     if (convert->parsed())
         return kvocaeio::host::runConvert(convertOptions) ? 0 : kFailed;
+    if (tidy->parsed())
+        return kvocaeio::host::runTidyCommand(tidyOptions) ? 0 : kFailed;
     return kvocaeio::host::runInfo(infoOptions) ? 0 : kFailed;
 }
 

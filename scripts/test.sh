@@ -74,7 +74,7 @@ done
 ctest --preset windows-release -j "$jobs"
 
 begin 'clang-tidy'
-tidy() {
+checkStyle() {
     xargs -0 -I {} -P "$jobs" clang-tidy --quiet --warnings-as-errors='*' {} \
         -- -std=c++20 -I . -I include -D KVOCAEIO_BUILDING
 }
@@ -91,14 +91,14 @@ merged() {
          { print }' "$@"
 }
 
-mapfile -d '' library < <(find text report abaqus package nastran patran c -name '*.cpp' \
+mapfile -d '' library < <(find text report abaqus package nastran patran tidy c -name '*.cpp' \
     ! -name '*_windows.cpp' -print0 | sort -z)
 half=$((${#library[@]} / 2))
 mkdir -p build/tidy
 merged "${library[@]:0:half}" >build/tidy/first.cpp
 merged "${library[@]:half}" >build/tidy/second.cpp
 # Where that fails, each source is checked alone, which tells the places and decides.
-printf '%s\0' build/tidy/*.cpp | tidy || printf '%s\0' "${library[@]}" | tidy
+printf '%s\0' build/tidy/*.cpp | checkStyle || printf '%s\0' "${library[@]}" | checkStyle
 
 finish
 printf '\n%s' "${times[@]}"

@@ -73,7 +73,7 @@ class Findings {
     /// Further subjects of a kind are folded under `kOtherSubjects`.
     static constexpr std::size_t kMostSubjects = 24;
     static constexpr std::string_view kOtherSubjects = "(others)";
-    static constexpr std::size_t kMostFiles = 8;
+    static constexpr std::size_t kMostFiles = 64;
     static constexpr std::size_t kMostPath = 1023;
 
     /// The findings from here on are of the file at `path`, which is copied. Further files than

@@ -3,8 +3,11 @@
 #pragma once
 
 #include <ctime>
+#include <filesystem>
 #include <string>
 #include <string_view>
+
+#include "text/file.h"
 
 namespace kvocaeio::text {
 
@@ -19,6 +22,10 @@ std::size_t driveLength(std::string_view path) noexcept;
 
 /// Whether `path` exists and may be read and written.
 bool isReadableAndWritable(const char* path) noexcept;
+
+/// Creates a file to be written in binary mode. Null, with the reason in `errno`, where that fails
+/// or where anything is there already.
+File createFile(const std::filesystem::path& path) noexcept;
 
 /// Converts a time to the local one. False where the system cannot. Unlike `std::localtime` it
 /// leaves a result that the host has alone, and threads may call it side by side.

@@ -1,7 +1,9 @@
 /// What the library asks of Windows.
 #include <exception>
+#include <fcntl.h>
 #include <io.h>
 #include <string>
+#include <sys/stat.h>
 #include <wchar.h>
 #include <windows.h>
 
@@ -94,6 +96,15 @@ File openFile(const wchar_t* path, const char* mode) noexcept {
     } catch (const std::exception&) {
         return nullptr;
     }
+}
+
+File createFile(const std::filesystem::path& path) noexcept {
+    const int descriptor =
+        _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+    std::FILE* const stream = descriptor < 0 ? nullptr : _fdopen(descriptor, "wb");
+    if (stream == nullptr && descriptor >= 0)
+        _close(descriptor);
+    return checked(stream, "wb");
 }
 
 void deleteFile(const char* path) noexcept {

@@ -10,6 +10,7 @@
 #include "file_head.h"
 #include "timed.h"
 #include <kvocaeio/report.h>
+#include <kvocaeio/tidy.h>
 
 namespace kvocaeio::host {
 
@@ -58,7 +59,8 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 
 }  // namespace
 
-const Format kAbaqusFormat = {"Abaqus input deck", "abaqus", kExtensions, recognises, read, check,
-                              takeAbaqusSolids};
+const Format kAbaqusFormat = {
+    "Abaqus input deck",  "abaqus", kExtensions, recognises, read, check, takeAbaqusSolids,
+    CKVODeckTidy::kAbaqus};
 
 }  // namespace kvocaeio::host

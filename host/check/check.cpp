@@ -11,6 +11,7 @@
 #include "formats.h"
 #include "input_file.h"
 #include "package/design.h"
+#include "tidy/tidied_deck.h"
 #include <kvocaeio/report.h>
 
 namespace kvocaeio::host {
@@ -39,6 +40,7 @@ class CheckRun {
     explicit CheckRun(const CheckOptions& options)
         : output_(outputFor(options)),
           leastLevel_(levelOf(options.minSeverity)),
+          tidies_(options.tidy),
           progress_(options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere) {}
 
     void addPath(const std::string& path) {
@@ -74,8 +76,15 @@ class CheckRun {
             // What a byte order mark hides is a finding of the import.
             const Format& format = findFormat(file.path(), MarkRule::kAccept);
             checked.format = format.code;
-            checked.import = format.check(file.path(), progress_, report_);
-            checked.import.rename(file.path(), checked.name);
+            TidiedDeck deck(file.path(), checked.name);
+            if (tidies_)
+                deck.tidy(format);
+            if (deck.failed()) {
+                checked.import = deck.findings();
+                return;
+            }
+            checked.import = format.check(deck.path(), progress_, report_);
+            deck.giveBack(checked.import);
         });
         show(checked);
     }
@@ -122,6 +131,7 @@ class CheckRun {
 
     std::unique_ptr<CheckOutput> output_;
     Level leastLevel_;
+    bool tidies_;
     PrintTarget progress_;
     CKVOImportReport report_;
     CheckTotals totals_;

@@ -14,6 +14,7 @@ struct CheckOptions {
     bool json = false;                 ///< one JSON document instead of text
     bool jsonLines = false;            ///< one JSON object for each finding, a line each
     bool sarif = false;                ///< one SARIF document
+    bool tidy = false;                 ///< decks are tidied before they are read
     bool verbose = false;  ///< the library's progress lines go to standard error, else nowhere
 };
 

@@ -17,6 +17,7 @@
 #include "nastran/mesh_writer.h"
 #include "patran/mesh_writer.h"
 #include "replacement_file.h"
+#include "tidy/tidied_deck.h"
 
 namespace kvocaeio::host {
 
@@ -88,17 +89,48 @@ void scale(SolidMesh& mesh, double factor) {
             value *= factor;
 }
 
+/// Refuses numbers that the deck defines again, of which tidying has kept the last definition.
+void refuseRepeats(const TidiedDeck& deck) {
+    for (const ImportFinding& finding : deck.findings().findings)
+        if (finding.code == "tidy.abaqus-node-repeated" ||
+            finding.code == "tidy.abaqus-element-repeated")
+            throw FileError("is not converted: " + finding.text + " (" +
+                                counted(static_cast<std::size_t>(finding.count), "times") +
+                                ", first in line " + std::to_string(finding.places.front().line) +
+                                "): give each a number of its own, or --force to take the last "
+                                "definition",
+                            "defined-twice");
+}
+
+/// Says that the mesh is that of a tidied deck, and what that deck left out.
+void takeTidied(TidiedDeck& deck, SolidMesh& mesh) {
+    if (!deck.isTidied())
+        return;
+    deck.restoreOids(mesh);
+    const std::size_t warnings = deck.findings().tally().of(Level::kWarning);
+    leaveOut(mesh, "left-out-by-tidying", warnings, "warnings",
+             " of the tidying say what; kvocaeio check --tidy lists them");
+    mesh.remarks.push_back({"tidied", 1, deck.remark()});
+}
+
 SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
-    const Format& format = findFormat(file.path());
+    const Format& format = findFormatToTidy(file.path(), !options.asIs);
     if (format.takeSolids == nullptr)
         throw FileError("is of a format that is not converted (" + std::string(format.name) +
                             "); Abaqus decks and Patran neutral files are",
                         "not-converted");
+    TidiedDeck deck(file.path(), options.source);
+    if (!options.asIs)
+        deck.tidy(format);
+    deck.requireGood("; --as-is converts what is read of the deck as it is");
+    if (!options.force)
+        refuseRepeats(deck);
     SolidMesh mesh = format.takeSolids(
-        file.path(), {options.normalised, options.force,
+        deck.path(), {options.normalised, options.force,
                       options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
-    mesh.imported.rename(file.path(), options.source);
+    deck.giveBack(mesh.imported);
     compact(mesh);
+    takeTidied(deck, mesh);
     if (mesh.elements.empty())
         throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
     scale(mesh, options.scale);

@@ -19,6 +19,7 @@ struct ConvertOptions {
     bool strict = false;      ///< what is left out makes the conversion fail
     bool json = false;        ///< report as JSON
     bool quiet = false;       ///< no report
+    bool asIs = false;        ///< read the source as it is, without tidying
     bool verbose = false;     ///< the library's progress lines go to standard error, else nowhere
 };
 

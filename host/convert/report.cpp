@@ -31,7 +31,8 @@ std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options)
     return cleanName(options.target) + ": " + counted(mesh.nodes.size(), "nodes") + ", " +
            counted(mesh.elements.size(), "elements") + " in " +
            counted(mesh.sections.size(), "sections") + '\n' + lines("left out", mesh.losses) +
-           lines("note", mesh.remarks) + closingLine(mesh.imported.tally(), 1, styleOfOutput());
+           lines("note", mesh.remarks) +
+           closingLine(mesh.imported.tally(), 1, !options.asIs, styleOfOutput());
 }
 
 std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,

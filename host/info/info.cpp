@@ -15,6 +15,7 @@
 #include "json_values.h"
 #include "package/design.h"
 #include "standard_output.h"
+#include "tidy/tidied_deck.h"
 #include "version_text.h"
 
 namespace kvocaeio::host {
@@ -38,9 +39,15 @@ void read(const Job& job, const InfoOptions& options, Outcome& outcome) {
         options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere;
     if (job.kind == Job::Kind::kFile) {
         const InputFile file(job.path);
-        outcome.format = &findFormat(file.path());
-        outcome.report = outcome.format->read(file.path(), progress);
-        outcome.report->imported.rename(file.path(), job.path);
+        outcome.format = &findFormatToTidy(file.path(), options.tidy);
+        TidiedDeck deck(file.path(), job.path);
+        if (options.tidy)
+            deck.tidy(*outcome.format);
+        deck.requireGood();
+        outcome.report = outcome.format->read(deck.path(), progress);
+        deck.giveBack(outcome.report->imported);
+        outcome.report->find(Finding::Level::kNote, "tidied", deck.isTidied() ? 1 : 0,
+                             deck.remark());
         return;
     }
     outcome.format = &kCadenceFormat;
@@ -67,7 +74,9 @@ Outcome outcomeOf(const Job& job, const InfoOptions& options) {
 
 class InfoRun {
   public:
-    explicit InfoRun(const InfoOptions& options) : options_(options), style_(styleOfOutput()) {}
+    explicit InfoRun(const InfoOptions& options) : options_(options), style_(styleOfOutput()) {
+        totals_.isTidied = options.tidy;
+    }
 
     bool run() {
         for (const std::string& path : options_.files)

@@ -14,6 +14,7 @@ struct InfoOptions {
     std::string reportsFolder;       ///< reports of a design to read beside `files`; empty for none
     bool json = false;               ///< one JSON document instead of text
     bool jsonLines = false;          ///< one JSON document for each file, a line each
+    bool tidy = false;               ///< decks are tidied before they are read
     bool verbose = false;  ///< the library's progress lines go to standard error, else nowhere
 };
 

@@ -83,7 +83,8 @@ void printFindings(std::ostream& out, std::span<const Finding> findings, const P
 }
 
 void printTotals(std::ostream& out, const Totals& totals, const PageStyle& style) {
-    const std::string closing = closingLine(totals.imported, totals.importedFiles, style);
+    const std::string closing =
+        closingLine(totals.imported, totals.importedFiles, totals.isTidied, style);
     std::vector<std::string> words;
     if (totals.files > 1)
         words.push_back(counted(totals.files, "files"));
@@ -113,10 +114,12 @@ std::string summaryOf(const Tally& tally, std::size_t files, const PageStyle& st
     return (words.empty() ? "no findings" : words) + " in " + counted(files, "files");
 }
 
-std::string closingLine(const Tally& tally, std::size_t files, const PageStyle& style) {
+std::string closingLine(const Tally& tally, std::size_t files, bool isTidied,
+                        const PageStyle& style) {
     if (tally.of(Level::kWarning) + tally.of(Level::kError) == 0)
         return "";
-    return "import: " + summaryOf(tally, files, style) + "; kvocaeio check lists them\n";
+    return "import: " + summaryOf(tally, files, style) + "; kvocaeio check " +
+           (isTidied ? "--tidy " : "") + "lists them\n";
 }
 
 Json asJson(std::span<const Finding> findings) {

@@ -22,7 +22,8 @@ struct Totals {
     std::size_t warnings = 0;
     std::size_t passedOver = 0;  ///< files in folders that are of no known format
     std::size_t importedFiles = 0;
-    Tally imported;  ///< of the library's reports on them
+    Tally imported;         ///< of the library's reports on them
+    bool isTidied = false;  ///< whether these are on tidied decks
 
     /// Adds what was found in one file.
     void add(std::span<const Finding> findings);
@@ -41,8 +42,9 @@ std::string coloured(std::string_view words, Level level, const PageStyle& style
 std::string summaryOf(const Tally& tally, std::size_t files, const PageStyle& style);
 
 /// What `info` and `convert` end with where the library's report has warnings or errors; else
-/// empty.
-std::string closingLine(const Tally& tally, std::size_t files, const PageStyle& style);
+/// empty. `isTidied`: it is the report on tidied decks.
+std::string closingLine(const Tally& tally, std::size_t files, bool isTidied,
+                        const PageStyle& style);
 
 /// Prints the sums, `closingLine` last.
 void printTotals(std::ostream& out, const Totals& totals, const PageStyle& style);

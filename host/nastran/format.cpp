@@ -11,6 +11,7 @@
 #include "timed.h"
 #include <kvocaeio/nastran.h>
 #include <kvocaeio/report.h>
+#include <kvocaeio/tidy.h>
 
 namespace kvocaeio::host {
 
@@ -137,6 +138,7 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 }  // namespace
 
 const Format kNastranFormat = {
-    "Nastran bulk data", "nastran", kExtensions, recognises, read, check, nullptr};
+    "Nastran bulk data",   "nastran", kExtensions, recognises, read, check, nullptr,
+    CKVODeckTidy::kNastran};
 
 }  // namespace kvocaeio::host

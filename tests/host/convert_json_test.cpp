@@ -38,7 +38,7 @@ using Words = std::vector<std::string>;
 TEST(ConvertJson, OfAConversion) {
     const TempFolder folder;
     const std::string out = folder.file("out.nas");
-    const json report = reportOf({sampleDeck("clip.inp"), out}, 0);
+    const json report = reportOf({"--as-is", sampleDeck("clip.inp"), out}, 0);
     EXPECT_EQ(report.at("source"), sampleDeck("clip.inp"));
     EXPECT_EQ(report.at("target"), out);
     EXPECT_EQ(report.at("status"), "warnings");
@@ -57,8 +57,9 @@ TEST(ConvertJson, OfAllSamplesInBothFormats) {
         for (const char* target : {"out.nas", "out.pat"})
             reportOf({"--force", sampleDeck(sample), folder.file(target)}, 0);
     EXPECT_EQ(
-        findingsOf(
-            reportOf({"--force", "--normalised", sampleDeck("clip.inp"), folder.file("n.pat")}, 0)),
+        findingsOf(reportOf(
+            {"--as-is", "--force", "--normalised", sampleDeck("clip.inp"), folder.file("n.pat")},
+            0)),
         (Words{"warning blank-row 9", "warning in-no-set 24", "warning mid-side-nodes 144",
                "warning unused-nodes 344", "warning sections 3", "note elements-renumbered 154",
                "note repeated-element 10", "note nodes-renumbered 81"}));

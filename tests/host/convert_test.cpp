@@ -143,7 +143,8 @@ TEST(Convert, CarriesAPatranFileThroughBothFormats) {
 
 TEST(Convert, TakesTheElementsThatTheDeckLists) {
     const TempFolder folder;
-    const Outcome outcome = runHost({"convert", sampleDeck("clip.inp"), folder.file("clip.nas")});
+    const Outcome outcome =
+        runHost({"convert", "--as-is", sampleDeck("clip.inp"), folder.file("clip.nas")});
     EXPECT_THAT(
         ownLinesOf(outcome.output),
         ElementsAre(folder.file("clip.nas") + ": 87 nodes, 168 elements in 1 section",
@@ -155,7 +156,7 @@ TEST(Convert, TakesTheElementsThatTheDeckLists) {
 
 TEST(Convert, TakesTheNormalisedMeshOnDemand) {
     const TempFolder folder;
-    EXPECT_THAT(runHost({"convert", "--force", "--normalised", sampleDeck("clip.inp"),
+    EXPECT_THAT(runHost({"convert", "--as-is", "--force", "--normalised", sampleDeck("clip.inp"),
                          folder.file("c.nas")})
                     .output,
                 HasSubstr("c.nas: 81 nodes, 154 elements in 3 sections\n"
@@ -265,7 +266,8 @@ TEST(ConvertFailure, DeckThatCannotBeNormalised) {
     const std::string deck = folder.write("odd.inp",
                                           "*NODE\n1, 0, 0, 0\n*ELEMENT, TYPE=S3, ELSET=A\n1, 1, 1, "
                                           "1\n*ELSET, ELSET=B, GENERATE\n5, 3, 1\n");
-    const Outcome outcome = runHost({"convert", "--normalised", deck, folder.file("out.nas")});
+    const Outcome outcome =
+        runHost({"convert", "--as-is", "--normalised", deck, folder.file("out.nas")});
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.errors, HasSubstr("cannot be normalised"));
     EXPECT_THAT(namesIn(folder), ElementsAre("odd.inp"));
@@ -279,7 +281,7 @@ TEST(ConvertFailure, FullDiskLeavesNothingBehind) {
         const std::string old = folder.write(name, "keep me");
         // A file may not grow beyond four blocks; the signal for that would end the program.
         const Outcome outcome =
-            runShell("trap '' XFSZ; ulimit -f 4; " + quote(KVOCAEIO_PROGRAM) + " convert " +
+            runShell("trap '' XFSZ; ulimit -f 4; " + quote(KVOCAEIO_PROGRAM) + " convert --as-is " +
                      quote(sampleDeck("hinge.inp")) + " " + quote(old));
         EXPECT_EQ(outcome.exitCode, 1);
         EXPECT_EQ(outcome.errors,

@@ -88,14 +88,19 @@ TEST(ConvertRefuses, OidsThatAreDefinedTwice) {
         ": 1 OID (2) of nodes and 1 OID (1) of elements are defined more than once with different "
         "content, as in a deck of several parts: give it in one numbering, or --force to take the "
         "last definition of each node and every element\n";
-    EXPECT_EQ(refusalOf(kParts), message);
-    EXPECT_EQ(refusalOf(kParts, {"--normalised"}), message);
+    EXPECT_EQ(refusalOf(kParts, {"--as-is"}), message);
+    EXPECT_EQ(refusalOf(kParts, {"--as-is", "--normalised"}), message);
+    EXPECT_EQ(refusalOf(kParts),
+              ": is not converted: a node is defined again, and its last place counts (2 times, "
+              "first in line 9): give each a number of its own, or --force to take the last "
+              "definition\n");
 }
 
 TEST(ConvertRefuses, OidsThatAreDefinedTwiceUnlessForced) {
     const TempFolder folder;
     const std::string out = folder.file("out.nas");
-    const Outcome outcome = runHost({"convert", "--force", folder.write("in.inp", kParts), out});
+    const Outcome outcome =
+        runHost({"convert", "--as-is", "--force", folder.write("in.inp", kParts), out});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_THAT(ownLinesOf(outcome.output),
                 ElementsAre(out + ": 5 nodes, 3 elements in 2 sections",
@@ -115,7 +120,7 @@ TEST(ConvertRefuses, OidsThatAreDefinedTwiceUnlessForced) {
 const std::string kCutDeck = tetrahedron("1") + "*SURFACE, TYPE=NODE\n7\n";
 
 TEST(ConvertRefuses, SourcesThatWereReadWrongly) {
-    const std::string message = refusalOf(kCutDeck);
+    const std::string message = refusalOf(kCutDeck, {"--as-is"});
     EXPECT_THAT(message,
                 HasSubstr(": is not converted for 1 error of the import, which is in line 8: "));
     EXPECT_THAT(message, EndsWith("in.inp shows all, and --force converts what was read\n"));
@@ -123,8 +128,8 @@ TEST(ConvertRefuses, SourcesThatWereReadWrongly) {
 
 TEST(ConvertRefuses, SourcesThatWereReadWronglyUnlessForced) {
     const TempFolder folder;
-    const Outcome outcome =
-        runHost({"convert", "--force", folder.write("in.inp", kCutDeck), folder.file("out.nas")});
+    const Outcome outcome = runHost({"convert", "--as-is", "--force",
+                                     folder.write("in.inp", kCutDeck), folder.file("out.nas")});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_THAT(linesOf(outcome.output).back(),
                 testing::MatchesRegex("import: 1 error.* in 1 file; kvocaeio check lists them"));

@@ -1,0 +1,157 @@
+/// Lines of Abaqus decks in every form that means the same.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "tidy/tidied.h"
+
+namespace kvocaeio::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Tidied tidied(std::string_view deck) {
+    return tidyText(deck, CKVODeckTidy::kAbaqus);
+}
+
+// What all forms of one triangle come to.
+constexpr std::string_view kTriangle =
+    "** Tidy deck\n"
+    "*NODE\n"
+    "1, 0, 0, 0\n"
+    "2, 1.5, 0, 0\n"
+    "3, 0, 1, 0\n"
+    "*ELEMENT, TYPE=S3, ELSET=SKIN\n"
+    "7, 1, 2, 3\n";
+
+TEST(TidyAbaqusGrammar, APlainDeckNeedsNothing) {
+    constexpr std::string_view kDeck =
+        "*HEADING\n\na part\n*Node\n1, 0, 0, 0\n 2, 1.5,0.,0.\n3, 0, 1.\n"
+        "*Element, type=S3, elset=Skin\n7, 1, 2,\n3\n*MATERIAL, NAME=\"A, B\"\n";
+    const Tidied deck = tidied(kDeck);
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_FALSE(deck.isNeeded);
+    EXPECT_EQ(deck.text, kDeck);
+    EXPECT_THAT(deck.others, IsEmpty());
+    EXPECT_EQ(deck.nodeOrigins, "1<1 2<2 3<3");
+    EXPECT_EQ(deck.elementOrigins, "7<7");
+}
+
+TEST(TidyAbaqusGrammar, ATidyDeckStaysAsItIs) {
+    const Tidied deck = tidied(kTriangle);
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_FALSE(deck.isNeeded);
+    EXPECT_EQ(deck.text, kTriangle);
+    EXPECT_THAT(deck.notes, IsEmpty());
+}
+
+struct Form {
+    std::string_view deck;
+    std::string_view code;
+};
+
+TEST(TidyAbaqusGrammar, EveryFormComesToThePlainOne) {
+    constexpr Form kForms[] = {
+        {"*NODE\n1,0,0,0\n\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,TYPE=S3,ELSET=SKIN\n7,1,2,3\n",
+         "tidy.abaqus-blank-line"},
+        {"\xEF\xBB\xBF*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,TYPE=S3,ELSET=SKIN\n7,1,2,3\n",
+         "tidy.abaqus-byte-order-mark"},
+        {"*NODE\n1,\t0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,TYPE=S3,ELSET=SKIN\n7,\t1,2,3\n",
+         "tidy.abaqus-tab"},
+        {"*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n  *ELEMENT,TYPE=S3,ELSET=SKIN\n7,1,2,3\n",
+         "tidy.abaqus-keyword-indented"},
+        {"*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,TYPE=S3,\nELSET=SKIN\n7,1,2,3\n",
+         "tidy.abaqus-keyword-continued"},
+        {"*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT, ELSET = \"Skin\", TYPE = s3\n7,1,2,3\n",
+         "tidy.abaqus-keyword-form"},
+        {"*NODE\n1,0,0,0\n2,15.D-1,0,0\n3,,1,0\n*ELEMENT,TYPE=S3,ELSET=SKIN\n7,1,2,3\n",
+         "tidy.abaqus-number-form"},
+        {"*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,TYPE=S3,ELSET=SKIN\n7,1,\n** 5,\n2,3\n",
+         "tidy.abaqus-comment-inside"},
+        {"*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,TYPE=STRI65,ELSET=SKIN\n7,1,2,3,4,5,6\n",
+         "tidy.abaqus-type-changed"},
+    };
+    for (const Form& form : kForms) {
+        SCOPED_TRACE(form.code);
+        const Tidied deck = tidied(form.deck);
+        EXPECT_TRUE(deck.isDone);
+        EXPECT_TRUE(deck.isNeeded);
+        EXPECT_EQ(deck.text, kTriangle);
+        EXPECT_THAT(deck.notes, ElementsAre(form.code));
+        EXPECT_THAT(deck.others, IsEmpty());
+    }
+}
+
+TEST(TidyAbaqusGrammar, ALongLineIsReadWhole) {
+    const Tidied deck = tidied("*NODE\n1,0,0,0\n2," + std::string(600, ' ') +
+                               "1.5,0,0\n3,0,1,0\n*ELEMENT,TYPE=S3,ELSET=SKIN\n7,1,2,3\n");
+    EXPECT_EQ(deck.text, kTriangle);
+    EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-line-split"));
+}
+
+TEST(TidyAbaqusGrammar, FilesArePutWhereTheyAreNamed) {
+    const TempFolder folder;
+    folder.write("nodes.inc", "1,0,0,0\n2,1.5,0,0\n");
+    folder.write("Mesh.inc", "*ELEMENT,TYPE=S3,ELSET=SKIN,INPUT=elements.inc\n");
+    folder.write("elements.inc", "7,1,2,3\n");
+    folder.write("deck",
+                 "*NODE\n*INCLUDE, INPUT=nodes.inc\n3,0,1,0\n*Include, input=\"mesh.inc\"\n");
+    const Tidied deck = tidyFile(folder, "deck", CKVODeckTidy::kAbaqus);
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_EQ(deck.text, kTriangle);
+    EXPECT_THAT(deck.notes, ElementsAre("tidy.included", "tidy.included", "tidy.include-case",
+                                        "tidy.included"));
+}
+
+TEST(TidyAbaqusGrammar, AMissingFileIsAnErrorAndNothingIsWritten) {
+    const Tidied deck = tidied("*NODE\n1,0,0,0\n*INCLUDE, INPUT=none.inc\n");
+    EXPECT_FALSE(deck.isDone);
+    EXPECT_EQ(deck.text, "");
+    EXPECT_THAT(deck.others, ElementsAre("3:1 tidy.include-missing"));
+}
+
+TEST(TidyAbaqusGrammar, NumbersKeepTheirValue) {
+    const Tidied deck = tidied(
+        "*NODE\n\n1, 0.1, 1e-5, -123456789.125\n2, 0.30000000000000004, 1e300, .0001\n"
+        "3, 1d2, -0.02, 2.5e-9\n");
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n1, 0.1, 1e-05, -123456789.125\n"
+              "2, 0.30000000000000004, 1e+300, 0.0001\n3, 100, -0.02, 2.5e-09\n");
+    EXPECT_EQ(deck.deviation, 0.0);
+}
+
+TEST(TidyAbaqusGrammar, WhatIsNoNumberIsAnErrorWithItsPlace) {
+    EXPECT_THAT(tidied("*NODE\n1, x, 0, 0\n").others,
+                ElementsAre("2:1 tidy.abaqus-number-invalid"));
+    EXPECT_THAT(tidied("*ELEMENT, TYPE=C3D4\n1, 1, 2,\n*STEP\n").others,
+                ElementsAre("3:1 tidy.abaqus-element-incomplete"));
+}
+
+TEST(TidyAbaqusGrammar, ElementsOfUnreadTypesAreCountedAndLeftOut) {
+    const Tidied deck = tidied("*NODE\n\n1,0,0,0\n*ELEMENT, TYPE=B31\n1,1,1\n2,1,1\n");
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n1, 0, 0, 0\n");
+    EXPECT_THAT(deck.others, ElementsAre("5:1 tidy.abaqus-type-unread"));
+}
+
+TEST(TidyAbaqusGrammar, ShellsAndSolidsWithFurtherNodesComeByWhatTheReaderHolds) {
+    const Tidied deck = tidied(
+        "*ELEMENT, TYPE=S8R\n1,1,2,3,4,5,6,7,8\n*ELEMENT, TYPE=R3D4\n2,1,2,3,4\n"
+        "*ELEMENT, TYPE=C3D27\n3,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,\n"
+        "16,17,18,19,20,21,22,23,24,25,26,27\n");
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n*ELEMENT, TYPE=S4\n1, 1, 2, 3, 4\n*ELEMENT, TYPE=S4\n"
+              "2, 1, 2, 3, 4\n*ELEMENT, TYPE=C3D20\n"
+              "3, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15,\n16, 17, 18, 19, 20\n");
+}
+
+TEST(TidyAbaqusGrammar, WhatIsDefinedAgainCountsAsDefinedLast) {
+    const Tidied deck = tidied("*NODE\n1,0,0,0\n1,5,0,0\n*ELEMENT, TYPE=S3\n1,1,1,1\n1,1,1,2\n");
+    EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n1, 5, 0, 0\n*ELEMENT, TYPE=S3\n1, 1, 1, 2\n");
+    EXPECT_THAT(deck.others,
+                ElementsAre("3:1 tidy.abaqus-node-repeated", "6:1 tidy.abaqus-element-repeated"));
+}
+
+}  // namespace
+}  // namespace kvocaeio::test

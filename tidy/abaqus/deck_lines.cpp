@@ -1,0 +1,157 @@
+/// Statements, their continuation, and includes between them.
+#include "tidy/abaqus/deck_lines.h"
+
+#include "text/scan.h"
+#include "tidy/abaqus/fields.h"
+
+namespace kvocaeio::tidy::abaqus {
+
+namespace {
+
+// Of longer lines, with their ends, the reader takes the rest for further lines.
+constexpr std::size_t kMostPiece = 509;
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// Whether a line can continue a keyword line that ends with a comma: it names a parameter. Data
+// would begin with a number in nearly all cases.
+bool continuesKeyword(std::string_view line) {
+    line = trimmed(line);
+    double number = 0.0;
+    return !line.empty() && line.front() != '*' &&
+           !readReal(trimmed(line.substr(0, line.find(','))), number);
+}
+
+}  // namespace
+
+bool DeckLines::take() {
+    if (isHeld_) {
+        isHeld_ = false;
+        return true;
+    }
+    if (!files_.next())
+        return false;
+    if (line().size() > kMostPiece)
+        change(Finding::kLineSplit, line());
+    return true;
+}
+
+// Whether the line taken last is data of the present statement. Otherwise it is passed over, or it
+// is a statement that is kept for later.
+bool DeckLines::isData() {
+    std::string_view line = files_.line();
+    if (isFirst_ && line.starts_with(kByteOrderMark)) {
+        change(Finding::kByteOrderMark, line);
+        line.remove_prefix(kByteOrderMark.size());
+    }
+    isFirst_ = false;
+    std::size_t at = 0;
+    while (at < line.size() && text::isSpace(line[at]))
+        ++at;
+    if (at == line.size()) {
+        if (isPlainExpected_)
+            change(Finding::kBlankLine, line);
+        return false;
+    }
+    if (line[at] != '*')
+        return true;
+    if (at + 1 < line.size() && line[at + 1] == '*') {
+        if (isInside_ || (at > 0 && isPlainExpected_))
+            change(Finding::kCommentInside, line);
+        return false;
+    }
+    keywordLine_ = line.substr(at);
+    hasKeyword_ = true;
+    if (at > 0)
+        change(Finding::kKeywordIndented, line.substr(at));
+    return false;
+}
+
+bool DeckLines::nextData() {
+    while (!hasKeyword_ && take()) {
+        if (isData())
+            return true;
+        if (hasKeyword_)
+            followInclude();
+    }
+    return false;
+}
+
+// An include is no statement of its own: the data of the present one may go on in the file.
+bool DeckLines::followInclude() {
+    constexpr std::string_view kInclude = "*INCLUDE";
+    std::string folded;
+    for (const char c : std::string_view(keywordLine_).substr(0, kInclude.size() + 1))
+        folded += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    if (!folded.starts_with(kInclude))
+        return false;
+    Statement statement;
+    statement.parse(keywordLine_);
+    if (statement.keyword != kInclude.substr(1))
+        return false;
+    hasKeyword_ = false;
+    if (statement.value("INPUT").empty()) {
+        joinContinued();
+        statement.parse(keywordLine_);
+    }
+    setNeeded();
+    includeNamed(statement);
+    return true;
+}
+
+void DeckLines::includeNamed(const Statement& statement) {
+    std::string_view name = statement.value("INPUT");
+    if (name.size() > 1 && (name.front() == '"' || name.front() == '\''))
+        name = name.substr(1, name.size() - 2);
+    files_.include(trimmed(name));
+}
+
+// Takes the lines after one that ends with a comma.
+void DeckLines::joinContinued() {
+    while (trimmed(keywordLine_).ends_with(',')) {
+        if (!take())
+            return;
+        if (!continuesKeyword(line())) {
+            isHeld_ = true;
+            return;
+        }
+        change(Finding::kKeywordContinued, line());
+        keywordLine_ += line();
+    }
+}
+
+bool DeckLines::nextStatement(Statement& statement) {
+    isPlainExpected_ = false;
+    isInside_ = false;
+    while (nextData()) {
+    }
+    if (!hasKeyword_)
+        return false;
+    hasKeyword_ = false;
+    joinContinued();
+    statement.parse(keywordLine_);
+    return true;
+}
+
+void DeckLines::expectPlain(const Statement& statement) {
+    isPlainExpected_ = true;
+    if (!statement.isPlain)
+        change(Finding::kKeywordForm, line(), statement.keyword);
+}
+
+bool DeckLines::tellTabs() {
+    const std::size_t tab = line().find('\t');
+    if (tab == std::string_view::npos)
+        return false;
+    change(Finding::kTab, line().substr(tab));
+    return true;
+}
+
+void DeckLines::includeInput(const Statement& statement) {
+    if (!statement.has("INPUT"))
+        return;
+    setNeeded();
+    includeNamed(statement);
+}
+
+}  // namespace kvocaeio::tidy::abaqus

@@ -1,0 +1,326 @@
+/// The readers of elements, and of statements that generate elements from others.
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "text/scan.h"
+#include "tidy/abaqus/deck_reader.h"
+#include "tidy/abaqus/fields.h"
+#include "tidy/abaqus/sets.h"
+
+namespace kvocaeio::tidy::abaqus {
+
+namespace {
+
+constexpr std::ptrdiff_t kMostDigits = 10;  // of an int
+
+// Numbers of a data line, between commas or blanks. Adds them to `numbers`, at most up to `most`.
+// False where anything else stands there.
+bool appendNumbers(std::string_view line, std::size_t most, std::vector<int>& numbers) {
+    const char* at = line.data();
+    const char* const end = at + line.size();
+    while (numbers.size() < most) {
+        while (at != end && (*at == ' ' || *at == ','))
+            ++at;
+        if (at == end)
+            return true;
+        std::int64_t number = 0;
+        const char* const first = at;
+        for (; at != end && text::isDigit(*at) && at - first < kMostDigits; ++at)
+            number = 10 * number + text::digitValue(*at);
+        if (at == first || !std::in_range<int>(number) || (at != end && *at != ',' && *at != ' '))
+            return false;
+        numbers.push_back(static_cast<int>(number));
+    }
+    return true;
+}
+
+// The same for numbers in other forms, such as "+7", "7." or between tabs.
+bool appendOtherNumbers(DeckReader& reader, std::size_t most, std::vector<int>& numbers) {
+    Fields fields(reader.lines.line());
+    std::string_view field;
+    while (numbers.size() < most && fields.next(field)) {
+        int number = 0;
+        if (!readInteger(field, number))
+            return false;
+        numbers.push_back(number);
+    }
+    if (!reader.lines.tellTabs())
+        reader.lines.change(Finding::kNumberForm, reader.lines.line());
+    return true;
+}
+
+// An empty field would shift those after it.
+bool hasEmptyField(std::string_view line) {
+    const auto comma = line.find(',');
+    if (comma == std::string_view::npos)
+        return false;
+    bool isEmpty = trimmed(line.substr(0, comma)).empty();
+    for (const char c : line.substr(comma + 1)) {
+        if (c == ',' && isEmpty)
+            return true;
+        isEmpty = c == ',' || (isEmpty && c == ' ');
+    }
+    return false;
+}
+
+bool appendLine(DeckReader& reader, std::size_t most, std::vector<int>& numbers) {
+    const std::size_t before = numbers.size();
+    if (appendNumbers(reader.lines.line(), most, numbers))
+        return true;
+    numbers.resize(before);
+    return appendOtherNumbers(reader, most, numbers);
+}
+
+// Takes the lines of one element. False where it is not complete.
+bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& numbers) {
+    DeckLines& lines = reader.lines;
+    const std::size_t most = type.nodes + 1;
+    numbers.clear();
+    if (!appendLine(reader, most, numbers)) {
+        reader.refuse(Finding::kNumberInvalid);
+        return false;
+    }
+    bool isOpen = numbers.size() < most;
+    if (isOpen && hasEmptyField(lines.line())) {
+        reader.refuse(Finding::kNumberInvalid);
+        return false;
+    }
+    lines.setInside(true);
+    while (isOpen || (type.hasMoreNodes && trimmed(lines.line()).ends_with(','))) {
+        if (!lines.nextData()) {
+            lines.setInside(false);
+            reader.refuse(Finding::kElementIncomplete);
+            return false;
+        }
+        if (isOpen && !appendLine(reader, most, numbers)) {
+            reader.refuse(Finding::kNumberInvalid);
+            break;
+        }
+        isOpen = numbers.size() < most;
+    }
+    lines.setInside(false);
+    return !isOpen;
+}
+
+// The block that elements of a kind are added to: the last one where it is of that kind and may
+// go on, a new one otherwise.
+Block& blockFor(Scope& scope, const Block& kind, bool mayGoOn) {
+    if (mayGoOn && !scope.blocks.empty()) {
+        Block& last = scope.blocks.back();
+        if (last.typeName == kind.typeName && last.elset == kind.elset &&
+            last.type.written == kind.type.written)
+            return last;
+    }
+    return scope.blocks.emplace_back(
+        Block{kind.type, kind.typeName, kind.elset, scope.elements.count(), {}, {}});
+}
+
+// What is defined again counts as it is defined last. Then it must be of the same type.
+void replaceElement(DeckReader& reader, Scope& scope, const Block& kind, int id, const int* nodes) {
+    const auto [at, row] = scope.elementAt(scope.elements.find(id));
+    Block& block = scope.blocks[at];
+    if (block.typeName != kind.typeName)
+        return reader.refuse(Finding::kElementTwice);
+    reader.lines.change(Finding::kElementRepeated, reader.lines.line());
+    std::copy_n(nodes, block.type.written, block.nodes.data() + row * block.type.written);
+}
+
+void addElement(DeckReader& reader, Scope& scope, Block& block, int id, const int* nodes) {
+    if (!scope.elements.add(id))
+        return replaceElement(reader, scope, block, id, nodes);
+    scope.elementFiles.add(scope.elements.count() - 1, reader.lines.place().file);
+    block.ids.push_back(id);
+    block.nodes.insert(block.nodes.end(), nodes, nodes + block.type.written);
+}
+
+IdSet* blockSet(Scope& scope, const std::string& name) {
+    if (name.empty())
+        return nullptr;
+    IdSet& set = scope.elementSets[name];
+    set.isOfBlock = true;
+    return &set;
+}
+
+// Elements of which the reader holds nothing are told one by one, so that they are counted.
+void passOverElements(DeckReader& reader, const std::string& typeName) {
+    bool isContinued = false;
+    while (reader.lines.nextData()) {
+        if (!isContinued)
+            reader.lines.note(Finding::kTypeUnread, reader.lines.line(), typeName);
+        else
+            reader.lines.setNeeded();  // the reader would take the line for another element
+        isContinued = trimmed(reader.lines.line()).ends_with(',');
+    }
+}
+
+struct Direction {
+    int count = 1;
+    int nodeStep = 1;
+    int elementStep = 1;
+};
+
+bool isValid(const std::array<Direction, 3>& directions) {
+    return std::ranges::all_of(directions, [](const Direction& d) { return d.count >= 1; });
+}
+
+/// An element as it is copied.
+struct Master {
+    Block kind;  // without elements
+    int id = 0;
+    std::vector<int> nodes;
+};
+
+bool findMaster(const Scope& scope, int id, Master& master) {
+    const std::uint32_t place = scope.elements.find(id);
+    if (place == IdIndex::kNone)
+        return false;
+    const auto [at, row] = scope.elementAt(place);
+    const Block& block = scope.blocks[at];
+    master.kind = {block.type, block.typeName, block.elset, 0, {}, {}};
+    master.id = id;
+    const int* const nodes = block.nodes.data() + row * block.type.written;
+    master.nodes.assign(nodes, nodes + block.type.written);
+    return true;
+}
+
+// Adds an element whose numbers are those of the master and more.
+bool addShifted(DeckReader& reader, Block& block, const Master& master, std::int64_t idShift,
+                std::int64_t nodeShift, IdSet* set) {
+    std::array<int, 27> nodes{};
+    const std::int64_t id = master.id + idShift;
+    if (!std::in_range<int>(id))
+        return false;
+    for (std::size_t i = 0; i < master.nodes.size(); ++i) {
+        const std::int64_t node = master.nodes[i] + nodeShift;
+        if (!std::in_range<int>(node))
+            return false;
+        nodes[i] = static_cast<int>(node);
+    }
+    addElement(reader, reader.scope(), block, static_cast<int>(id), nodes.data());
+    if (set != nullptr)
+        set->add(kOwnScope, static_cast<int>(id));
+    return true;
+}
+
+void generateRows(DeckReader& reader, Master& master, const std::array<Direction, 3>& directions,
+                  IdSet* set) {
+    std::size_t count = 1;
+    for (const Direction& direction : directions)
+        if (!reader.generate(count *= static_cast<std::size_t>(direction.count)))
+            return;
+    master.kind.elset = reader.statement.name("ELSET");
+    Block& block = blockFor(reader.scope(), master.kind, true);
+    if (set != nullptr)
+        set->add(kOwnScope, master.id);
+    const auto& [row, rows, layers] = directions;
+    for (std::int64_t k = 0; k < layers.count; ++k)
+        for (std::int64_t j = 0; j < rows.count; ++j)
+            for (std::int64_t i = 0; i < row.count; ++i) {
+                const std::int64_t id =
+                    i * row.elementStep + j * rows.elementStep + k * layers.elementStep;
+                const std::int64_t node =
+                    i * row.nodeStep + j * rows.nodeStep + k * layers.nodeStep;
+                if ((i != 0 || j != 0 || k != 0) &&
+                    !addShifted(reader, block, master, id, node, set))
+                    return reader.refuse(Finding::kGenerationInvalid);
+            }
+}
+
+bool readDirections(std::string_view line, int& master, std::array<Direction, 3>& directions) {
+    Fields fields(line);
+    std::string_view field;
+    std::vector<int*> values{&master};
+    for (Direction& direction : directions)
+        values.insert(values.end(),
+                      {&direction.count, &direction.nodeStep, &direction.elementStep});
+    for (int* const value : values)
+        if (fields.next(field) && !field.empty() && !readInteger(field, *value))
+            return false;
+    return isValid(directions);
+}
+
+}  // namespace
+
+void readElements(DeckReader& reader) {
+    DeckLines& lines = reader.lines;
+    const std::string typeName = reader.statement.name("TYPE");
+    const std::optional<ElementType> type = elementTypeOf(typeName);
+    lines.expectPlain(reader.statement);
+    Scope& scope = reader.scope();
+    const std::string elset = reader.statement.name("ELSET");
+    if (!type) {
+        blockSet(scope, elset);
+        lines.includeInput(reader.statement);
+        return passOverElements(reader, typeName);
+    }
+    if (!type->newName.empty())
+        lines.change(Finding::kTypeChanged, lines.line(), typeName);
+    const std::string written = type->newName.empty() ? typeName : std::string(type->newName);
+    lines.includeInput(reader.statement);
+    Block& block = blockFor(scope, {*type, written, elset, 0, {}, {}}, false);
+    IdSet* const set = blockSet(scope, elset);
+    std::vector<int> numbers;
+    while (lines.nextData()) {
+        if (!takeElement(reader, *type, numbers))
+            continue;
+        addElement(reader, scope, block, numbers[0], numbers.data() + 1);
+        if (set != nullptr)
+            set->add(kOwnScope, numbers[0]);
+    }
+}
+
+void readElementRows(DeckReader& reader) {
+    reader.lines.change(Finding::kElementsGenerated, reader.lines.line(), "ELGEN");
+    IdSet* const set = blockSet(reader.scope(), reader.statement.name("ELSET"));
+    while (reader.lines.nextData()) {
+        Master master;
+        std::array<Direction, 3> directions;
+        int id = 0;
+        if (readDirections(reader.lines.line(), id, directions) &&
+            findMaster(reader.scope(), id, master))
+            generateRows(reader, master, directions, set);
+        else
+            reader.refuse(Finding::kGenerationInvalid);
+    }
+}
+
+void readElementCopy(DeckReader& reader) {
+    const Statement& statement = reader.statement;
+    reader.lines.change(Finding::kElementsGenerated, reader.lines.line(), "ELCOPY");
+    int idShift = 0;
+    int nodeShift = 0;
+    Scope& scope = reader.scope();
+    const FoundSet found =
+        findSet(reader.model, scope, kOwnScope, statement.name("OLDSET"), SetKind::kElements);
+    if (!readInteger(statement.value("ELEMENTSHIFT"), idShift) ||
+        !readInteger(statement.value("SHIFTNODES"), nodeShift) || found.scope != &scope)
+        return reader.refuse(Finding::kGenerationInvalid);
+    const std::vector<Member> members = membersOf(reader.model, found, SetKind::kElements).list;
+    if (!reader.generate(members.size()))
+        return;
+    const std::string elset = statement.name("NEWSET");
+    IdSet* const set = blockSet(scope, elset);
+    bool isFirst = true;
+    for (const Member& member : members) {
+        Master master;
+        findMaster(scope, member.id, master);
+        master.kind.elset = elset;
+        if (statement.has("REFLECT")) {
+            const std::vector<int> nodes = master.nodes;
+            const auto order = reflectedOrder(master.kind.type);
+            for (std::size_t i = 0; i < order.size(); ++i)
+                master.nodes[i] = nodes[order[i]];
+        }
+        Block& block = blockFor(scope, master.kind, !std::exchange(isFirst, false));
+        if (!addShifted(reader, block, master, idShift, nodeShift, set))
+            return reader.refuse(Finding::kGenerationInvalid);
+    }
+}
+
+}  // namespace kvocaeio::tidy::abaqus

@@ -1,0 +1,97 @@
+/// Names kept apart, in the characters that the reader takes.
+#include "tidy/abaqus/set_names.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "text/ascii.h"
+#include "tidy/abaqus/statement.h"
+
+namespace kvocaeio::tidy::abaqus {
+
+namespace {
+
+/// The frames that have a set of a name: the first one, and whether there are more.
+struct Owners {
+    int first;
+    bool areMany = false;
+};
+
+template <class Visit>
+void forEachName(const Scope& scope, const Visit& visit) {
+    for (const Block& block : scope.blocks)
+        if (!block.elset.empty())
+            visit(block.elset);
+    for (const auto& [name, set] : scope.elementSets)
+        visit(name);
+    for (const ShellSection& section : scope.shellSections)
+        visit(section.elset);
+}
+
+}  // namespace
+
+std::string writtenName(std::string_view name) {
+    std::string folded;
+    text::foldToUpper(name, folded);
+    const auto isSeparator = [](char c) {
+        return c == ',' || c == '=' || c == '"' || c == '\'' || static_cast<unsigned char>(c) < ' ';
+    };
+    std::ranges::replace_if(folded, isSeparator, '_');
+    if (folded.starts_with('*'))
+        folded[0] = '_';
+    folded.resize(std::min(folded.size(), kMostName));
+    return folded;
+}
+
+std::string linkedName(std::string name) {
+    std::ranges::replace(name, ' ', '_');
+    return name;
+}
+
+SetNames::SetNames(const Frames& frames, DeckLines& lines) {
+    std::map<std::string, Owners> owners;
+    for (const Frame& frame : frames.all())
+        forEachName(*frame.scope, [&](const std::string& name) {
+            const auto [known, isNew] = owners.try_emplace(name, Owners{frame.instance});
+            if (known->second.first != frame.instance)
+                known->second.areMany = true;
+        });
+    for (const Frame& frame : frames.all())
+        forEachName(*frame.scope, [&](const std::string& name) {
+            add(frame, name, owners.at(name).areMany, lines);
+        });
+}
+
+void SetNames::add(const Frame& frame, const std::string& name, bool isShared, DeckLines& lines) {
+    const auto [entry, isNew] = names_.try_emplace({frame.instance, name});
+    if (!isNew)
+        return;
+    const bool isPrefixed = isShared && frame.instance != kOwnScope;
+    entry->second = unique(writtenName(isPrefixed ? std::string(frame.name) + "." + name : name));
+    std::string folded;
+    text::foldToUpper(name, folded);
+    if (entry->second != folded)
+        lines.changeAt(Finding::kNameChanged, {}, entry->second, name);
+}
+
+// Two names that differ in blanks alone are one in places.
+std::string SetNames::unique(std::string name) {
+    std::string candidate = name;
+    for (int i = 2; !taken_.insert(linkedName(candidate)).second; ++i) {
+        const std::string ending = "-" + std::to_string(i);
+        candidate = name.substr(0, kMostName - ending.size()) + ending;
+    }
+    return candidate;
+}
+
+const std::string& SetNames::of(int instance, const std::string& name) const {
+    static const std::string kNone;
+    const auto found = names_.find({instance, name});
+    return found == names_.end() ? kNone : found->second;
+}
+
+std::string SetNames::makeNew(std::string_view name) {
+    return linkedName(unique(writtenName(name)));
+}
+
+}  // namespace kvocaeio::tidy::abaqus

@@ -1,0 +1,239 @@
+/// The readers of sets, surfaces, loads and shell sections.
+#include <array>
+#include <charconv>
+#include <string>
+
+#include "text/ascii.h"
+#include "text/scan.h"
+#include "tidy/abaqus/deck_reader.h"
+#include "tidy/abaqus/fields.h"
+#include "tidy/abaqus/sets.h"
+
+namespace kvocaeio::tidy::abaqus {
+
+namespace {
+
+// The instance that a statement of the assembly names, or the own scope.
+int namedInstance(DeckReader& reader) {
+    if (!reader.statement.has("INSTANCE"))
+        return kOwnScope;
+    const std::string name = reader.statement.name("INSTANCE");
+    const auto found = reader.model.instanceRows.find(name);
+    if (found != reader.model.instanceRows.end())
+        return found->second;
+    reader.lines.note(Finding::kPartMissing, reader.lines.line(), name);
+    return kOwnScope;
+}
+
+void addRange(DeckReader& reader, IdSet& set, int instance) {
+    std::array<int, 3> range{0, 0, 1};
+    Fields fields(reader.lines.line());
+    std::string_view field;
+    std::size_t taken = 0;
+    while (taken < range.size() && fields.next(field)) {
+        if (!field.empty() && !readInteger(field, range[taken]))
+            return reader.refuse(Finding::kNumberInvalid);
+        ++taken;
+    }
+    if (taken == 1)
+        range[1] = range[0];
+    if (range[1] < range[0] || range[2] < 1)
+        return reader.refuse(Finding::kNumberInvalid);
+    set.runs.push_back({instance, range[0], range[1], range[2]});
+}
+
+void addMembers(DeckReader& reader, IdSet& set, int instance) {
+    Fields fields(reader.lines.line());
+    std::string_view field;
+    while (fields.next(field)) {
+        if (field.empty())
+            continue;
+        const Target target = targetOf(reader.model, field, instance);
+        if (target.name.empty())
+            set.add(target.instance, target.id);
+        else
+            set.names.push_back({target.instance, target.name});
+    }
+}
+
+void readMembers(DeckReader& reader, IdSet& set, bool isRead) {
+    const bool isGenerated = reader.statement.has("GENERATE");
+    const int instance = namedInstance(reader);
+    set.isUnsorted = reader.statement.has("UNSORTED");
+    while (reader.lines.nextData()) {
+        if (isRead)
+            reader.lines.tellTabs();
+        isGenerated ? addRange(reader, set, instance) : addMembers(reader, set, instance);
+    }
+}
+
+// The number in a label such as S3 or P3; 0 where it is no such label.
+int faceOf(std::string_view label, char letter) {
+    const bool isFace = label.size() == 2 && text::toUpper(label[0]) == letter && label[1] >= '1' &&
+                        label[1] <= '6';
+    return isFace ? label[1] - '0' : 0;
+}
+
+void addSurfaceItem(DeckReader& reader, Surface& surface) {
+    Fields fields(reader.lines.line());
+    std::string_view item;
+    std::string_view label;
+    reader.lines.tellTabs();
+    fields.next(item);
+    fields.next(label);
+    const int face = faceOf(label, 'S');
+    if (face == 0 && !label.empty())
+        return reader.lines.note(Finding::kFaceUnread, label, nameOf(label));
+    surface.items.push_back({targetOf(reader.model, item, kOwnScope), face, reader.lines.place()});
+}
+
+void addOperands(DeckReader& reader, Surface& surface) {
+    Fields fields(reader.lines.line());
+    std::string_view field;
+    while (fields.next(field))
+        if (!field.empty())
+            surface.operands.push_back({kOwnScope, nameOf(field)});
+}
+
+Combination combinationOf(const std::string& name) {
+    if (name == "UNION")
+        return Combination::kUnion;
+    if (name == "INTERSECTION")
+        return Combination::kIntersection;
+    return name == "DIFFERENCE" ? Combination::kDifference : Combination::kNone;
+}
+
+// Labels in small letters, and values in other forms, would be lost in the reader.
+void addLoad(DeckReader& reader) {
+    Fields fields(reader.lines.line());
+    std::string_view target;
+    std::string_view label;
+    std::string_view value;
+    reader.lines.tellTabs();
+    Load load{{}, 0, 0.0, reader.lines.place()};
+    fields.next(target);
+    fields.next(label);
+    load.face = faceOf(label, 'P');
+    if (load.face == 0)
+        return reader.lines.note(Finding::kLoadUnread, label, nameOf(label));
+    if (fields.next(value) && !value.empty() && !readReal(value, load.value))
+        return reader.refuse(Finding::kNumberInvalid);
+    load.target = targetOf(reader.model, target, kOwnScope);
+    if (label[0] == 'p' || value.find_first_of("dD") != std::string_view::npos)
+        reader.lines.change(Finding::kNumberForm, label);
+    reader.model.loads.push_back(load);
+}
+
+// The first number of a line of a section; false without one.
+bool readThickness(std::string_view line, double& thickness) {
+    Fields fields(line);
+    std::string_view field;
+    return fields.next(field) && readReal(field, thickness);
+}
+
+}  // namespace
+
+void readNodeSet(DeckReader& reader) {
+    IdSet& set = reader.scope().nodeSets[reader.statement.name("NSET")];
+    set.isListed = true;
+    if (reader.statement.has("ELSET")) {
+        const FoundSet found = findSet(reader.model, reader.scope(), kOwnScope,
+                                       reader.statement.name("ELSET"), SetKind::kElements);
+        if (found.scope != &reader.scope())
+            return;
+        for (const Member& member : membersOf(reader.model, found, SetKind::kElements).list) {
+            const auto [at, row] = found.scope->elementAt(found.scope->elements.find(member.id));
+            const Block& block = found.scope->blocks[at];
+            const std::size_t width = block.type.written;
+            for (std::size_t i = 0; i < width; ++i)
+                set.add(kOwnScope, block.nodes[row * width + i]);
+        }
+        return;
+    }
+    readMembers(reader, set, false);
+}
+
+void readElementSet(DeckReader& reader) {
+    const std::string name = reader.statement.name("ELSET");
+    IdSet& set = reader.scope().elementSets[name];
+    reader.lines.expectPlain(reader.statement);
+    set.isRepeated = set.isListed;
+    set.isListed = true;
+    set.isInternal = set.isInternal || reader.statement.has("INTERNAL");
+    set.place = reader.lines.place();
+    // On this line alone a blank ends the value for the reader.
+    if (name.find(' ') != std::string::npos)
+        reader.lines.change(Finding::kKeywordForm, reader.lines.line(), "ELSET");
+    if (reader.statement.has("GENERATE"))
+        reader.lines.change(Finding::kSetGenerated, reader.lines.line(), name);
+    readMembers(reader, set, true);
+}
+
+void readSurface(DeckReader& reader) {
+    DeckLines& lines = reader.lines;
+    Surface surface;
+    surface.name = reader.statement.name("NAME");
+    surface.place = lines.place();
+    if (reader.statement.has("COMBINE")) {
+        surface.combination = combinationOf(reader.statement.name("COMBINE"));
+        lines.change(Finding::kSurfaceCombined, lines.line(), surface.name);
+        if (surface.combination == Combination::kNone)
+            return reader.refuse(Finding::kStatementUnread);
+        while (lines.nextData())
+            addOperands(reader, surface);
+    } else {
+        const std::string type = reader.statement.name("TYPE");
+        if (!type.empty() && type != "ELEMENT")
+            return lines.change(Finding::kSurfaceUnread, lines.line(), surface.name);
+        if (type.empty())
+            lines.change(Finding::kKeywordForm, lines.line(), "SURFACE");
+        lines.expectPlain(reader.statement);
+        lines.includeInput(reader.statement);
+        while (lines.nextData())
+            addSurfaceItem(reader, surface);
+    }
+    reader.scope().surfaces.push_back(std::move(surface));
+}
+
+void readLoads(DeckReader& reader) {
+    reader.lines.expectPlain(reader.statement);
+    reader.lines.includeInput(reader.statement);
+    while (reader.lines.nextData())
+        addLoad(reader);
+}
+
+void readShellSection(DeckReader& reader) {
+    DeckLines& lines = reader.lines;
+    const bool isLayered = reader.statement.has("COMPOSITE");
+    ShellSection section{reader.statement.name("ELSET"), reader.statement.name("MATERIAL"), 0.0};
+    lines.expectPlain(reader.statement);
+    if (isLayered || !reader.statement.has("MATERIAL"))
+        lines.change(Finding::kShellSection, lines.line(), section.elset);
+    const Place place = lines.place();
+    bool isRead = false;
+    for (std::size_t row = 0; lines.nextData(); ++row) {
+        double thickness = 0.0;
+        lines.tellTabs();
+        if (row > 0 && !isLayered) {
+            lines.change(Finding::kShellSection, lines.line(), section.elset);
+            continue;
+        }
+        isRead = readThickness(lines.line(), thickness) || isRead;
+        section.thickness += thickness;
+    }
+    if (!isRead)
+        lines.noteAt(Finding::kThicknessUnread, place, {}, section.elset);
+    reader.scope().shellSections.push_back(std::move(section));
+}
+
+void readShellGeneralSection(DeckReader& reader) {
+    // Without a material the lines hold a stiffness.
+    if (!reader.statement.has("MATERIAL") && !reader.statement.has("COMPOSITE"))
+        return reader.lines.note(Finding::kThicknessUnread, reader.lines.line(),
+                                 reader.statement.name("ELSET"));
+    reader.lines.change(Finding::kShellSection, reader.lines.line(),
+                        reader.statement.name("ELSET"));
+    readShellSection(reader);
+}
+
+}  // namespace kvocaeio::tidy::abaqus

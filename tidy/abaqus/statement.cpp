@@ -1,0 +1,99 @@
+/// The grammar of keyword lines.
+#include "tidy/abaqus/statement.h"
+
+#include <algorithm>
+
+#include "text/ascii.h"
+#include "text/scan.h"
+
+namespace kvocaeio::tidy::abaqus {
+
+namespace {
+
+// Where `end` first stands outside of quotes; the size without one.
+std::size_t findUnquoted(std::string_view text, char end) {
+    char quote = '\0';
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (quote != '\0')
+            quote = text[i] == quote ? '\0' : quote;
+        else if (text[i] == '"' || text[i] == '\'')
+            quote = text[i];
+        else if (text[i] == end)
+            return i;
+    }
+    return text.size();
+}
+
+std::string foldedWithoutBlanks(std::string_view text) {
+    std::string folded;
+    for (const char c : text)
+        if (!text::isSpace(c))
+            folded += text::toUpper(c);
+    return folded;
+}
+
+// As the reader knows it: of all keywords that it reads one has a blank, a single one.
+bool isSpelledPlainly(std::string_view text, std::string_view keyword) {
+    const bool isShellSection = keyword == "SHELLSECTION";
+    text = text.substr(0, text.find_last_not_of(' ') + 1);
+    return text.size() == keyword.size() + (isShellSection ? 1 : 0) &&
+           (!isShellSection || text[5] == ' ');
+}
+
+bool isQuoted(std::string_view text) {
+    return text.size() > 1 && (text.front() == '"' || text.front() == '\'') &&
+           text.back() == text.front();
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && text::isSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && text::isSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::string nameOf(std::string_view text) {
+    text = trimmed(text);
+    if (isQuoted(text))
+        return std::string(trimmed(text.substr(1, text.size() - 2)));
+    std::string name;
+    text::foldToUpper(text, name);
+    return name;
+}
+
+void Statement::parse(std::string_view line) {
+    parameters.clear();
+    isPlain = line.find_first_of("\t\"'") == std::string_view::npos && !trimmed(line).empty() &&
+              !text::isSpace(line.back());
+    line = trimmed(line).substr(1);
+    std::size_t end = findUnquoted(line, ',');
+    keyword = foldedWithoutBlanks(line.substr(0, end));
+    isPlain = isPlain && isSpelledPlainly(line.substr(0, end), keyword);
+    while (end < line.size()) {
+        line.remove_prefix(end + 1);
+        end = findUnquoted(line, ',');
+        const std::string_view field = line.substr(0, end);
+        const std::size_t sign = findUnquoted(field, '=');
+        const std::string_view value = field.substr(std::min(sign + 1, field.size()));
+        parameters.push_back(
+            {foldedWithoutBlanks(field.substr(0, sign)), std::string(trimmed(value))});
+        const bool isTight = value.size() == parameters.back().value.size() &&
+                             (sign == 0 || sign == field.size() || field[sign - 1] != ' ');
+        isPlain = isPlain && isTight && value.size() <= kMostName;
+    }
+}
+
+const Parameter* Statement::find(std::string_view name) const {
+    const auto found = std::ranges::find(parameters, name, &Parameter::name);
+    return found == parameters.end() ? nullptr : &*found;
+}
+
+std::string_view Statement::value(std::string_view name) const {
+    const Parameter* const parameter = find(name);
+    return parameter == nullptr ? std::string_view() : parameter->value;
+}
+
+}  // namespace kvocaeio::tidy::abaqus

@@ -1,0 +1,16 @@
+/// The rewriting of Nastran decks.
+#pragma once
+
+#include "text/findings.h"
+#include "tidy/deck.h"
+#include "tidy/output_file.h"
+
+namespace kvocaeio::tidy::nastran {
+
+/// Rewrites a deck into `out` and fills `outcome`, or finds that nothing needs to be changed and
+/// writes nothing. False where the new deck would not hold all that the reader can hold; then an
+/// error was noted.
+bool rewriteDeck(const Deck& deck, OutputFile& out, Outcome& outcome,
+                 const text::Listener& listener);
+
+}  // namespace kvocaeio::tidy::nastran

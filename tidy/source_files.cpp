@@ -1,0 +1,159 @@
+/// The stack of files, and what keeps it bounded.
+#include "tidy/source_files.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <functional>
+#include <system_error>
+#include <utility>
+
+#include "text/listened_file.h"
+#include "tidy/include_path.h"
+
+namespace kvocaeio::tidy {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Of the pieces in which lines are read.
+constexpr std::size_t kPiece = std::size_t{1} << 16;
+
+bool areSame(const fs::path& a, const fs::path& b) {
+    std::error_code error;
+    return fs::equivalent(a, b, error) && !error;
+}
+
+}  // namespace
+
+SourceFiles::SourceFiles(const Deck& deck, const text::Listener& listener)
+    : deck_(deck), listener_(listener) {}
+
+bool SourceFiles::open() {
+    errno = 0;
+    text::File stream = text::openFile(deck_.path.c_str(), "rb");
+    if (stream == nullptr) {
+        if (listener_.findings != nullptr) {
+            listener_.findings->beginFile(deck_.name);
+            text::noteFailure(*listener_.findings, text::FileFinding::kCannotOpen, errno, 0,
+                              "it is not a regular file");
+        }
+        return false;
+    }
+    push(deck_.path, deck_.name, std::move(stream));
+    return true;
+}
+
+void SourceFiles::push(const fs::path& path, std::string name, text::File stream) {
+    const auto known =
+        std::ranges::find_if(opened_, [&](const fs::path& other) { return areSame(other, path); });
+    file_ = static_cast<std::uint32_t>(known - opened_.begin());
+    if (known == opened_.end()) {
+        opened_.push_back(path);
+        names_.push_back(std::move(name));
+    }
+    text::LineReader reader(stream.get(), kPiece, text::LineMode::kBinary, listener_.watch);
+    files_.push_back({std::move(stream), std::move(reader), path, file_});
+}
+
+// The line taken last has no line end, or there was none to take.
+bool SourceFiles::nextSeldom(bool isTaken) {
+    OpenFile& file = files_.back();
+    if (isTaken)
+        return joinPieces(file);
+    line_ = {};
+    if (file.reader.hasFailed()) {
+        isIncomplete_ = true;
+        if (listener_.findings != nullptr) {
+            listener_.findings->beginFile(names_[file_]);
+            text::noteFailure(*listener_.findings, text::FileFinding::kReadError,
+                              file.reader.failure(), file.line);
+        }
+    }
+    files_.pop_back();
+    if (files_.empty())
+        return false;
+    file_ = files_.back().row;
+    return next();
+}
+
+// Longer than one piece, without a line end, or with a NUL.
+bool SourceFiles::joinPieces(OpenFile& file) {
+    hasLineEnd_ = false;
+    joined_ = file.reader.line();
+    while (file.reader.isCut() && file.reader.next())
+        if (joined_.size() <= kMostLine)
+            joined_ += file.reader.line();
+    if (joined_.size() > kMostLine) {
+        line_ = {};
+        note(Finding::kLineLong);
+        isIncomplete_ = true;
+        joined_.resize(kMostLine);
+    }
+    joined_.resize(joined_.find_last_not_of("\r\n") + 1);
+    line_ = joined_;
+    return true;
+}
+
+std::size_t SourceFiles::columnOf(std::string_view field) const {
+    const std::less_equal<const char*> isUpTo;
+    const char* const begin = line_.data();
+    const bool isPart = isUpTo(begin, field.data()) && isUpTo(field.data(), begin + line_.size());
+    return isPart ? static_cast<std::size_t>(field.data() - begin) + 1 : 0;
+}
+
+bool SourceFiles::refuse(Finding finding, std::string_view name) {
+    note(finding, line_, name);
+    isIncomplete_ = true;
+    return false;
+}
+
+// Whether another file, which is there, may be opened.
+bool SourceFiles::admit(const fs::path& path, std::string_view name) {
+    std::error_code error;
+    if (!fs::is_regular_file(path, error))
+        return refuse(Finding::kIncludeNoFile, name);
+    const auto isOnStack = [&](const OpenFile& file) { return areSame(file.path, path); };
+    if (std::ranges::any_of(files_, isOnStack))
+        return refuse(Finding::kIncludeCycle, name);
+    if (files_.size() > kMostDepth)
+        return refuse(Finding::kIncludeDeep, name);
+    const auto isPath = [&](const fs::path& other) { return areSame(other, path); };
+    if (std::ranges::any_of(opened_, isPath))
+        repeated_ += fs::file_size(path, error);
+    if (repeated_ > kMostRepeated)
+        return refuse(Finding::kIncludeLarge, name);
+    return true;
+}
+
+void SourceFiles::tellWhere(const fs::path& path, std::string_view name) {
+    note(Finding::kIncluded, line_, name);
+    if (isOutside(path, deck_.path.parent_path()))
+        note(Finding::kIncludeOutside, line_, name);
+}
+
+bool SourceFiles::include(std::string_view given) {
+    if (files_.empty())
+        return false;
+    const std::string name(given);  // which may be part of the line
+    if (++includes_ > kMostIncludes)
+        return refuse(Finding::kIncludeLarge, name);
+    IncludePath found = findInclude(name, files_.back().path.parent_path());
+    if (found.path.empty())
+        found = findInclude(name, deck_.path.parent_path());
+    if (found.path.empty())
+        return refuse(Finding::kIncludeMissing, name);
+    if (!admit(found.path, name))
+        return false;
+    text::File stream = text::openFile(found.path.c_str(), "rb");
+    if (stream == nullptr)
+        return refuse(Finding::kIncludeFailed, name);
+    tellWhere(found.path, name);
+    if (found.hasOtherCase)
+        note(Finding::kIncludeCase, line_, displayed(found.path.filename()));
+    push(found.path, displayed(found.path), std::move(stream));
+    line_ = {};
+    return true;
+}
+
+}  // namespace kvocaeio::tidy
