@@ -78,7 +78,7 @@ bool CardReader::next() {
 }
 
 bool CardReader::takeStatement() {
-    const std::string_view line = trimmed(sources_.line());
+    const std::string_view line = sources_.line().substr(line_->indent);
     switch (text::toUpper(line[0])) {
         case 'I':
             if (!startsWithWord(line, "INCLUDE"))

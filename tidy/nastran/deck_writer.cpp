@@ -51,8 +51,8 @@ void DeckWriter::tellForm() {
         cards_.note(Finding::kLargeField, read.name());
     if (read.hasTabs)
         cards_.note(Finding::kTabs, read.name());
-    if (read.hasOtherCase)
-        cards_.note(Finding::kOtherCase, read.name());
+    if (read.hasOtherName)
+        cards_.note(Finding::kOtherName, read.name());
     const CardRule& rule = *read.rule();
     if (rule.name != rule.written && rule.kind != CardKind::kShell)
         cards_.note(Finding::kWrittenAs, read.name());
