@@ -85,8 +85,8 @@ void DeckWriter::writeGrid() {
         return cards_.fail(Finding::kIdUnreadable, 0, read.name());
     if (!readFrameNumber(read.field(1), content_.defaultFrame, frameNumber))
         return cards_.fail(Finding::kIdUnreadable, 1, read.name());
-    if (!readPoint(read, 2, point))
-        return cards_.fail(Finding::kCoordinateUnreadable, 2, read.name());
+    if (const std::size_t count = readPoint(read, 2, point); count < point.size())
+        return cards_.fail(Finding::kCoordinateUnreadable, 2 + count, read.name());
     const int id = numberOf(content_.nodes, number, 0);
     if (id != number)
         cards_.note(Finding::kNumberLarge, 0);
