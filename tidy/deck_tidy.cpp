@@ -62,14 +62,6 @@ bool noteOutput(const OutputFile& out, const text::Listener& listener) {
     return false;
 }
 
-bool copyDeck(const Deck& deck, OutputFile& out, const text::Listener& listener) {
-    const text::File file = text::openFile(deck.path.c_str(), "rb");
-    if (file != nullptr && out.copy(file.get()))
-        return true;
-    listener.note(text::FileFinding::kChanged, "it could be read before");
-    return false;
-}
-
 // Whether the target is a file that was read.
 bool isSource(const fs::path& target, const Outcome& outcome) {
     return std::ranges::any_of(outcome.files, [&](const fs::path& file) {
@@ -91,9 +83,8 @@ bool tidyDeck(const Deck& deck, const fs::path* target, TidyState& state,
         listener.note(Finding::kOutputIsInput, displayed(*target));
         return false;
     }
-    if (!state.outcome.isNeeded && !copyDeck(deck, out, listener))
-        return false;
-    return out.finish() || noteOutput(out, listener);
+    const bool isWritten = state.outcome.isNeeded || out.copy(deck.path);
+    return (isWritten && out.finish()) || noteOutput(out, listener);
 }
 
 bool runTidy(const Deck& deck, const fs::path* target, int format, TidyState& state,

@@ -5,7 +5,6 @@
 #include <random>
 #include <string>
 #include <system_error>
-#include <vector>
 
 #include "text/platform.h"
 
@@ -84,22 +83,29 @@ bool OutputFile::create() {
     return fail(lastError());
 }
 
-bool OutputFile::copy(std::FILE* file) {
-    constexpr std::size_t kBlock = std::size_t{1} << 18;
-    std::vector<char> block(kBlock);
-    while (const std::size_t count = std::fread(block.data(), 1, kBlock, file))
-        text({block.data(), count});
-    return std::ferror(file) == 0;
+bool OutputFile::copy(const fs::path& file) {
+    if (path_.empty())
+        return true;
+    writer_.reset();
+    file_.reset();
+    // The system may give the copy the permissions of the original.
+    const fs::perms permissions = fs::status(path_, error_).permissions();
+    if (error_ || !fs::copy_file(file, path_, fs::copy_options::overwrite_existing, error_))
+        return false;
+    fs::permissions(path_, permissions, error_);
+    return !error_;
 }
 
 bool OutputFile::finish() {
     if (path_.empty())
         return true;
-    errno = 0;
-    const bool isWritten = writer_->flush();
-    writer_.reset();
-    if (std::fclose(file_.release()) != 0 || !isWritten)
-        return fail(lastError());
+    if (writer_) {
+        errno = 0;
+        const bool isWritten = writer_->flush();
+        writer_.reset();
+        if (std::fclose(file_.release()) != 0 || !isWritten)
+            return fail(lastError());
+    }
     fs::rename(path_, target_, error_);
     if (error_)
         return false;

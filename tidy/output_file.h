@@ -32,8 +32,9 @@ class OutputFile {
         return *this;
     }
 
-    /// Writes what is left in `file`. False where it cannot be read.
-    bool copy(std::FILE* file);
+    /// Becomes a copy of `file`, by the system's means; nothing must have been written, and nothing
+    /// more can be. False on failure.
+    bool copy(const std::filesystem::path& file);
 
     /// Closes the file and moves it onto the target. False, with the target as it was, where the
     /// disk did not take all of it. True without a file.

@@ -123,7 +123,7 @@ def cards_of(path):
             else:
                 strays.setdefault(name, (data, bare(mark)))
             continue
-        cards.append([first.rstrip("*").strip().upper(), list(data), bare(mark)])
+        cards.append([first.rstrip("*").strip().upper().rstrip("_"), list(data), bare(mark)])
     for card in cards:
         for _ in range(10):
             if card[2] not in strays:

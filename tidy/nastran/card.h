@@ -36,29 +36,29 @@ class Card {
 
     const CardRule* rule() const { return rule_; }
     std::string_view name() const { return name_; }
-    std::size_t fieldCount() const { return fields_.size(); }
+    std::size_t fieldCount() const {
+        return isInColumns_ ? text_.size() / kColumns : fields_.size();
+    }
     /// Data field `index` from 0; empty beyond the last one.
     std::string_view field(std::size_t index) const {
-        if (index >= fields_.size())
+        if (index >= fieldCount())
             return {};
+        if (isInColumns_)
+            return trimmed(std::string_view(text_).substr(index * kColumns, kColumns));
         return std::string_view(text_).substr(fields_[index].begin, fields_[index].size);
     }
     /// Whether fewer fields were there than the card's rule looks at.
-    bool isShort() const { return rule_ != nullptr && fields_.size() < rule_->fields(); }
+    bool isShort() const { return rule_ != nullptr && fieldCount() < rule_->fields(); }
 
-    /// Place of the first line, or of a field.
+    /// Place of the first line, or of a field; its column is 0 where the field is blank.
     LineInFile place() const { return lines_.front(); }
-    LineInFile placeOf(std::size_t index) const {
-        return index < fields_.size() ? lines_[fields_[index].line] : place();
-    }
-    std::uint32_t columnOf(std::size_t index) const {
-        return index < fields_.size() ? fields_[index].column : 0;
-    }
+    LineInFile placeOf(std::size_t index) const;
+    std::uint32_t columnOf(std::size_t index) const;
 
     bool isFreeForm = false;
     bool isLargeForm = false;
     bool hasTabs = false;
-    bool hasOtherCase = false;
+    bool hasOtherName = false;  ///< in another case, or with an underscore behind it
     bool isReplicated = false;
 
   private:
@@ -69,11 +69,15 @@ class Card {
         std::uint32_t line;  // a row of `lines_`
     };
 
+    static constexpr std::size_t kColumns = 8;
+
     void clear(LineInFile place);
-    void push(std::string_view text, std::uint32_t column);
+    void push(std::string_view text, std::uint32_t column, std::size_t line);
+    void leaveColumns();
 
     const CardRule* rule_ = nullptr;
     std::string name_;
+    bool isInColumns_ = true;  // all lines so far were: eight characters of `text_` are a field
     std::string text_;
     std::vector<StoredField> fields_;
     std::vector<LineInFile> lines_;

@@ -78,7 +78,7 @@ bool CardReader::next() {
 }
 
 bool CardReader::takeStatement() {
-    const std::string_view line = trimmed(sources_.line());
+    const std::string_view line = sources_.line().substr(line_->indent);
     switch (text::toUpper(line[0])) {
         case 'I':
             if (!startsWithWord(line, "INCLUDE"))
@@ -112,6 +112,7 @@ void CardReader::takeBegin(std::string_view line) {
 // The name stands in quotes, which may be closed on a later line, or ends with the line.
 void CardReader::takeInclude(std::string_view rest) {
     constexpr int kMostLines = 32;
+    const LineInFile place = lineInFile();
     if (rest.starts_with('='))
         rest = trimmed(rest.substr(1));
     const char quote = rest.empty() ? '\0' : rest[0];
@@ -136,7 +137,7 @@ void CardReader::takeInclude(std::string_view rest) {
             rest = sources_.line();
         }
     }
-    sources_.note(Finding::kIncludeName);
+    sources_.noteAt(Finding::kIncludeName, place.file, place.line, 1, "INCLUDE");
     isIncomplete_ = true;
 }
 
@@ -159,6 +160,9 @@ void CardReader::addContinuations(Card& card) {
             keepStray();
             continue;
         }
+        // A card that needs no more may stand before that of another one.
+        if (lastMark_.empty() && card.rule() != nullptr && !card.isShort())
+            keepStray();
         card.add(*line_, lineInFile());
         lastMark_ = markText(line_->mark);
     }
@@ -187,6 +191,7 @@ void CardReader::addStrayLines(Card& card) {
     constexpr int kMostLines = 10;  // a chain of marks may be a ring
     for (int lines = 0; lines < kMostLines && card.isShort(); ++lines) {
         unmet_.insert(lastMark_);
+        strayLines_.areWanted = true;
         const auto found = strayLines_.byMark.find(lastMark_);
         if (found == strayLines_.byMark.end() || !strayLines_.areKnown)
             return;

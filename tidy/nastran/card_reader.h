@@ -23,7 +23,8 @@ struct StrayLines {
         LineInFile place;
     };
     std::unordered_map<std::string, Line> byMark;
-    bool areKnown = false;  ///< the first pass is over
+    bool areWanted = false;  ///< a card needs one
+    bool areKnown = false;   ///< the first pass is over
 };
 
 /// Reads the cards of one pass, in the order in which they are meant.

@@ -19,7 +19,7 @@ void scanFrameByPoints(const Card& card, FrameTable& frames) {
     std::array<Point, 3> points{};
     bool isReadable = readFrameNumber(card.field(1), 0, reference);
     for (std::size_t i = 0; i < points.size(); ++i)
-        isReadable = readPoint(card, 2 + 3 * i, points[i]) && isReadable;
+        isReadable = readPoint(card, 2 + 3 * i, points[i]) == 3 && isReadable;
     if (!isReadable)
         points = {};  // which make no axes
     frames.addByPoints(number, card.rule()->frame, reference, points);
@@ -43,7 +43,8 @@ void scanGridPoint(const Card& card, DeckContent& content) {
     int frame = 0;
     Point local{};
     if (readNumber(card.field(0), number) && content.frames.needsGrid(number) &&
-        readFrameNumber(card.field(1), content.defaultFrame, frame) && readPoint(card, 2, local))
+        readFrameNumber(card.field(1), content.defaultFrame, frame) &&
+        readPoint(card, 2, local) == local.size())
         content.frames.addGrid(number, frame, local);
 }
 
@@ -112,14 +113,14 @@ bool readFrameNumber(std::string_view field, int ifBlank, int& number) {
     return field.empty() || field == "0" || readNumber(field, number);
 }
 
-bool readPoint(const Card& card, std::size_t first, Point& point) {
+std::size_t readPoint(const Card& card, std::size_t first, Point& point) {
     for (std::size_t i = 0; i < point.size(); ++i) {
         const std::string_view field = card.field(first + i);
         point[i] = 0.0;
         if (!field.empty() && !readReal(field, point[i]))
-            return false;
+            return i;
     }
-    return true;
+    return point.size();
 }
 
 bool scanDeck(const Deck& deck, const text::Listener& listener, DeckContent& content) {
@@ -130,7 +131,7 @@ bool scanDeck(const Deck& deck, const text::Listener& listener, DeckContent& con
         content.defaultFrame = 0;
         if (!scanRound(deck, listener, Round::kCards, content))
             return false;
-        if (!content.strayLines.areKnown && !content.strayLines.byMark.empty()) {
+        if (!content.strayLines.areKnown && content.strayLines.areWanted) {
             // Cards were read without their continuations.
             content.strayLines.areKnown = true;
             content.nodes = content.elements = {};

@@ -24,8 +24,8 @@ bool readNumber(std::string_view field, int& number);
 /// Reads the coordinate system of a grid point; blank is `ifBlank`.
 bool readFrameNumber(std::string_view field, int ifBlank, int& number);
 
-/// Reads three coordinates from field `first` on; blank is 0.
-bool readPoint(const Card& card, std::size_t first, Point& point);
+/// Reads three coordinates from field `first` on; blank is 0. Returns how many could be read.
+std::size_t readPoint(const Card& card, std::size_t first, Point& point);
 
 /// Goes through the deck, more than once where that is needed. Nothing is noted: the cards are read
 /// again when they are written. False where the deck cannot be opened.

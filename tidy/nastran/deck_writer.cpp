@@ -51,8 +51,8 @@ void DeckWriter::tellForm() {
         cards_.note(Finding::kLargeField, read.name());
     if (read.hasTabs)
         cards_.note(Finding::kTabs, read.name());
-    if (read.hasOtherCase)
-        cards_.note(Finding::kOtherCase, read.name());
+    if (read.hasOtherName)
+        cards_.note(Finding::kOtherName, read.name());
     const CardRule& rule = *read.rule();
     if (rule.name != rule.written && rule.kind != CardKind::kShell)
         cards_.note(Finding::kWrittenAs, read.name());
@@ -85,8 +85,8 @@ void DeckWriter::writeGrid() {
         return cards_.fail(Finding::kIdUnreadable, 0, read.name());
     if (!readFrameNumber(read.field(1), content_.defaultFrame, frameNumber))
         return cards_.fail(Finding::kIdUnreadable, 1, read.name());
-    if (!readPoint(read, 2, point))
-        return cards_.fail(Finding::kCoordinateUnreadable, 2, read.name());
+    if (const std::size_t count = readPoint(read, 2, point); count < point.size())
+        return cards_.fail(Finding::kCoordinateUnreadable, 2 + count, read.name());
     const int id = numberOf(content_.nodes, number, 0);
     if (id != number)
         cards_.note(Finding::kNumberLarge, 0);

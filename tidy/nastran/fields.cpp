@@ -2,7 +2,9 @@
 #include "tidy/nastran/fields.h"
 
 #include <algorithm>
+#include <cstring>
 
+#include "text/eight_columns.h"
 #include "text/scan.h"
 
 namespace kvocaeio::tidy::nastran {
@@ -29,6 +31,40 @@ std::string_view withoutComment(std::string_view line) {
     return isQuoted ? line.substr(0, line.find('$')) : line;
 }
 
+struct SpecialCharacters {
+    bool hasComma = false;
+    bool hasTab = false;
+    bool hasDollar = false;
+};
+
+// Eight characters at a time.
+SpecialCharacters lookFor(std::string_view line) {
+    // The highest bit of each byte that is `c`; those of further bytes may be set only then.
+    const auto find = [](std::uint64_t word, char c) {
+        word ^= text::inEachByte(static_cast<unsigned char>(c));
+        return (word - text::inEachByte(1)) & ~word & text::inEachByte(0x80);
+    };
+    std::uint64_t commas = 0;
+    std::uint64_t tabs = 0;
+    std::uint64_t dollars = 0;
+    const auto take = [&](const char* at, std::size_t size) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, at, size);
+        commas |= find(word, ',');
+        tabs |= find(word, '\t');
+        dollars |= find(word, '$');
+    };
+    constexpr std::size_t kWord = sizeof(std::uint64_t);
+    if (line.size() < kWord) {
+        take(line.data(), line.size());
+    } else {
+        for (std::size_t at = 0; at + kWord < line.size(); at += kWord)
+            take(line.data() + at, kWord);
+        take(line.data() + line.size() - kWord, kWord);
+    }
+    return {commas != 0, tabs != 0, dollars != 0};
+}
+
 bool isMark(std::string_view text) {
     return !text.empty() && (text[0] == '+' || text[0] == '*');
 }
@@ -42,25 +78,31 @@ std::string_view markOf(std::string_view field) {
 }
 
 const SplitLine& LineSplitter::split(std::string_view line) {
-    line = withoutComment(line);
+    const SpecialCharacters found = lookFor(line);
+    if (found.hasDollar)
+        line = withoutComment(line);
     out_.data.clear();
+    out_.columns = {};
     out_.first = {};
     out_.mark = {};
     out_.form = LineForm::kSmall;
-    out_.hasTabs = line.find('\t') != std::string_view::npos;
-    out_.isBlank = trimmed(line).empty();
+    out_.hasTabs = found.hasTab && line.find('\t') != std::string_view::npos;
+    out_.indent = 0;
+    while (out_.indent < line.size() && text::isSpace(line[out_.indent]))
+        ++out_.indent;
+    out_.isBlank = out_.indent == line.size();
     columns_.clear();
     if (out_.isBlank)
         return out_;
-    if (line.find(',') != std::string_view::npos) {
+    if (found.hasComma && line.find(',') != std::string_view::npos) {
         splitFree(line);
-    } else {
-        if (out_.hasTabs) {
-            expandTabs(line);
-            line = expanded_;
-        }
-        splitFixed(line);
+        return out_;
     }
+    if (out_.hasTabs) {
+        expandTabs(line);
+        line = expanded_;
+    }
+    splitFixed(line);
     return out_;
 }
 
@@ -101,8 +143,11 @@ void LineSplitter::takeFirst(Field field, bool isFree) {
 void LineSplitter::splitFixed(std::string_view line) {
     takeFirst(fieldAt(line, 0, kSmallWidth), false);
     const std::size_t width = isLarge(out_.form) ? kLargeWidth : kSmallWidth;
-    for (std::size_t at = kSmallWidth; at < kMarkColumn; at += width)
-        out_.data.push_back(fieldAt(line, at, at + width));
+    if (out_.isInColumns())
+        out_.columns = line.substr(std::min(kSmallWidth, line.size()), kMarkColumn - kSmallWidth);
+    else
+        for (std::size_t at = kSmallWidth; at < kMarkColumn; at += width)
+            out_.data.push_back(fieldAt(line, at, at + width));
     if (line.size() > kMarkColumn)
         out_.mark = fieldAt(line, kMarkColumn, kLastColumn).text;
 }

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/scan.h"
+
 namespace kvocaeio::tidy::nastran {
 
 enum class LineForm {
@@ -38,10 +40,16 @@ struct Field {
 struct SplitLine {
     LineForm form = LineForm::kSmall;
     bool hasTabs = false;
-    Field first;              ///< a name, a continuation's mark, or nothing; without the star
     bool isBlank = true;      ///< nothing but blanks, or a comment
+    std::size_t indent = 0;   ///< white space before the first character
+    Field first;              ///< a name, a continuation's mark, or nothing; without the star
     std::string_view mark;    ///< field 10, where the continuation is named
     std::vector<Field> data;  ///< at least `dataFields(form)`, unless the line is blank
+    /// Most lines are of small fields without tabs. Of these the columns of all data fields stand
+    /// here, as far as the line reaches, and `data` is empty.
+    std::string_view columns;
+
+    bool isInColumns() const { return form == LineForm::kSmall && !hasTabs; }
 
     /// Whether the line goes on with a card.
     bool isContinuation() const {
@@ -72,13 +80,13 @@ class LineSplitter {
 /// A mark as two lines have it in common: without the plus sign or star before it.
 std::string_view markOf(std::string_view field);
 
-/// `text` without blanks, tabs and carriage returns around it.
+/// `text` without white space around it.
 constexpr std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\f\v";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+    while (!text.empty() && text::isSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && text::isSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 }  // namespace kvocaeio::tidy::nastran

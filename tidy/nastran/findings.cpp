@@ -17,8 +17,10 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "A tab leads to the next column that is a multiple of eight. The reader takes it for one "
      "character.",
      ""},
-    {"tidy.nastran-other-case", kNote, "the card {} is written in upper case",
-     "The reader finds names in upper case alone.", ""},
+    {"tidy.nastran-other-name", kNote, "the name of {} cards is written as the reader knows it",
+     "The reader finds names in upper case alone. Some programs put an underscore behind those of "
+     "elements with mid-side nodes.",
+     ""},
     {"tidy.nastran-continuation-elsewhere", kNote,
      "the continuation {} is taken from another place of the deck",
      "Continuations that are named on both lines may stand anywhere in a deck.", ""},

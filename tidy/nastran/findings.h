@@ -13,7 +13,7 @@ enum class Finding : std::size_t {
     kFreeField,
     kLargeField,
     kTabs,
-    kOtherCase,
+    kOtherName,
     kContinuationElsewhere,
     kReplication,
     kNumberForm,

@@ -172,24 +172,40 @@ void addExponent(Candidate& candidate, int exponent) {
     candidate.add({text.data(), static_cast<std::size_t>(end.ptr - text.data())});
 }
 
-// "1.2346-4", "1.2346E9", and without a point, which takes a column more for the digits:
-// "123456-9".
-void takeExponentForms(double magnitude, std::string_view sign, ShortReal& best, double value) {
-    for (const bool hasPoint : {true, false})
-        for (std::size_t count = kWidth; count > 0; --count) {
-            const Digits digits = digitsOf(magnitude, count);
-            Candidate candidate;
-            candidate.add(sign).add(digits.text().substr(0, 1));
-            if (hasPoint)
-                candidate.add(".");
-            candidate.add(digits.text().substr(1));
-            const int behind = hasPoint ? 0 : static_cast<int>(digits.size) - 1;
-            addExponent(candidate, digits.exponent - behind);
-            if (!candidate.fits())
-                continue;
-            takeBetter(candidate, value, best);
-            break;
-        }
+// The digits and exponent that come nearest and fit, with a point behind the first digit or with
+// none.
+void takeExponentForm(bool hasPoint, double magnitude, std::string_view sign, double value,
+                      ShortReal& best) {
+    for (std::size_t count = kWidth; count > 0; --count) {
+        const Digits digits = digitsOf(magnitude, count);
+        Candidate candidate;
+        candidate.add(sign).add(digits.text().substr(0, 1)).add(hasPoint ? "." : "");
+        candidate.add(digits.text().substr(1));
+        const int behind = hasPoint ? 0 : static_cast<int>(digits.size) - 1;
+        addExponent(candidate, digits.exponent - behind);
+        if (candidate.fits())
+            return takeBetter(candidate, value, best);
+    }
+}
+
+// "12345678"
+void takeWholeForm(double magnitude, std::string_view sign, double value, ShortReal& best) {
+    std::array<char, 40> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), magnitude,
+                                   std::chars_format::fixed, 0);
+    if (end.ec != std::errc())
+        return;
+    Candidate candidate;
+    candidate.add(sign).add({digits.data(), static_cast<std::size_t>(end.ptr - digits.data())});
+    takeBetter(candidate, value, best);
+}
+
+// "1.2346-4", "1.2346E9", and without a point, which leaves a column more for the digits:
+// "12345678", "123456-9".
+void takeExponentForms(double magnitude, std::string_view sign, double value, ShortReal& best) {
+    takeExponentForm(true, magnitude, sign, value, best);
+    takeWholeForm(magnitude, sign, value, best);
+    takeExponentForm(false, magnitude, sign, value, best);
 }
 
 }  // namespace
@@ -241,7 +257,7 @@ ShortReal shortenReal(double value) {
         // Between these, the fixed form has as many digits as any.
         const bool isBest = best.size > 0 && magnitude >= 1e-2 && magnitude < 1e7;
         if (!isBest)
-            takeExponentForms(magnitude, sign, best, value);
+            takeExponentForms(magnitude, sign, value, best);
     }
     if (best.size == 0)
         takeBetter(Candidate().add("0."), value, best);

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "text/eight_columns.h"
+
 namespace kvocaeio::tidy::nastran {
 
 /// The lines of one card while they are put together.
@@ -43,13 +45,15 @@ class OutputCard {
   private:
     void put(int number, char fill) {
         char* const first = characters_.data() + size_;
+        size_ += kWidth;
+        if (fill == ' ' && text::writeEightColumns(first, number, kWidth) != nullptr)
+            return;
         char* at = first + kWidth;
         do {
             *--at = static_cast<char>('0' + number % 10);
             number /= 10;
         } while (number > 0 && at != first);
         std::memset(first, fill, static_cast<std::size_t>(at - first));
-        size_ += kWidth;
     }
 
     std::array<char, 128> characters_;

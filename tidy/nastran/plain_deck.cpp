@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <string>
 
@@ -26,10 +27,33 @@ constexpr std::array<std::string_view, 19> kReaderNames{
     "GRID", "CROD",  "CTUBE",  "CBAR",   "CBEAM",  "CTETRA", "CPENTA", "CHEXA",  "PROD", "PTUBE",
     "PBAR", "PBEAM", "PSHELL", "PSHEAR", "PSOLID", "CQUAD",  "CTRIA",  "CSHEAR", "TUB-"};
 
+// What a look at all characters of a line tells.
+struct LineBits {
+    bool hasLetters = false;        // or other characters from "@" on
+    bool hasLettersBehind = false;  // behind the first field
+    bool hasControls = false;       // characters before the blank
+};
+
+LineBits lookAt(std::string_view line) {
+    std::uint64_t first = text::inEachByte(' ');
+    std::memcpy(&first, line.data(), std::min(line.size(), kColumns));
+    std::uint64_t letters = 0;
+    std::uint64_t controls = (first - text::inEachByte(0x20)) & ~first;
+    for (std::size_t at = kColumns; at < line.size(); at += kColumns) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, line.data() + std::min(at, line.size() - kColumns), kColumns);
+        letters |= word;
+        controls |= (word - text::inEachByte(0x20)) & ~word;
+    }
+    return {((letters | first) & text::inEachByte(0x40)) != 0,
+            (letters & text::inEachByte(0x40)) != 0, (controls & text::inEachByte(0x80)) != 0};
+}
+
 // Whether a letter stands in the text with which a name of the reader or a statement begins, in any
-// case, or one of the characters that mean something in other forms.
-bool canMean(std::string_view line) {
-    return line.find_first_of("CGPTIcgpi") != std::string_view::npos;
+// case.
+bool canHoldName(std::string_view line) {
+    static constexpr text::Delimiters kFirstLetters("CGPTIcgpi");
+    return std::ranges::any_of(line, [](char c) { return kFirstLetters.contains(c); });
 }
 
 bool holdsReaderName(std::string_view line) {
@@ -53,7 +77,7 @@ bool isPlainComment(std::string_view line) {
 bool isPassedOver(std::string_view line) {
     if (!line.empty() && line[0] == '=')
         return false;  // replication
-    if (!canMean(line))
+    if (!canHoldName(line))
         return true;
     if (holdsReaderName(line))
         return false;
@@ -86,9 +110,31 @@ bool takeInteger(std::string_view line, std::size_t field, int& number) {
     return number > 0;
 }
 
-bool takesInteger(std::string_view line, std::size_t field) {
-    int number = 0;
-    return takeInteger(line, field, number);
+// Whether eight columns are blanks and then digits that make a number above 0; others may, too.
+bool isSurelyPositive(const char* columns) {
+    std::uint64_t digits = 0;
+    std::memcpy(&digits, columns, kColumns);
+    digits ^= text::inEachByte('0');  // a digit becomes its value, a blank 0x10
+    const std::uint64_t blankBits = digits & text::inEachByte(0x10);
+    const std::uint64_t blanks = (blankBits >> 4) * 0xFF;
+    digits ^= blankBits;
+    return text::kEightColumnsWork &&
+           ((digits + text::inEachByte(6)) & text::inEachByte(0xF0)) == 0 &&
+           (blanks & (blanks + 1)) == 0 && (digits & blanks) == 0 && digits != 0;
+}
+
+bool areIntegers(std::string_view line, std::size_t first, std::size_t count) {
+    if (line.size() >= (first + count) * kColumns) {
+        bool areSure = true;
+        for (std::size_t field = first; field < first + count; ++field)
+            areSure = isSurelyPositive(line.data() + field * kColumns) && areSure;
+        if (areSure)
+            return true;
+    }
+    for (std::size_t field = first; field < first + count; ++field)
+        if (int number = 0; !takeInteger(line, field, number))
+            return false;
+    return true;
 }
 
 bool isReal(std::string_view line, std::size_t field) {
@@ -97,6 +143,8 @@ bool isReal(std::string_view line, std::size_t field) {
 }
 
 bool isBlankOrInteger(std::string_view line, std::size_t field) {
+    if (areIntegers(line, field, 1))
+        return true;
     const std::string_view text = text::trimBlanks(columns(line, field));
     return text.empty() || isPlainInteger(text);
 }
@@ -138,22 +186,19 @@ const CardRule* plainRule(std::string_view line) {
 
 bool PlainDeck::take(std::string_view line) {
     thing_ = Thing::kNone;
+    const LineBits bits = lookAt(line);
     // A byte that ends the file for the reader.
-    if (line.find('\x1A') != std::string_view::npos)
+    if (bits.hasControls && line.find('\x1A') != std::string_view::npos)
         return false;
     if (isInHexa_)
         return takeHexaEnd(line);
     if (!line.empty() && line[0] == '$')
         return isPlainComment(line);
-    rule_ = plainRule(line);
+    rule_ = bits.hasLetters ? plainRule(line) : nullptr;
     if (rule_ == nullptr)
-        return isPassedOver(line);
+        return !bits.hasLetters ? line.empty() || line[0] != '=' : isPassedOver(line);
     const std::string_view rest = line.substr(kColumns);
-    if (rest.find_first_of("CGPT") != std::string_view::npos && holdsReaderName(rest))
-        return false;
-    // Commas and plus signs move what follows.
-    const std::size_t read = (1 + rule_->fields()) * kColumns;
-    if (line.substr(0, read).find_first_of(",+\t$") != std::string_view::npos)
+    if (bits.hasLettersBehind && canHoldName(rest) && holdsReaderName(rest))
         return false;
     switch (rule_->kind) {
         case CardKind::kGrid:
@@ -180,10 +225,8 @@ bool PlainDeck::takeGrid(std::string_view line) {
 bool PlainDeck::takeElement(std::string_view line, std::size_t corners) {
     thing_ = Thing::kElement;
     ++elements_;
-    for (std::size_t i = 0; i < corners; ++i)
-        if (!takesInteger(line, 3 + i))
-            return false;
-    return takeInteger(line, 1, number_) && isBlankOrInteger(line, 2);
+    return takeInteger(line, 1, number_) && isBlankOrInteger(line, 2) &&
+           areIntegers(line, 3, corners);
 }
 
 // In the form that this library writes.
@@ -191,20 +234,19 @@ bool PlainDeck::takeHexa(std::string_view line) {
     constexpr std::size_t kOnFirstLine = 6;
     const bool hasZero = columns(line, 1).starts_with('0') || columns(line, 2).starts_with('0');
     isInHexa_ = true;
-    return hasZero && line.size() == (3 + kOnFirstLine) * kColumns && takesInteger(line, 2) &&
+    return hasZero && line.size() == (3 + kOnFirstLine) * kColumns && areIntegers(line, 2, 1) &&
            takeElement(line, kOnFirstLine);
 }
 
 bool PlainDeck::takeHexaEnd(std::string_view line) {
     isInHexa_ = false;
     if (line.starts_with("+       ") && line.size() == 3 * kColumns)
-        return takesInteger(line, 1) && takesInteger(line, 2) && line[kColumns] == ' ' &&
-               line[2 * kColumns] == ' ';
+        return areIntegers(line, 1, 2) && line[kColumns] == ' ' && line[2 * kColumns] == ' ';
     constexpr std::size_t kMark = 2;  // "+,", the seventh node, a comma, and the eighth
     if (!line.starts_with("+,") || line.size() != kMark + 2 * kColumns + 1)
         return false;
     line.remove_prefix(kMark);
-    return takesInteger(line, 0) && line[kColumns] == ',' && takesInteger(line.substr(1), 1);
+    return areIntegers(line, 0, 1) && line[kColumns] == ',' && areIntegers(line.substr(1), 1, 1);
 }
 
 bool PlainDeck::takeShell(std::string_view line) {

@@ -1,0 +1,3 @@
+INCLUDE 'deck'
+INCLUDE 'none
+GRID,1,9
