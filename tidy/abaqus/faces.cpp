@@ -37,6 +37,7 @@ class Planner {
     bool hasFace(const Member& element, int face) const;
     Members elementsOf(const Frame& frame, const Target& target, Place place);
     FoundSet find(const Frame& frame, const Target& target) const;
+    bool isListedWhole(const FoundSet& found) const;
     void tellSet(const FoundSet& found, const std::string& name, bool hasUnknown);
     void tellRepeated();
     void planSurface(const Frame& frame, const Surface& surface);
@@ -102,12 +103,24 @@ Members Planner::elementsOf(const Frame& frame, const Target& target, Place plac
     return members;
 }
 
+// Whether the blocks of a set name all its elements.
+bool Planner::isListedWhole(const FoundSet& found) const {
+    IdSet listed = *found.set;
+    std::erase_if(listed.runs, &IdRun::isOfBlock);
+    if (!listed.isListed || listed.runs.size() == found.set->runs.size())
+        return listed.isListed;
+    FoundSet reduced = found;
+    reduced.set = &listed;
+    return membersOf(model_, reduced, SetKind::kElements).list.size() ==
+           membersOf(model_, found, SetKind::kElements).list.size();
+}
+
 // What of a set the reader would take in another way, were a surface to name it.
 void Planner::tellSet(const FoundSet& found, const std::string& name, bool hasUnknown) {
     const IdSet& set = *found.set;
     if (!told_.insert(&set).second)
         return;
-    if (!set.isListed || set.isOfBlock)
+    if (!isListedWhole(found))
         lines_.changeAt(Finding::kSetOfBlock, set.place, name, name);
     if (set.isInternal)
         lines_.changeAt(Finding::kSetInternal, set.place, name, name);
@@ -173,8 +186,7 @@ std::vector<MemberFace> Planner::facesOfPlanned(const PlannedSurface& planned) c
             faces.push_back({member, line.face});
     }
     std::ranges::sort(faces);
-    const auto rest = std::ranges::unique(faces);
-    faces.erase(rest.begin(), rest.end());
+    faces.erase(std::unique(faces.begin(), faces.end()), faces.end());
     return faces;
 }
 

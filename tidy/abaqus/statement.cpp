@@ -64,6 +64,19 @@ std::string nameOf(std::string_view text) {
     return name;
 }
 
+std::string writtenName(std::string_view name) {
+    std::string folded;
+    text::foldToUpper(trimmed(name), folded);
+    const auto isSeparator = [](char c) {
+        return c == ',' || c == '=' || c == '"' || c == '\'' || static_cast<unsigned char>(c) < ' ';
+    };
+    std::ranges::replace_if(folded, isSeparator, '_');
+    if (folded.starts_with('*'))
+        folded[0] = '_';
+    folded.resize(std::min(folded.size(), kMostName));
+    return std::string(trimmed(folded));
+}
+
 void Statement::parse(std::string_view line) {
     parameters.clear();
     isPlain = line.find_first_of("\t\"'") == std::string_view::npos && !trimmed(line).empty() &&

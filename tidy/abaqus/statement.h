@@ -17,6 +17,9 @@ std::string_view trimmed(std::string_view text);
 /// A name as it is looked up: unquoted in upper case, quoted as it stands between its quotes.
 std::string nameOf(std::string_view text);
 
+/// A name in the characters that the reader takes, cut to as many as it hands out.
+std::string writtenName(std::string_view name);
+
 /// A parameter of a keyword line.
 struct Parameter {
     std::string name;   ///< in upper case, without blanks
