@@ -40,6 +40,8 @@ class Planner {
     bool isListedWhole(const FoundSet& found) const;
     void tellSet(const FoundSet& found, const std::string& name, bool hasUnknown);
     void tellRepeated();
+    bool hasLoneSection() const;
+    void tellGenerated();
     void planSurface(const Frame& frame, const Surface& surface);
     void planItem(const Frame& frame, const SurfaceItem& item, PlannedSurface& planned);
     void planOutside(const Frame& frame, const SurfaceItem& item, PlannedSurface& planned);
@@ -254,6 +256,27 @@ void Planner::tellRepeated() {
                 lines_.changeAt(Finding::kSetRepeated, set.place, name, name);
 }
 
+// Whether the reader has one section of solids or of shells alone, which generated sets split. It
+// makes one section of all blocks of a name.
+bool Planner::hasLoneSection() const {
+    std::set<std::string_view> solids;
+    std::set<std::string_view> shells;
+    for (const Block& block : model_.scopes[0].blocks)
+        (facesOf(block.type.shape).empty() ? shells : solids).insert(block.elset);
+    return solids.size() == 1 || shells.size() == 1;
+}
+
+// To be asked last, since where nothing else has to be changed such sets may stay.
+void Planner::tellGenerated() {
+    const bool isSplit = hasLoneSection();
+    if (!isSplit && !lines_.isNeeded())
+        return;
+    for (const Frame& frame : frames_.all())
+        for (const auto& [name, set] : frame.scope->elementSets)
+            if (set.isGenerated && !(set.isInternal && !lines_.isNeeded()))
+                lines_.changeAt(Finding::kSetGenerated, set.place, name, name);
+}
+
 PlannedFaces Planner::plan() {
     for (const Frame& frame : frames_.all())
         for (const Surface& surface : frame.scope->surfaces)
@@ -262,6 +285,7 @@ PlannedFaces Planner::plan() {
         tellRepeated();
     for (const Load& load : model_.loads)
         planLoad(load);
+    tellGenerated();
     return std::move(out_);
 }
 

@@ -73,6 +73,7 @@ struct IdSet {
     bool isListed = false;       ///< whether an `*ELSET` block names it
     bool isRepeated = false;     ///< whether several do
     bool isInternal = false;
+    bool isGenerated = false;
     bool isUnsorted = false;  ///< its ids count in the order of the deck
     Place place;
 
