@@ -249,7 +249,7 @@ void readElements(DeckReader& reader) {
     DeckLines& lines = reader.lines;
     const std::string typeName = reader.statement.name("TYPE");
     const std::optional<ElementType> type = elementTypeOf(typeName);
-    lines.expectPlain(reader.statement);
+    lines.expectPlain(reader.statement, "ELSET");
     Scope& scope = reader.scope();
     const std::string elset = reader.statement.name("ELSET");
     if (!type) {

@@ -215,7 +215,7 @@ void readShellSection(DeckReader& reader) {
     DeckLines& lines = reader.lines;
     const bool isLayered = reader.statement.has("COMPOSITE");
     ShellSection section{reader.statement.name("ELSET"), reader.statement.name("MATERIAL"), 0.0};
-    lines.expectPlain(reader.statement);
+    lines.expectPlain(reader.statement, "ELSET");
     if (isLayered || !reader.statement.has("MATERIAL"))
         lines.change(Finding::kShellSection, lines.line(), section.elset);
     const Place place = lines.place();
