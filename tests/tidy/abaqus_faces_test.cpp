@@ -44,8 +44,16 @@ TEST(TidyAbaqusFaces, GeneratedAndNestedSetsAreWrittenAsMembers) {
     EXPECT_EQ(restOf(deck),
               "*ELSET, ELSET=A\n1, 2, 3\n*ELSET, ELSET=B\n1, 2, 3\n*ELSET, ELSET=_S_S2\n1, 2\n"
               "*SURFACE, TYPE=ELEMENT, NAME=S\n_S_S2, S2\n");
-    EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-set-generated", "tidy.abaqus-surface-item"));
+    EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-surface-item", "tidy.abaqus-set-generated"));
     EXPECT_THAT(deck.others, ElementsAre("17:0 tidy.abaqus-face-missing"));
+}
+
+TEST(TidyAbaqusFaces, GeneratedSetsAreChangedWhereTheyWouldSplitALoneSection) {
+    EXPECT_TRUE(tidiedFaces("*ELSET, ELSET=A, GENERATE\n1, 1\n").isNeeded);
+    EXPECT_FALSE(tidiedFaces("*ELEMENT, TYPE=C3D4, ELSET=MORE\n4, 1, 2, 3, 4\n"
+                             "*ELEMENT, TYPE=S3, ELSET=RIM\n5, 1, 2, 3\n"
+                             "*ELSET, ELSET=A, GENERATE\n1, 1\n")
+                     .isNeeded);
 }
 
 TEST(TidyAbaqusFaces, SetsThatAreInternalRepeatedOrOfABlockReachTheSurface) {

@@ -133,9 +133,9 @@ bool DeckLines::nextStatement(Statement& statement) {
     return true;
 }
 
-void DeckLines::expectPlain(const Statement& statement) {
+void DeckLines::expectPlain(const Statement& statement, std::string_view kept) {
     isPlainExpected_ = true;
-    if (!statement.isPlain)
+    if (!statement.isPlain(kept))
         change(Finding::kKeywordForm, line(), statement.keyword);
 }
 

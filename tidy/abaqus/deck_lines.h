@@ -29,8 +29,8 @@ class DeckLines {
     }
 
     /// The statement taken last is one that the reader reads too: what it would take in another
-    /// way than it is meant has to be changed.
-    void expectPlain(const Statement& statement);
+    /// way than it is meant has to be changed. It keeps the value of the parameter `kept`.
+    void expectPlain(const Statement& statement, std::string_view kept = {});
     /// Tells tabs in the line taken last, which the reader would not take for blanks. False without
     /// one. For the readers of statements to ask, which mostly know from the fields.
     bool tellTabs();

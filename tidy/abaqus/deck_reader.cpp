@@ -34,6 +34,7 @@ constexpr StatementRow kStatements[] = {
     {"PART", readPart},
     {"ENDPART", readPartEnd},
     {"ASSEMBLY", readAssembly},
+    {"ENDASSEMBLY", readPartEnd},
     {"INSTANCE", readInstance},
     {"ENDINSTANCE", readInstanceEnd},
 };

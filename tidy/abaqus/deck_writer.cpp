@@ -12,6 +12,7 @@
 #include "tidy/abaqus/line_writer.h"
 #include "tidy/abaqus/set_names.h"
 #include "tidy/abaqus/sets.h"
+#include "tidy/abaqus/statement.h"
 
 namespace kvocaeio::tidy::abaqus {
 
@@ -90,7 +91,7 @@ void DeckWriter::writeSet(const std::string& name, const std::vector<Member>& me
 void DeckWriter::writeSets(const PlannedFaces& faces) {
     for (const Frame& frame : frames_.all())
         for (const auto& [name, set] : frame.scope->elementSets) {
-            if (!set.isListed && !faces.sets.contains({frame.instance, name}))
+            if (name.empty() || (!set.isListed && !faces.sets.contains({frame.instance, name})))
                 continue;
             const FoundSet found{frame.scope, frame.instance, &set, name};
             const Members members = membersOf(model_, found, SetKind::kElements);
@@ -105,7 +106,9 @@ void DeckWriter::writeSets(const PlannedFaces& faces) {
 void DeckWriter::writeShellSections() {
     for (const Frame& frame : frames_.all())
         for (const ShellSection& section : frame.scope->shellSections) {
-            out_.text("*SHELL SECTION, ELSET=").text(names_.of(frame.instance, section.elset));
+            out_.text("*SHELL SECTION");
+            if (!section.elset.empty())
+                out_.text(", ELSET=").text(names_.of(frame.instance, section.elset));
             const std::string material = writtenName(section.material);
             out_.text(", MATERIAL=").text(material.empty() ? "NONE" : material);
             out_.text("\n");
@@ -128,9 +131,10 @@ void DeckWriter::writeSurface(const PlannedSurface& surface) {
         }
     if (items.empty())
         return;
-    out_.text("*SURFACE, TYPE=ELEMENT, NAME=")
-        .text(linkedName(writtenName(surface.name)))
-        .text("\n");
+    out_.text("*SURFACE, TYPE=ELEMENT");
+    if (!surface.name.empty())
+        out_.text(", NAME=").text(linkedName(writtenName(surface.name)));
+    out_.text("\n");
     for (const auto& [set, face] : items)
         out_.text(set).text(", S").text(std::to_string(face)).text("\n");
 }

@@ -142,9 +142,7 @@ void addElement(DeckReader& reader, Scope& scope, Block& block, int id, const in
 IdSet* blockSet(Scope& scope, const std::string& name) {
     if (name.empty())
         return nullptr;
-    IdSet& set = scope.elementSets[name];
-    set.isOfBlock = true;
-    return &set;
+    return &scope.elementSets[name];
 }
 
 // Elements of which the reader holds nothing are told one by one, so that they are counted.
@@ -204,7 +202,7 @@ bool addShifted(DeckReader& reader, Block& block, const Master& master, std::int
     }
     addElement(reader, reader.scope(), block, static_cast<int>(id), nodes.data());
     if (set != nullptr)
-        set->add(kOwnScope, static_cast<int>(id));
+        set->add(kOwnScope, static_cast<int>(id), true);
     return true;
 }
 
@@ -217,7 +215,7 @@ void generateRows(DeckReader& reader, Master& master, const std::array<Direction
     master.kind.elset = reader.statement.name("ELSET");
     Block& block = blockFor(reader.scope(), master.kind, true);
     if (set != nullptr)
-        set->add(kOwnScope, master.id);
+        set->add(kOwnScope, master.id, true);
     const auto& [row, rows, layers] = directions;
     for (std::int64_t k = 0; k < layers.count; ++k)
         for (std::int64_t j = 0; j < rows.count; ++j)
@@ -251,7 +249,7 @@ void readElements(DeckReader& reader) {
     DeckLines& lines = reader.lines;
     const std::string typeName = reader.statement.name("TYPE");
     const std::optional<ElementType> type = elementTypeOf(typeName);
-    lines.expectPlain(reader.statement);
+    lines.expectPlain(reader.statement, "ELSET");
     Scope& scope = reader.scope();
     const std::string elset = reader.statement.name("ELSET");
     if (!type) {
@@ -261,7 +259,8 @@ void readElements(DeckReader& reader) {
     }
     if (!type->newName.empty())
         lines.change(Finding::kTypeChanged, lines.line(), typeName);
-    const std::string written = type->newName.empty() ? typeName : std::string(type->newName);
+    const std::string written =
+        type->newName.empty() ? writtenName(typeName) : std::string(type->newName);
     lines.includeInput(reader.statement);
     Block& block = blockFor(scope, {*type, written, elset, 0, {}, {}}, false);
     IdSet* const set = blockSet(scope, elset);
@@ -271,7 +270,7 @@ void readElements(DeckReader& reader) {
             continue;
         addElement(reader, scope, block, numbers[0], numbers.data() + 1);
         if (set != nullptr)
-            set->add(kOwnScope, numbers[0]);
+            set->add(kOwnScope, numbers[0], true);
     }
 }
 

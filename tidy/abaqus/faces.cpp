@@ -37,8 +37,11 @@ class Planner {
     bool hasFace(const Member& element, int face) const;
     Members elementsOf(const Frame& frame, const Target& target, Place place);
     FoundSet find(const Frame& frame, const Target& target) const;
+    bool isListedWhole(const FoundSet& found) const;
     void tellSet(const FoundSet& found, const std::string& name, bool hasUnknown);
     void tellRepeated();
+    bool hasLoneSection() const;
+    void tellGenerated();
     void planSurface(const Frame& frame, const Surface& surface);
     void planItem(const Frame& frame, const SurfaceItem& item, PlannedSurface& planned);
     void planOutside(const Frame& frame, const SurfaceItem& item, PlannedSurface& planned);
@@ -102,12 +105,24 @@ Members Planner::elementsOf(const Frame& frame, const Target& target, Place plac
     return members;
 }
 
+// Whether the blocks of a set name all its elements.
+bool Planner::isListedWhole(const FoundSet& found) const {
+    IdSet listed = *found.set;
+    std::erase_if(listed.runs, &IdRun::isOfBlock);
+    if (!listed.isListed || listed.runs.size() == found.set->runs.size())
+        return listed.isListed;
+    FoundSet reduced = found;
+    reduced.set = &listed;
+    return membersOf(model_, reduced, SetKind::kElements).list.size() ==
+           membersOf(model_, found, SetKind::kElements).list.size();
+}
+
 // What of a set the reader would take in another way, were a surface to name it.
 void Planner::tellSet(const FoundSet& found, const std::string& name, bool hasUnknown) {
     const IdSet& set = *found.set;
     if (!told_.insert(&set).second)
         return;
-    if (!set.isListed || set.isOfBlock)
+    if (!isListedWhole(found))
         lines_.changeAt(Finding::kSetOfBlock, set.place, name, name);
     if (set.isInternal)
         lines_.changeAt(Finding::kSetInternal, set.place, name, name);
@@ -173,8 +188,7 @@ std::vector<MemberFace> Planner::facesOfPlanned(const PlannedSurface& planned) c
             faces.push_back({member, line.face});
     }
     std::ranges::sort(faces);
-    const auto rest = std::ranges::unique(faces);
-    faces.erase(rest.begin(), rest.end());
+    faces.erase(std::unique(faces.begin(), faces.end()), faces.end());
     return faces;
 }
 
@@ -242,6 +256,27 @@ void Planner::tellRepeated() {
                 lines_.changeAt(Finding::kSetRepeated, set.place, name, name);
 }
 
+// Whether the reader has one section of solids or of shells alone, which generated sets split. It
+// makes one section of all blocks of a name.
+bool Planner::hasLoneSection() const {
+    std::set<std::string_view> solids;
+    std::set<std::string_view> shells;
+    for (const Block& block : model_.scopes[0].blocks)
+        (facesOf(block.type.shape).empty() ? shells : solids).insert(block.elset);
+    return solids.size() == 1 || shells.size() == 1;
+}
+
+// To be asked last, since where nothing else has to be changed such sets may stay.
+void Planner::tellGenerated() {
+    const bool isSplit = hasLoneSection();
+    if (!isSplit && !lines_.isNeeded())
+        return;
+    for (const Frame& frame : frames_.all())
+        for (const auto& [name, set] : frame.scope->elementSets)
+            if (set.isGenerated && !(set.isInternal && !lines_.isNeeded()))
+                lines_.changeAt(Finding::kSetGenerated, set.place, name, name);
+}
+
 PlannedFaces Planner::plan() {
     for (const Frame& frame : frames_.all())
         for (const Surface& surface : frame.scope->surfaces)
@@ -250,6 +285,7 @@ PlannedFaces Planner::plan() {
         tellRepeated();
     for (const Load& load : model_.loads)
         planLoad(load);
+    tellGenerated();
     return std::move(out_);
 }
 

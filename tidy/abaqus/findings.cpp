@@ -30,7 +30,7 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "Quotes, tabs, blanks around commas and equals signs, and names of more than 79 characters "
      "would become part of a value, or end it, in the reader.",
      ""},
-    {"tidy.abaqus-number-form", kNote, "the number {} is written in the plain form",
+    {"tidy.abaqus-number-form", kNote, "numbers are written in the plain form: {}",
      "The reader knows no exponents with D, and does not read on after an empty field.", ""},
     {"tidy.abaqus-instance-placed", kNote, "the instance {} is placed, with numbers of its own",
      "The reader knows no parts and instances. The mesh of the part is moved to the place of the "

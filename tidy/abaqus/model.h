@@ -57,6 +57,7 @@ struct IdRun {
     int first;
     int last;
     int step;
+    bool isOfBlock = false;  ///< by an `*ELEMENT` block, not by one of the set
 };
 constexpr int kOwnScope = -1;
 
@@ -71,24 +72,24 @@ struct IdSet {
     std::vector<SetName> names;  ///< of sets in it
     bool isListed = false;       ///< whether an `*ELSET` block names it
     bool isRepeated = false;     ///< whether several do
-    bool isOfBlock = false;      ///< whether an `*ELEMENT` block names it
     bool isInternal = false;
+    bool isGenerated = false;
     bool isUnsorted = false;  ///< its ids count in the order of the deck
     Place place;
 
-    void add(int instance, int id) {
+    void add(int instance, int id, bool isOfBlock = false) {
         if (!runs.empty()) {
             IdRun& run = runs.back();
             const std::int64_t distance = std::int64_t{id} - run.last;
             const bool isSingle = run.first == run.last;
-            if (run.instance == instance && distance > 0 &&
+            if (run.instance == instance && run.isOfBlock == isOfBlock && distance > 0 &&
                 (distance == run.step || (isSingle && std::in_range<int>(distance)))) {
                 run.step = static_cast<int>(distance);
                 run.last = id;
                 return;
             }
         }
-        runs.push_back({instance, id, id, 1});
+        runs.push_back({instance, id, id, 1, isOfBlock});
     }
 };
 

@@ -30,19 +30,6 @@ void forEachName(const Scope& scope, const Visit& visit) {
 
 }  // namespace
 
-std::string writtenName(std::string_view name) {
-    std::string folded;
-    text::foldToUpper(name, folded);
-    const auto isSeparator = [](char c) {
-        return c == ',' || c == '=' || c == '"' || c == '\'' || static_cast<unsigned char>(c) < ' ';
-    };
-    std::ranges::replace_if(folded, isSeparator, '_');
-    if (folded.starts_with('*'))
-        folded[0] = '_';
-    folded.resize(std::min(folded.size(), kMostName));
-    return folded;
-}
-
 std::string linkedName(std::string name) {
     std::ranges::replace(name, ' ', '_');
     return name;

@@ -32,9 +32,6 @@ class SetNames {
     std::set<std::string> taken_;
 };
 
-/// A name in the characters that the reader takes, cut to as many as it hands out.
-std::string writtenName(std::string_view name);
-
 /// A name as `*ELSET` and the lines of a surface can have it.
 std::string linkedName(std::string name);
 

@@ -30,6 +30,9 @@ void addRange(DeckReader& reader, IdSet& set, int instance) {
     Fields fields(reader.lines.line());
     std::string_view field;
     std::size_t taken = 0;
+    // A blank before a comma would end the range for the reader.
+    if (reader.lines.line().find(" ,") != std::string_view::npos)
+        reader.lines.setNeeded();
     while (taken < range.size() && fields.next(field)) {
         if (!field.empty() && !readInteger(field, range[taken]))
             return reader.refuse(Finding::kNumberInvalid);
@@ -56,15 +59,19 @@ void addMembers(DeckReader& reader, IdSet& set, int instance) {
     }
 }
 
-void readMembers(DeckReader& reader, IdSet& set, bool isRead) {
+// The number of lines.
+std::size_t readMembers(DeckReader& reader, IdSet& set, bool isRead) {
     const bool isGenerated = reader.statement.has("GENERATE");
     const int instance = namedInstance(reader);
     set.isUnsorted = reader.statement.has("UNSORTED");
+    std::size_t rows = 0;
     while (reader.lines.nextData()) {
         if (isRead)
             reader.lines.tellTabs();
         isGenerated ? addRange(reader, set, instance) : addMembers(reader, set, instance);
+        ++rows;
     }
+    return rows;
 }
 
 // The number in a label such as S3 or P3; 0 where it is no such label.
@@ -164,9 +171,11 @@ void readElementSet(DeckReader& reader) {
     // On this line alone a blank ends the value for the reader.
     if (name.find(' ') != std::string::npos)
         reader.lines.change(Finding::kKeywordForm, reader.lines.line(), "ELSET");
-    if (reader.statement.has("GENERATE"))
-        reader.lines.change(Finding::kSetGenerated, reader.lines.line(), name);
-    readMembers(reader, set, true);
+    const bool isGenerated = reader.statement.has("GENERATE");
+    set.isGenerated = set.isGenerated || isGenerated;
+    const std::size_t rows = readMembers(reader, set, true);
+    if (isGenerated && rows != 1)  // the reader would keep one of them
+        reader.lines.changeAt(Finding::kSetGenerated, set.place, name, name);
 }
 
 void readSurface(DeckReader& reader) {
@@ -206,7 +215,7 @@ void readShellSection(DeckReader& reader) {
     DeckLines& lines = reader.lines;
     const bool isLayered = reader.statement.has("COMPOSITE");
     ShellSection section{reader.statement.name("ELSET"), reader.statement.name("MATERIAL"), 0.0};
-    lines.expectPlain(reader.statement);
+    lines.expectPlain(reader.statement, "ELSET");
     if (isLayered || !reader.statement.has("MATERIAL"))
         lines.change(Finding::kShellSection, lines.line(), section.elset);
     const Place place = lines.place();

@@ -122,8 +122,8 @@ Members membersOf(const Model& model, const FoundSet& found, SetKind kind) {
     members.cost += members.list.size();
     if (found.set == nullptr || !found.set->isUnsorted) {
         std::ranges::sort(members.list);
-        const auto rest = std::ranges::unique(members.list);
-        members.list.erase(rest.begin(), rest.end());
+        members.list.erase(std::unique(members.list.begin(), members.list.end()),
+                           members.list.end());
     }
     return members;
 }

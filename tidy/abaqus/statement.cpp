@@ -64,26 +64,48 @@ std::string nameOf(std::string_view text) {
     return name;
 }
 
+std::string writtenName(std::string_view name) {
+    std::string folded;
+    text::foldToUpper(trimmed(name), folded);
+    const auto isSeparator = [](char c) {
+        return c == ',' || c == '=' || c == '"' || c == '\'' || static_cast<unsigned char>(c) < ' ';
+    };
+    std::ranges::replace_if(folded, isSeparator, '_');
+    if (folded.starts_with('*'))
+        folded[0] = '_';
+    folded.resize(std::min(folded.size(), kMostName));
+    return std::string(trimmed(folded));
+}
+
 void Statement::parse(std::string_view line) {
     parameters.clear();
-    isPlain = line.find_first_of("\t\"'") == std::string_view::npos && !trimmed(line).empty() &&
-              !text::isSpace(line.back());
-    line = trimmed(line).substr(1);
+    isKeywordPlain = line.find_first_of("\t\"'") == std::string_view::npos;
+    line = line.substr(1);
     std::size_t end = findUnquoted(line, ',');
     keyword = foldedWithoutBlanks(line.substr(0, end));
-    isPlain = isPlain && isSpelledPlainly(line.substr(0, end), keyword);
+    isKeywordPlain = isKeywordPlain && isSpelledPlainly(line.substr(0, end), keyword);
     while (end < line.size()) {
         line.remove_prefix(end + 1);
         end = findUnquoted(line, ',');
         const std::string_view field = line.substr(0, end);
         const std::size_t sign = findUnquoted(field, '=');
         const std::string_view value = field.substr(std::min(sign + 1, field.size()));
-        parameters.push_back(
-            {foldedWithoutBlanks(field.substr(0, sign)), std::string(trimmed(value))});
-        const bool isTight = value.size() == parameters.back().value.size() &&
-                             (sign == 0 || sign == field.size() || field[sign - 1] != ' ');
-        isPlain = isPlain && isTight && value.size() <= kMostName;
+        const std::string_view text = trimmed(value);
+        const bool isNamePlain = sign == 0 || sign == field.size() || field[sign - 1] != ' ';
+        parameters.push_back({foldedWithoutBlanks(field.substr(0, sign)), std::string(text),
+                              isNamePlain,
+                              value.size() == text.size() && text.size() <= kMostName});
     }
+}
+
+bool Statement::isPlain(std::string_view kept) const {
+    return isKeywordPlain && std::ranges::all_of(parameters, [&](const Parameter& parameter) {
+               const std::string value = foldedWithoutBlanks(parameter.value);
+               const bool isMistaken = value.find("TYPE") != std::string::npos ||
+                                       value.find("ELSET") != std::string::npos;
+               return parameter.isNamePlain && !isMistaken &&
+                      (parameter.name != kept || parameter.isValuePlain);
+           });
 }
 
 const Parameter* Statement::find(std::string_view name) const {

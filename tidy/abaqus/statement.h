@@ -17,22 +17,29 @@ std::string_view trimmed(std::string_view text);
 /// A name as it is looked up: unquoted in upper case, quoted as it stands between its quotes.
 std::string nameOf(std::string_view text);
 
+/// A name in the characters that the reader takes, cut to as many as it hands out.
+std::string writtenName(std::string_view name);
+
 /// A parameter of a keyword line.
 struct Parameter {
     std::string name;   ///< in upper case, without blanks
     std::string value;  ///< as it stands, trimmed; with its quotes
+    bool isNamePlain;   ///< no blank between it and the equals sign
+    bool isValuePlain;  ///< no blank at its ends, and not too long for the reader
 };
 
 /// A keyword line with the lines that continue it.
 struct Statement {
     std::string keyword;  ///< in upper case, without blanks and the asterisk
     std::vector<Parameter> parameters;
-    /// Whether the reader takes keyword and values from the line as they are meant: no quotes, no
-    /// white space where it would become part of a value, no name longer than the reader's.
-    bool isPlain = true;
+    bool isKeywordPlain = true;  ///< and there are no quotes and tabs in the line
 
     /// Splits a keyword line.
     void parse(std::string_view line);
+
+    /// Whether the reader takes the keyword and its values as they are meant. It keeps blanks in
+    /// the value of `kept`, and knows parameters by their names wherever these stand.
+    bool isPlain(std::string_view kept) const;
 
     const Parameter* find(std::string_view name) const;
     bool has(std::string_view name) const { return find(name) != nullptr; }
