@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "abaqus/findings.h"
-#include "abaqus/place_text.h"
 #include "report/mesh_audit.h"
+#include "text/place_text.h"
 
 namespace kvocaeio::abaqus {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <exception>
 
-#include "abaqus/place_text.h"
+#include "text/place_text.h"
 
 namespace kvocaeio::abaqus {
 
@@ -28,7 +28,7 @@ void FaceNotes::label(std::string_view item, std::string_view label) const {
 }
 
 void FaceNotes::element(std::int64_t oid, int face, bool hasFace) {
-    const PlaceText what("face ", face, " of element ", oid);
+    const text::PlaceText what("face ", face, " of element ", oid);
     const ElemLocation location = raw_.elemOidMap.covers(static_cast<int>(oid))
                                       ? raw_.elemOidMap.find(static_cast<int>(oid))
                                       : ElemLocation();

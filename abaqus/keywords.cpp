@@ -1,6 +1,11 @@
 /// The table of keywords that are passed over.
 #include "abaqus/keywords.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+
 namespace kvocaeio::abaqus {
 
 namespace {
@@ -118,23 +123,55 @@ constexpr KeywordGroup kKeywordGroups[] = {
 // The keywords of results are pairs of what is written and of where to.
 constexpr std::string_view kOutputEndings[] = {" OUTPUT", " PRINT", " FILE"};
 
-bool holdsKeyword(std::string_view keywords, std::string_view keyword) {
-    for (auto at = keywords.find(keyword); at != std::string_view::npos;
-         at = keywords.find(keyword, at + 1))
-        if (keywords[at - 1] == '|' && keywords[at + keyword.size()] == '|')
-            return true;
-    return false;
+// A table of all keywords by their hash: a deck may consist of unknown ones.
+struct KeywordSlot {
+    std::uint16_t begin = 0;  // in the keywords of the group
+    std::uint8_t length = 0;  // 0 where the slot is free
+    std::uint8_t group = 0;
+
+    constexpr std::string_view keyword() const {
+        return kKeywordGroups[group].keywords.substr(begin, length);
+    }
+};
+
+using KeywordSlots = std::array<KeywordSlot, 2048>;  // twice as many as keywords, or more
+
+// The slot that holds the keyword, or a free one for it.
+constexpr std::size_t slotOf(const KeywordSlots& slots, std::string_view keyword) {
+    std::uint32_t hash = 2166136261U;
+    for (const char character : keyword)
+        hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
+    std::size_t slot = (hash ^ hash >> 16) % slots.size();
+    while (slots[slot].length != 0 && slots[slot].keyword() != keyword)
+        slot = (slot + 1) % slots.size();
+    return slot;
 }
+
+constexpr KeywordSlots kKeywordSlots = [] {
+    KeywordSlots slots;
+    for (std::size_t group = 0; group < std::size(kKeywordGroups); ++group) {
+        const std::string_view keywords = kKeywordGroups[group].keywords;
+        std::size_t begin = 1;
+        for (std::size_t at = begin; at < keywords.size(); ++at) {
+            if (keywords[at] != '|')
+                continue;
+            KeywordSlot& slot = slots[slotOf(slots, keywords.substr(begin, at - begin))];
+            if (slot.length == 0)
+                slot = {static_cast<std::uint16_t>(begin), static_cast<std::uint8_t>(at - begin),
+                        static_cast<std::uint8_t>(group)};
+            begin = at + 1;
+        }
+    }
+    return slots;
+}();
 
 }  // namespace
 
 KeywordMeaning meaningOf(std::string_view keyword) {
     keyword.remove_prefix(1);
-    if (keyword.empty() || keyword.find('|') != std::string_view::npos)
-        return {Finding::kKeywordUnknown, ""};
-    for (const auto& [meaning, keywords] : kKeywordGroups)
-        if (holdsKeyword(keywords, keyword))
-            return meaning;
+    const KeywordSlot& slot = kKeywordSlots[slotOf(kKeywordSlots, keyword)];
+    if (slot.length != 0)
+        return kKeywordGroups[slot.group].meaning;
     for (const std::string_view ending : kOutputEndings)
         if (keyword.ends_with(ending))
             return {Finding::kKeywordPassedOver, "output"};

@@ -12,7 +12,7 @@
 
 #include "abaqus/element_sets.h"
 #include "abaqus/face_notes.h"
-#include "abaqus/place_text.h"
+#include "text/place_text.h"
 
 namespace kvocaeio::abaqus {
 
@@ -162,7 +162,7 @@ void AddDloadFaces(const RawModel& raw, std::vector<int>& dloadFaces,
             if (face >= 1 && face <= kMostFaces)
                 notes.element(dload.elemIDs[i], face, hasFace);
             else
-                notes.label(PlaceText("element ", dload.elemIDs[i]), dload.faceIdx[i]);
+                notes.label(text::PlaceText("element ", dload.elemIDs[i]), dload.faceIdx[i]);
         }
     appendFaceSection("Dload_Shell", raw.nodeOidMap, dloadFaces, shellElemSections);
 }

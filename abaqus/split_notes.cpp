@@ -5,7 +5,7 @@
 #include <exception>
 
 #include "abaqus/element_sets.h"
-#include "abaqus/place_text.h"
+#include "text/place_text.h"
 
 namespace kvocaeio::abaqus {
 

@@ -10,6 +10,7 @@
 
 #include "nastran/findings.h"
 #include "report/mesh_audit.h"
+#include "text/place_text.h"
 
 namespace kvocaeio::nastran {
 
@@ -60,9 +61,8 @@ class DeckAudit {
         for (std::size_t row = 0; row < deck_.sectionRows; ++row) {
             const int* const section = &deck_.sections[row * kSectionWidth];
             if (section[1] < 1 || section[1] > deck_.sectionCount)
-                findings_.note(rowOf(Finding::kMaterialUncounted), 0, 0,
-                               "material " + std::to_string(section[1]) + " of property " +
-                                   std::to_string(section[0]));
+                noteText(&findings_, Finding::kMaterialUncounted, "material ", section[1],
+                         " of property ", section[0]);
         }
     }
 
@@ -85,9 +85,7 @@ class DeckAudit {
     }
 
     void noteUndefined(int element, int node) {
-        if (auto* const place = findings_.count(rowOf(Finding::kNodeUndefined), {}))
-            place->setText("node " + std::to_string(node) + " of element " +
-                           std::to_string(element));
+        noteText(&findings_, Finding::kNodeUndefined, "node ", node, " of element ", element);
     }
 
     void emptyRows(std::string_view table, const RowSet& filled, int rows) {

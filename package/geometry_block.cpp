@@ -49,13 +49,11 @@ void setBox(const GeometryBlock& block, ComponentRecord& record) {
 
 }  // namespace
 
-void GeometryBlock::reset(double startOfMaxima, const text::LinePlace& line) {
+void GeometryBlock::reset(double startOfMaxima) {
     name.clear();
     objectId = layerId = colorId = -1;
     x = y = z = {AxisRange::kStartOfMinima, startOfMaxima};
-    parts = 0;
     reachesOrigin = startOfMaxima == 0.0;
-    place = {line.line, 0};
 }
 
 bool GeometryBlock::scanExtrusion(text::Scan scan) {

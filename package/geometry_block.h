@@ -1,7 +1,10 @@
 /// One geometry block of a 3DI file, and the body that comes of it.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "package/model.h"
 #include "text/pass_lines.h"
@@ -17,8 +20,24 @@ struct BodyKinds {
     int cap;  ///< -1 without such an entry: then a block without a "LAYER" line is the cap
 };
 
-/// What a block has been told by its lines, or for kWire, that it is one.
-enum class BlockPart : unsigned { kName, kObject, kLayer, kColor, kExtrusion, kBall, kWire };
+/// What a line in the head of a block is.
+enum class HeadLine : std::size_t {
+    kSectionTitle,
+    kName,
+    kObject,
+    kLayer,
+    kColor,
+    kExtrusion,
+    kBall,
+    kPolygon,
+    kEnd,
+    kNextBlock,
+    kOther,
+};
+
+/// In the order of the tests and of `HeadLine`: the first word that the line holds decides.
+inline constexpr auto kHeadWordTexts = std::to_array<std::string_view>(
+    {"GEOMETRIES", "NAME", "OBJECT", "LAYER", "COLOR", "EXTR", "BARL", "2DPG", "####", "GEOM"});
 
 struct AxisRange {
     static constexpr double kStartOfMinima = 1e10;
@@ -50,15 +69,17 @@ struct GeometryBlock {
     AxisRange y{};
     AxisRange z{};
 
-    unsigned parts = 0;          ///< those that have come, by bits
+    // What the notes go by, while somebody listens.
+    unsigned linesRead = 0;      ///< those of its head, by bits
+    bool isWire = false;         ///< one of them is that of a wire
     bool reachesOrigin = false;  ///< the maxima began with 0
-    text::LinePlace place{};     ///< of its first line, while somebody listens
+    text::LinePlace place{};     ///< of its first line
 
-    bool has(BlockPart part) const { return (parts >> static_cast<unsigned>(part) & 1U) != 0; }
-    void add(BlockPart part) { parts |= 1U << static_cast<unsigned>(part); }
+    bool has(HeadLine line) const { return (linesRead >> static_cast<unsigned>(line) & 1U) != 0; }
+    void add(HeadLine line) { linesRead |= 1U << static_cast<unsigned>(line); }
 
-    /// Starts anew, at a line. The ball is kept from block to block.
-    void reset(double startOfMaxima, const text::LinePlace& line);
+    /// Starts anew. The ball is kept from block to block.
+    void reset(double startOfMaxima);
 
     /// Takes the z range of an "EXTR" line: "%d %lf %lf" after its first word. False where the line
     /// lacks a field; nothing is taken then, here as below.

@@ -1,4 +1,5 @@
-/// What somebody who listens to the geometry pass is told. Nothing here reads for the model.
+/// What somebody who listens to the geometry pass is told; to be called while
+/// somebody does. Nothing here reads for the model.
 #pragma once
 
 #include <string_view>
@@ -8,15 +9,15 @@
 
 namespace kvocaeio::package {
 
+/// The line that opens a block.
+void noteFirstLine(text::PassLines& lines, GeometryBlock& block);
+
 /// A line of a block's head that is complete: what it repeats, and what of it is dropped.
-void noteHeadLine(text::PassLines& lines, const GeometryBlock& block, BlockPart part);
+void noteHeadLine(text::PassLines& lines, GeometryBlock& block, HeadLine head);
 
-/// A line of a block's head that no keyword stands in. One of a wire marks the block.
-void noteOtherLine(text::PassLines& lines, GeometryBlock& block);
-
-/// A row of a polygon with `count` numbers, of at most `most`, and `rest` after them. `isShort`:
+/// A row of a polygon with `count` numbers, of at most `most`, that end at `behind`. `isShort`:
 /// whether the polygon is known to lack points; its rows may be anything then.
-void notePolygonRow(text::PassLines& lines, int count, std::size_t most, std::string_view rest,
+void notePolygonRow(text::PassLines& lines, int count, std::size_t most, const char* behind,
                     bool& isShort);
 
 /// What follows the last row of a polygon. Takes no line.
@@ -31,7 +32,7 @@ void noteBody(text::PassLines& lines, const GeometryBlock& block, const Componen
 /// Whether a line that is taken for a row of points is the end or the beginning of a block.
 bool isBlockEnd(std::string_view line);
 
-/// What `rest` after the numbers of a row means.
-void noteRest(text::PassLines& lines, std::size_t count, std::size_t most, std::string_view rest);
+/// What stands after the numbers of a row.
+void noteRest(text::PassLines& lines, int count, std::size_t most, const char* behind);
 
 }  // namespace kvocaeio::package

@@ -16,33 +16,9 @@ namespace kvocaeio::package {
 
 namespace {
 
-// What a line in the head of a block is.
-enum class HeadLine : std::size_t {
-    kSectionTitle,
-    kName,
-    kObject,
-    kLayer,
-    kColor,
-    kExtrusion,
-    kBall,
-    kPolygon,
-    kEnd,
-    kNextBlock,
-    kOther,
-};
-
-// In the order of the tests and of `HeadLine`: the first word that the line holds decides.
-constexpr auto kHeadWordTexts = std::to_array<std::string_view>(
-    {"GEOMETRIES", "NAME", "OBJECT", "LAYER", "COLOR", "EXTR", "BARL", "2DPG", "####", "GEOM"});
 constexpr WordList kHeadWords(kHeadWordTexts);
 
 constexpr Word kSectionTitle("GEOMETRIES");
-
-// Of the lines that tell something of a block.
-constexpr BlockPart partOf(HeadLine line) {
-    return BlockPart{static_cast<unsigned>(line) - static_cast<unsigned>(HeadLine::kName)};
-}
-static_assert(partOf(HeadLine::kBall) == BlockPart::kBall);
 
 struct GeometryPass {
     text::PassLines& lines;
@@ -55,13 +31,12 @@ struct GeometryPass {
 
     void run();
     void readBlock();
-    void noteLineOf(HeadLine head);
     bool openPolygon(text::Scan scan);
     void readPolygon(int pointsExpected);
     void open(double startOfMaxima) {
+        block.reset(startOfMaxima);
         if (lines.areNoted()) [[unlikely]]
-            noteWordInLine(lines, "GEOM");
-        block.reset(startOfMaxima, lines.place());
+            noteFirstLine(lines, block);
     }
     void finish() {
         if (finishBlock(block, kinds, tables, unitScale, record, lines))
@@ -134,21 +109,8 @@ void GeometryPass::readBlock() {
         if (!complete)
             lines.note(Finding::kHeadField);
         else if (lines.areNoted()) [[unlikely]]
-            noteLineOf(head);
+            noteHeadLine(lines, block, head);
     }
-}
-
-// A line of the block that is complete.
-void GeometryPass::noteLineOf(HeadLine head) {
-    if (head == HeadLine::kOther)
-        return noteOtherLine(lines, block);
-    if (head == HeadLine::kNextBlock)
-        return;
-    noteWordInLine(lines, kHeadWordTexts[static_cast<std::size_t>(head)]);
-    if (head == HeadLine::kSectionTitle)
-        return;
-    noteHeadLine(lines, block, partOf(head));
-    block.add(partOf(head));
 }
 
 // Reads a polygon's line and its rows. False where the line is not complete, so that the block is
@@ -161,7 +123,7 @@ bool GeometryPass::openPolygon(text::Scan scan) {
         noteWordInLine(lines, "2DPG");
     if (isWanted(block, kinds))
         readPolygon(points);
-    else
+    else if (lines.areNoted()) [[unlikely]]
         noteNoBody(lines, block, tables);
     return true;
 }
@@ -173,11 +135,9 @@ void GeometryPass::readPolygon(int pointsExpected) {
     while (nextInside()) {
         if (kSectionTitle.isHeldBy(lines.line()))
             continue;
-        std::string_view rest;
-        const int count = scanNumbers(lines.line(), numbers, rest);
+        const char* behind = nullptr;
+        const int count = scanNumbers(lines.line(), numbers, behind);
         if (count % 2 == 0 && pointsRead < pointsExpected) {
-            if (count == 0 || !rest.empty())
-                notePolygonRow(lines, count, numbers.size(), rest, isShort);
             for (std::size_t i = 0; i < static_cast<std::size_t>(count); i += 2) {
                 block.x.widen(numbers[i]);
                 block.y.widen(numbers[i + 1]);
@@ -185,12 +145,14 @@ void GeometryPass::readPolygon(int pointsExpected) {
             pointsRead += count / 2;
         } else if (pointsRead > pointsExpected) {
             return lines.noteAt(Finding::kPolygonDropped, block.place, block.name);
-        } else {
-            notePolygonRow(lines, count, numbers.size(), rest, isShort);
         }
+        if (lines.areNoted()) [[unlikely]]
+            notePolygonRow(lines, count, numbers.size(), behind, isShort);
         if (pointsRead == pointsExpected) {
             finish();
-            return noteAfterPolygon(lines);
+            if (lines.areNoted()) [[unlikely]]
+                noteAfterPolygon(lines);
+            return;
         }
     }
 }

@@ -1,6 +1,8 @@
 /// The fields of a package file's line.
 #include "package/lines.h"
 
+#include <algorithm>
+
 #include "text/scan.h"
 
 namespace kvocaeio::package {
@@ -11,17 +13,15 @@ bool scanKeywordLine(std::string_view line, const Word& keyword, int& number) {
     return scan.word(word) && keyword.isMatchedBy(word) && scan.integer(number);
 }
 
-int scanNumbers(std::string_view line, std::span<double> numbers, std::string_view& rest) {
+int scanNumbers(std::string_view line, std::span<double> numbers, const char*& behind) {
     text::Scan scan(line);
-    const char* behind = scan.position();  // the last number
+    behind = line.data();
     std::size_t count = 0;
     for (; count < numbers.size() && scan.real(numbers[count]); ++count)
         behind = scan.position();
-    rest = {};
-    const char* const end = line.data() + line.size();
-    const bool goesOn = behind != end && *behind != '\n' &&
-                        text::Scan({behind, static_cast<std::size_t>(end - behind)}).word(rest);
-    return count == 0 && !goesOn ? -1 : static_cast<int>(count);
+    if (count == 0 && std::ranges::all_of(line, text::isSpace))
+        return -1;
+    return static_cast<int>(count);
 }
 
 bool noteLines(InputFile& file, const text::Listener& listener) {

@@ -47,8 +47,8 @@ bool beginsWithInteger(std::string_view line);
 bool scanKeywordLine(std::string_view line, const Word& keyword, int& number);
 
 /// Scans numbers from the front of `line` until one fails or `numbers` is full. Returns how many
-/// there are, or -1 where the line is blank, as the C library counts. `rest` is set to the text up
-/// to the next white space that is no number any more; empty where the line ends.
-int scanNumbers(std::string_view line, std::span<double> numbers, std::string_view& rest);
+/// there are, or -1 where the line is blank, as the C library counts. `behind` is set to the end of
+/// the last of them.
+int scanNumbers(std::string_view line, std::span<double> numbers, const char*& behind);
 
 }  // namespace kvocaeio::package

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <string>
 #include <vector>
 
 #include "patran/findings.h"
 #include "report/mesh_audit.h"
+#include "text/place_text.h"
 
 namespace kvocaeio::patran {
 
@@ -63,10 +63,10 @@ class ElementAudit {
 
   private:
     void noteUndefined(int element, int node) {
-        std::string name = "element " + std::to_string(element);
-        if (node != kUnknownNode)
-            name += ", node " + std::to_string(node);
-        findings_.note(rowOf(Finding::kNodeUndefined), 0, 0, name);
+        if (node == kUnknownNode)
+            noteText(&findings_, Finding::kNodeUndefined, "element ", element);
+        else
+            noteText(&findings_, Finding::kNodeUndefined, "element ", element, ", node ", node);
     }
 
     const IdMap& nodeIds_;
@@ -87,9 +87,8 @@ void auditProperties(const ListMesh& mesh, std::size_t firstElement, text::Findi
         const int id = mesh.elementPropertyIds[row];
         if (id >= 0 && text::asSize(id) < isDefined.size() && isDefined[text::asSize(id)])
             continue;
-        findings.note(rowOf(Finding::kPropertyMissing), 0, 0,
-                      "element " + std::to_string(mesh.storedIds.elements[row - firstElement]) +
-                          ", property " + std::to_string(id));
+        noteText(&findings, Finding::kPropertyMissing, "element ",
+                 mesh.storedIds.elements[row - firstElement], ", property ", id);
     }
 }
 

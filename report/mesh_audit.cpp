@@ -3,7 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
+
+#include "text/place_text.h"
 
 namespace kvocaeio::report {
 
@@ -98,9 +99,8 @@ void MeshAudit<Number>::element(long long oid, std::span<const std::uint32_t> ro
     const bool isFlat = isSolid && !hasVolume(rows.first(corners));
     if (!repeats && !isFlat) [[likely]]
         return;
-    const std::string name = "element " + std::to_string(oid);
-    findings_.note(rowOf(repeats ? MeshFinding::kNodeRepeated : MeshFinding::kVolumeNotPositive), 0,
-                   0, name);
+    noteText(&findings_, repeats ? MeshFinding::kNodeRepeated : MeshFinding::kVolumeNotPositive,
+             "element ", oid);
 }
 
 template <class Number>
@@ -130,11 +130,10 @@ template <class Number>
 void MeshAudit<Number>::noteNode(std::size_t row, long long oid) {
     if (oid == 0)
         return;
-    const std::string name = "node " + std::to_string(oid);
     if (!isUsed_[row])
-        findings_.note(rowOf(MeshFinding::kNodeUnused), 0, 0, name);
+        noteText(&findings_, MeshFinding::kNodeUnused, "node ", oid);
     if (!isFinite(row))
-        findings_.note(rowOf(MeshFinding::kCoordinateNotFinite), 0, 0, name);
+        noteText(&findings_, MeshFinding::kCoordinateNotFinite, "node ", oid);
 }
 
 template class MeshAudit<float>;

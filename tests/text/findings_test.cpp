@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/findings.h"
+#include "text/place_text.h"
 
 namespace kvocaeio::text {
 namespace {
@@ -76,6 +77,16 @@ TEST(Findings, KeepEightyCharactersOfTheTextWithoutItsLineEnd) {
     EXPECT_EQ(places[0].text(), "short ");
     EXPECT_EQ(places[1].text(), std::string(80, 'a'));
     EXPECT_EQ(places[2].text(), "");
+}
+
+TEST(Findings, TakeWordsAndNumbersForThePlace) {
+    Findings findings;
+    noteText(&findings, Kind::kTorn, "node ", -7, " of element ", 8);
+    noteText(&findings, Kind::kTorn, std::string(76, 'x'), 12345);
+    noteText(nullptr, Kind::kTorn, "nobody listens");
+    ASSERT_EQ(findings.entry(0).places().size(), 2u);
+    EXPECT_EQ(findings.entry(0).places()[0].text(), "node -7 of element 8");
+    EXPECT_EQ(findings.entry(0).places()[1].text(), std::string(76, 'x') + "1234");
 }
 
 TEST(Findings, BelongToTheFileThatWasBegunLast) {

@@ -7,9 +7,9 @@
 #include <cstddef>
 #include <string_view>
 
-#include "abaqus/findings.h"
+#include "text/findings.h"
 
-namespace kvocaeio::abaqus {
+namespace kvocaeio::text {
 
 /// Words and numbers one after the other, cut to what a place holds. Allocates nothing.
 class PlaceText {
@@ -32,18 +32,18 @@ class PlaceText {
         add(std::string_view(digits.data(), static_cast<std::size_t>(end - digits.begin())));
     }
 
-    std::array<char, text::FindingPlace::kMostText> characters_;
+    std::array<char, FindingPlace::kMostText> characters_;
     std::size_t length_ = 0;
 };
 
 /// Notes what no line is concerned with; `findings` is null while nobody listens. The parts of its
 /// place are put together where the place is kept.
-template <class... Parts>
-void noteText(text::Findings* findings, Finding finding, const Parts&... parts) {
+template <class Kind, class... Parts>
+void noteText(Findings* findings, Kind kind, const Parts&... parts) {
     if (findings == nullptr)
         return;
-    if (text::FindingPlace* const place = findings->count(rowOf(finding), {}))
+    if (FindingPlace* const place = findings->count(rowOf(kind), {}))
         place->setText(PlaceText(parts...));
 }
 
-}  // namespace kvocaeio::abaqus
+}  // namespace kvocaeio::text
