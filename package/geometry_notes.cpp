@@ -98,6 +98,8 @@ bool isBlockEnd(std::string_view line) {
 void noteRest(text::PassLines& lines, int count, std::size_t most, const char* behind) {
     const std::string_view line = lines.line();
     const auto taken = static_cast<std::size_t>(behind - line.data());
+    if (taken == line.size() || line[taken] == '\n')
+        return;
     const std::string_view rest = wordOf(text::Scan(line.substr(taken)));
     if (!rest.empty())
         lines.note(

@@ -3,6 +3,7 @@
 
 #include "package/geometry_section.h"
 #include "package/length_units.h"
+#include "package/lines.h"
 #include "package/table_section.h"
 #include "package/wire_sections.h"
 

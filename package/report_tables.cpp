@@ -8,6 +8,7 @@
 #include "package/lines.h"
 #include "package/report_notes.h"
 #include "text/ascii.h"
+#include "text/scan.h"
 
 namespace kvocaeio::package {
 
