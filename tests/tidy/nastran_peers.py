@@ -59,7 +59,8 @@ class Body:
         return [self.point(*corner) for corner in list(corners) + middles]
 
     def cells_of(self, parts, edges=()):
-        return [self.cell([cube[i] for i in part], edges) for cube in self.cubes() for part in parts]
+        return [self.cell([cube[i] for i in part], edges)
+                for cube in self.cubes() for part in parts]
 
 
 def pyramids(body):
