@@ -88,9 +88,11 @@ bool OutputFile::copy(const fs::path& file) {
         return true;
     writer_.reset();
     file_.reset();
-    // The system may give the copy the permissions of the original.
+    // The system may give the copy the permissions of the original. Some standard libraries copy
+    // onto no file that is there.
     const fs::perms permissions = fs::status(path_, error_).permissions();
-    if (error_ || !fs::copy_file(file, path_, fs::copy_options::overwrite_existing, error_))
+    text::deleteFile(path_.c_str());
+    if (error_ || !fs::copy_file(file, path_, error_))
         return false;
     fs::permissions(path_, permissions, error_);
     return !error_;

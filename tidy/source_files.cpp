@@ -40,20 +40,38 @@ bool SourceFiles::open() {
         }
         return false;
     }
-    push(deck_.path, deck_.name, std::move(stream));
+    push(rowOfFile(deck_.path, deck_.name), std::move(stream));
     return true;
 }
 
-void SourceFiles::push(const fs::path& path, std::string name, text::File stream) {
-    const auto known =
-        std::ranges::find_if(opened_, [&](const fs::path& other) { return areSame(other, path); });
-    file_ = static_cast<std::uint32_t>(known - opened_.begin());
-    if (known == opened_.end()) {
-        opened_.push_back(path);
-        names_.push_back(std::move(name));
+// The system is asked once for each path: a deck may include a file many times.
+std::uint32_t SourceFiles::rowOfFile(const fs::path& path, std::string name) {
+    const auto [place, isNew] =
+        rows_.try_emplace(path.native(), static_cast<std::uint32_t>(known_.size()));
+    if (!isNew)
+        return place->second;
+    const auto known = std::ranges::find_if(
+        known_, [&](const KnownFile& other) { return areSame(other.path, path); });
+    place->second = static_cast<std::uint32_t>(known - known_.begin());
+    if (known == known_.end()) {
+        std::error_code error;
+        known_.push_back({path, std::move(name), fs::file_size(path, error),
+                          isOutside(path, deck_.path.parent_path())});
     }
+    return place->second;
+}
+
+void SourceFiles::push(std::uint32_t row, text::File stream) {
     text::LineReader reader(stream.get(), kPiece, text::LineMode::kBinary, listener_.watch);
-    files_.push_back({std::move(stream), std::move(reader), path, file_});
+    files_.push_back({std::move(stream), std::move(reader), row});
+    file_ = row;
+}
+
+std::vector<fs::path> SourceFiles::opened() const {
+    std::vector<fs::path> paths;
+    for (const KnownFile& file : known_)
+        paths.push_back(file.path);
+    return paths;
 }
 
 // The line taken last has no line end, or there was none to take.
@@ -65,7 +83,7 @@ bool SourceFiles::nextSeldom(bool isTaken) {
     if (file.reader.hasFailed()) {
         isIncomplete_ = true;
         if (listener_.findings != nullptr) {
-            listener_.findings->beginFile(names_[file_]);
+            listener_.findings->beginFile(known_[file_].name);
             text::noteFailure(*listener_.findings, text::FileFinding::kReadError,
                               file.reader.failure(), file.line);
         }
@@ -109,27 +127,21 @@ bool SourceFiles::refuse(Finding finding, std::string_view name) {
 }
 
 // Whether another file, which is there, may be opened.
-bool SourceFiles::admit(const fs::path& path, std::string_view name) {
+bool SourceFiles::admit(const fs::path& path, std::string_view name, std::uint32_t& row) {
     std::error_code error;
-    if (!fs::is_regular_file(path, error))
+    if (!rows_.contains(path.native()) && !fs::is_regular_file(path, error))
         return refuse(Finding::kIncludeNoFile, name);
-    const auto isOnStack = [&](const OpenFile& file) { return areSame(file.path, path); };
-    if (std::ranges::any_of(files_, isOnStack))
+    const std::size_t count = known_.size();
+    row = rowOfFile(path, displayed(path));
+    if (std::ranges::find(files_, row, &OpenFile::row) != files_.end())
         return refuse(Finding::kIncludeCycle, name);
     if (files_.size() > kMostDepth)
         return refuse(Finding::kIncludeDeep, name);
-    const auto isPath = [&](const fs::path& other) { return areSame(other, path); };
-    if (std::ranges::any_of(opened_, isPath))
-        repeated_ += fs::file_size(path, error);
+    if (row < count)
+        repeated_ += known_[row].size;
     if (repeated_ > kMostRepeated)
         return refuse(Finding::kIncludeLarge, name);
     return true;
-}
-
-void SourceFiles::tellWhere(const fs::path& path, std::string_view name) {
-    note(Finding::kIncluded, line_, name);
-    if (isOutside(path, deck_.path.parent_path()))
-        note(Finding::kIncludeOutside, line_, name);
 }
 
 bool SourceFiles::include(std::string_view given) {
@@ -138,20 +150,23 @@ bool SourceFiles::include(std::string_view given) {
     const std::string name(given);  // which may be part of the line
     if (++includes_ > kMostIncludes)
         return refuse(Finding::kIncludeLarge, name);
-    IncludePath found = findInclude(name, files_.back().path.parent_path());
+    IncludePath found = findInclude(name, known_[file_].path.parent_path());
     if (found.path.empty())
         found = findInclude(name, deck_.path.parent_path());
     if (found.path.empty())
         return refuse(Finding::kIncludeMissing, name);
-    if (!admit(found.path, name))
+    std::uint32_t row = 0;
+    if (!admit(found.path, name, row))
         return false;
     text::File stream = text::openFile(found.path.c_str(), "rb");
     if (stream == nullptr)
         return refuse(Finding::kIncludeFailed, name);
-    tellWhere(found.path, name);
+    note(Finding::kIncluded, line_, name);
+    if (known_[row].isOutside)
+        note(Finding::kIncludeOutside, line_, name);
     if (found.hasOtherCase)
         note(Finding::kIncludeCase, line_, displayed(found.path.filename()));
-    push(found.path, displayed(found.path), std::move(stream));
+    push(row, std::move(stream));
     line_ = {};
     return true;
 }

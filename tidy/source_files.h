@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "text/file.h"
@@ -58,7 +58,7 @@ class SourceFiles {
     std::size_t lineNumber() const { return files_.empty() ? 0 : files_.back().line; }
     std::uint32_t fileRow() const { return file_; }
     /// The name of a file by its row.
-    const std::string& fileName(std::uint32_t row) const { return names_[row]; }
+    const std::string& fileName(std::uint32_t row) const { return known_[row].name; }
 
     /// Opens a file that the line taken last includes; its lines come next. `name` is as the deck
     /// has it, without quotes. False, with the reason noted, where it cannot be opened; the deck
@@ -71,7 +71,7 @@ class SourceFiles {
     /// Whether anything was found that makes the deck incomplete.
     bool isIncomplete() const { return isIncomplete_; }
     /// The files opened so far, each once.
-    const std::vector<std::filesystem::path>& opened() const { return opened_; }
+    std::vector<std::filesystem::path> opened() const;
 
     /// Notes the line taken last, or a part of it: the column is that of `field` in it.
     template <class Kind>
@@ -88,7 +88,7 @@ class SourceFiles {
                 std::string_view what, std::string_view subject = {}) {
         if (listener_.findings == nullptr)
             return;
-        listener_.findings->beginFile(names_[file]);
+        listener_.findings->beginFile(known_[file].name);
         listener_.findings->note(rowOf(kind), line, column, what, subject);
     }
 
@@ -96,24 +96,29 @@ class SourceFiles {
     struct OpenFile {
         text::File stream;
         text::LineReader reader;
-        std::filesystem::path path;
-        std::uint32_t row;
+        std::uint32_t row;  // of `known_`
         std::size_t line = 0;
+    };
+    struct KnownFile {
+        std::filesystem::path path;
+        std::string name;
+        std::uintmax_t size = 0;
+        bool isOutside = false;
     };
 
     std::size_t columnOf(std::string_view field) const;
     bool nextSeldom(bool isTaken);
     bool joinPieces(OpenFile& file);
-    void push(const std::filesystem::path& path, std::string name, text::File stream);
+    std::uint32_t rowOfFile(const std::filesystem::path& path, std::string name);
+    void push(std::uint32_t row, text::File stream);
     bool refuse(Finding finding, std::string_view name);
-    bool admit(const std::filesystem::path& path, std::string_view name);
-    void tellWhere(const std::filesystem::path& path, std::string_view name);
+    bool admit(const std::filesystem::path& path, std::string_view name, std::uint32_t& row);
 
     const Deck& deck_;
     text::Listener listener_;
     std::vector<OpenFile> files_;
-    std::vector<std::filesystem::path> opened_;
-    std::vector<std::string> names_;  // of these
+    std::vector<KnownFile> known_;
+    std::unordered_map<std::filesystem::path::string_type, std::uint32_t> rows_;  // by path
     std::string_view line_;
     std::string joined_;  // a line of several pieces
     std::uint32_t file_ = 0;

@@ -20,6 +20,7 @@ set(expected
     include/kvocaeio/package.h
     include/kvocaeio/patran.h
     include/kvocaeio/report.h
+    include/kvocaeio/tidy.h
     include/kvocaeio/version.h
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfig.cmake
     ${LIB}/cmake/KVOCAEIO/KVOCAEIOConfigVersion.cmake

@@ -1,6 +1,6 @@
-"""An independent reading of Nastran bulk data: nodes in the basic coordinate system, elements by their
-corners, properties with their materials. Made to be held against what comes out of the library, so it
-is written plainly, with the whole deck in memory, and shares no code with it."""
+"""An independent reading of Nastran bulk data: nodes in the basic coordinate system, elements by
+their corners, properties with their materials. Made to be held against what comes out of the
+library, so it is written plainly, with the whole deck in memory, and shares no code with it."""
 import math
 import os
 import re

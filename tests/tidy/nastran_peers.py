@@ -26,7 +26,8 @@ except ImportError:
 CUBE = [(0, 0, 0), (1, 0, 0), (1, 1, 0), (0, 1, 0), (0, 0, 1), (1, 0, 1), (1, 1, 1), (0, 1, 1)]
 TETS_OF_CUBE = [(0, 1, 3, 4), (1, 2, 3, 6), (1, 6, 4, 5), (3, 4, 6, 7), (1, 3, 4, 6)]
 WEDGES_OF_CUBE = [(0, 1, 3, 4, 5, 7), (1, 2, 3, 5, 6, 7)]
-FACES_OF_CUBE = [(0, 1, 2, 3), (4, 7, 6, 5), (0, 4, 5, 1), (1, 5, 6, 2), (2, 6, 7, 3), (3, 7, 4, 0)]
+FACES_OF_CUBE = [(0, 1, 2, 3), (4, 7, 6, 5), (0, 4, 5, 1), (1, 5, 6, 2), (2, 6, 7, 3),
+                 (3, 7, 4, 0)]
 EDGES_OF_HEXA = [(0, 1), (1, 2), (2, 3), (3, 0), (4, 5), (5, 6), (6, 7), (7, 4), (0, 4), (1, 5),
                  (2, 6), (3, 7)]
 EDGES_OF_TETRA = [(0, 1), (1, 2), (2, 0), (0, 3), (1, 3), (2, 3)]
@@ -58,7 +59,8 @@ class Body:
         return [self.point(*corner) for corner in list(corners) + middles]
 
     def cells_of(self, parts, edges=()):
-        return [self.cell([cube[i] for i in part], edges) for cube in self.cubes() for part in parts]
+        return [self.cell([cube[i] for i in part], edges)
+                for cube in self.cubes() for part in parts]
 
 
 def pyramids(body):

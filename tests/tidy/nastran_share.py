@@ -1,20 +1,15 @@
 #!/usr/bin/env python3
-"""How many decks arrive whole in the reader, as they are and after a tidy, held against an independent
-reading.
+"""How many decks arrive whole in the reader, as they are and after a tidy, held against an
+independent reading.
 
     nastran_share.py DUMP DECK...      DUMP is the program dump_nastran
 """
 import os
-import struct
 import subprocess
 import sys
 import tempfile
 
 import bulk_data
-
-
-def as_float(value):
-    return struct.unpack("f", struct.pack("f", value))[0]
 
 
 def near(read, meant):
