@@ -21,6 +21,12 @@ void writePackageFile(text::Writer& out, int blocks);
 /// The mesh of `makeSolidMesh` in fixed fields of eight columns, with properties and materials.
 void writeNastranDeck(text::Writer& out, int solids);
 
+/// The same deck in free fields, with all digits of the coordinates.
+void writeFreeNastranDeck(text::Writer& out, int solids);
+
+/// The same with the nodes in large fields of sixteen columns.
+void writeLargeNastranDeck(text::Writer& out, int solids);
+
 /// The same mesh in packets, with the properties' packets.
 void writePatranFile(text::Writer& out, int solids);
 
@@ -30,8 +36,13 @@ struct InputKind {
 };
 
 inline constexpr InputKind kInputKinds[] = {
-    {"abaqus-hex", writeHexDeck},  {"abaqus-tet", writeTetDeck}, {"3di", writePackageFile},
-    {"nastran", writeNastranDeck}, {"patran", writePatranFile},
+    {"abaqus-hex", writeHexDeck},
+    {"abaqus-tet", writeTetDeck},
+    {"3di", writePackageFile},
+    {"nastran", writeNastranDeck},
+    {"patran", writePatranFile},
+    {"nastran-free", writeFreeNastranDeck},
+    {"nastran-large", writeLargeNastranDeck},
 };
 
 }  // namespace kvocaeio::bench

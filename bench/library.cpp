@@ -1,5 +1,6 @@
 /// Does one job of the library's on one file, as a host does, and says what each step of it took.
 #include <cstdio>
+#include <string>
 #include <vector>
 
 #include "abaqus/import.h"
@@ -15,6 +16,7 @@
 #include <kvocaeio/package.h>
 #include <kvocaeio/patran.h>
 #include <kvocaeio/report.h>
+#include <kvocaeio/tidy.h>
 
 namespace {
 
@@ -141,6 +143,16 @@ Steps write(const char* path, int size) {
     return written ? Steps{step} : Steps{};
 }
 
+// Into a deck beside the original, named as it with ".tidy" at the end. No tables remain.
+Steps tidy(const char* path, int) {
+    bool good = false;
+    const std::string target = std::string(path) + ".tidy";
+    CKVODeckTidy deck;
+    const Step step = measure(
+        "tidy", [&] { good = deck.Tidy(path, target.c_str(), CKVODeckTidy::kRecognise, nullptr); });
+    return good ? Steps{step} : Steps{};
+}
+
 constexpr bench::Job<Steps> kJobs[] = {
     {"abaqus", importAbaqus<Report::kNone>},
     {"abaqus-report", importAbaqus<Report::kWanted>},
@@ -154,6 +166,7 @@ constexpr bench::Job<Steps> kJobs[] = {
     {"patran-reader", readPatranArrays<Report::kNone>},
     {"patran-reader-report", readPatranArrays<Report::kWanted>},
     {"write-patran", write<bench::writePatranMesh>},
+    {"tidy", tidy},
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-/// Generated Nastran decks in fixed fields.
+/// Generated Nastran decks in fixed, free and large fields.
 #include <algorithm>
 
 #include "bench/inputs.h"
@@ -34,20 +34,67 @@ void writeSolid(text::Writer& out, int id, int property, std::span<const int> no
     out.character('\n');
 }
 
-}  // namespace
+void writeFreeNodes(text::Writer& out, const SolidMesh& mesh) {
+    constexpr int kDecimals = 9;
+    forEachNode(mesh, [&](int id, std::span<const double, 3> coords) {
+        out.text("GRID,").integer(id).character(',');
+        for (const double coord : coords)
+            out.character(',').fixed(coord, kDecimals);
+        out.character('\n');
+    });
+}
 
-void writeNastranDeck(text::Writer& out, int solids) {
+void writeLargeNodes(text::Writer& out, const SolidMesh& mesh) {
+    constexpr int kLargeWidth = 16;
+    constexpr int kDecimals = 9;
+    forEachNode(mesh, [&](int id, std::span<const double, 3> coords) {
+        out.text("GRID*   ").integer(id, kLargeWidth).text("                ");
+        out.fixed(coords[0], kDecimals, kLargeWidth).fixed(coords[1], kDecimals, kLargeWidth);
+        out.text("\n*       ").fixed(coords[2], kDecimals, kLargeWidth).character('\n');
+    });
+}
+
+void writeFreeSolid(text::Writer& out, int id, int property, std::span<const int> nodes) {
+    constexpr std::size_t kNodesOnFirstLine = 6;
+    out.text(nodes.size() == 4 ? "CTETRA," : nodes.size() == 6 ? "CPENTA," : "CHEXA,");
+    out.integer(id).character(',').integer(property);
+    for (std::size_t node = 0; node < nodes.size(); ++node) {
+        if (node == kNodesOnFirstLine)
+            out.text(",+\n+");
+        out.character(',').integer(nodes[node]);
+    }
+    out.character('\n');
+}
+
+using WriteNodes = void (*)(text::Writer& out, const SolidMesh& mesh);
+using WriteSolid = void (*)(text::Writer& out, int id, int property, std::span<const int> nodes);
+
+void writeDeck(text::Writer& out, int solids, WriteNodes nodesWriter, WriteSolid solidWriter) {
     const SolidMesh mesh = makeSolidMesh(solids);
     out.text("$ bench deck, generated\nSOL 101\nCEND\nTITLE = BENCH\nBEGIN BULK\n$ nodes\n");
-    writeNodes(out, mesh);
+    nodesWriter(out, mesh);
     out.text("$ elements\n");
     forEachSolid(mesh, [&](int id, int property, std::span<const int> nodes) {
-        writeSolid(out, id, property, nodes);
+        solidWriter(out, id, property, nodes);
     });
     out.text("$ properties\n");
     for (const SolidBlock& block : mesh.blocks)
         out.text("PSOLID  ").integer(block.property, kWidth).text("       1       0\n");
     out.text("MAT1           1   9500.             .37 1.37-9\nENDDATA\n");
+}
+
+}  // namespace
+
+void writeNastranDeck(text::Writer& out, int solids) {
+    writeDeck(out, solids, writeNodes, writeSolid);
+}
+
+void writeFreeNastranDeck(text::Writer& out, int solids) {
+    writeDeck(out, solids, writeFreeNodes, writeFreeSolid);
+}
+
+void writeLargeNastranDeck(text::Writer& out, int solids) {
+    writeDeck(out, solids, writeLargeNodes, writeSolid);
 }
 
 }  // namespace kvocaeio::bench

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Measures the library against the floor, the least that any program must do for the same job, and
-# imports with a report and `kvocaeio info` against the import in them.
+# imports with a report and `kvocaeio info` against the import in them, tidying against the import
+# of what a deck becomes.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
 #   FORMAT   abaqus, 3di, nastran or patran (all of them)
@@ -33,7 +34,16 @@ importCases=(
     'nastran nastran     nastran'
     'patran  patran      patran-bridge patran-reader'
 )
-declare -A extensions=([abaqus-hex]=inp [abaqus-tet]=inp [3di]=3di [nastran]=bdf [patran]=pat)
+# Format, file that is tidied, and the import of what it becomes.
+tidyCases=(
+    'abaqus  abaqus-hex    abaqus'
+    'abaqus  abaqus-tet    abaqus'
+    'nastran nastran       nastran'
+    'nastran nastran-free  nastran'
+    'nastran nastran-large nastran'
+)
+declare -A extensions=([abaqus-hex]=inp [abaqus-tet]=inp [3di]=3di [nastran]=bdf
+    [nastran-free]=bdf [nastran-large]=bdf [patran]=pat)
 
 rounds=${ROUNDS:-7}
 elements=1000000
@@ -62,7 +72,7 @@ cmake --build --preset linux-release --target kvocaeio kvocaeio_bench kvocaeio_b
 bin=build/linux-release/bin
 data=build/bench-data
 mkdir -p "$data"
-trap 'rm -f "$data/written"' EXIT
+trap 'rm -f "$data/written" "$data/tidy-times"' EXIT
 
 isChosen() {
     [ -z "$formats" ] || [[ " $formats " = *" $1 "* ]]
@@ -185,6 +195,29 @@ reportSeconds() {
     importSeconds "$file" "${@/%/-report}"
 }
 
+# What it takes to tidy a deck, and the tidy deck once more, in turns with the import of that one.
+compareTidy() {
+    local each format kind job file round
+    printf '\nTidying, %d elements, %d rounds\n' "$elements" "$rounds"
+    printf '%-13s %9s %9s %9s %7s %11s\n' file 'tidy s' 'again s' 'import s' ratio 'again ratio'
+    for each in "${tidyCases[@]}"; do
+        read -r format kind job <<<"$each"
+        isChosen "$format" || continue
+        file=$(input "$kind" "$elements")
+        for ((round = 0; round < rounds; ++round)); do
+            echo "$(importSeconds "$file" tidy)" "$(importSeconds "$file.tidy" tidy)" \
+                "$(importSeconds "$file.tidy" "$job")"
+        done >"$data/tidy-times"
+        printf '%-13s %9.3f %9.3f %9.3f %7.2f %11.2f\n' "$kind" \
+            "$(cut -d' ' -f1 "$data/tidy-times" | median)" \
+            "$(cut -d' ' -f2 "$data/tidy-times" | median)" \
+            "$(cut -d' ' -f3 "$data/tidy-times" | median)" \
+            "$(awk '{ print $1 / $3 }' "$data/tidy-times" | median)" \
+            "$(awk '{ print $2 / $3 }' "$data/tidy-times" | median)"
+        rm -f "$file.tidy" "$file.tidy.tidy"
+    done
+}
+
 compareSizes() {
     local each format kind job steps step size line library
     local -A floors
@@ -233,6 +266,7 @@ print(meshio.__version__, time.process_time() - start)'
 compareWithFloor
 compareWithImport 'Import with a report' report reportSeconds
 compareWithImport 'kvocaeio info' info infoSeconds
+compareTidy
 [ -z "$scale" ] || compareSizes
 [ -z "$peers" ] || comparePeers
 [ -z "$parts" ] || "$bin/kvocaeio_bench"

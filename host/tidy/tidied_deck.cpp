@@ -16,7 +16,8 @@ namespace kvocaeio::host {
 namespace {
 
 /// Findings of imports that say what tidy has said with a place in the original.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 1> kToldByTidy = {{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 2> kToldByTidy = {{
+    {"abaqus.set-shadows-block", "tidy.abaqus-set-of-block"},
     {"nastran.shell-empty", "tidy.nastran-shell"},
 }};
 

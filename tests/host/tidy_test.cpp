@@ -21,7 +21,7 @@ constexpr std::string_view kNodes =
     "grid,1,,0.,0.,0.\ngrid,2,,1.123456789,0.,0.\ngrid,3,,0.,1.,0.\n"
     "grid,4,,0.,0.,1.\ngrid,5,,0.,0.,-1.\n";
 constexpr std::string_view kDialect =
-    "INCLUDE 'MESH.bdf'\nCTETRA,123456789,7,1,2,3,4\nCTETRA,12,7,1,2,3,5\nPSOLID,7,1\nENDDATA\n";
+    "INCLUDE 'mesh.bdf'\nCTETRA,123456789,7,1,2,3,4\nCTETRA,12,7,1,2,3,5\nPSOLID,7,1\nENDDATA\n";
 constexpr std::string_view kPlain =
     "BEGIN BULK\n"
     "GRID           1              0.      0.      0.\n"
@@ -115,9 +115,9 @@ TEST_F(Tidy, WritesNothingWhereAFileIsMissing) {
         runHost({"tidy", "--report", deck_, out_, "--map", folder_.file("map.txt")});
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.errors, "kvocaeio: " + deck_ +
-                                  ": cannot be tidied: the included file MESH.bdf is not there "
+                                  ": cannot be tidied: the included file mesh.bdf is not there "
                                   "(line 1)\n");
-    EXPECT_THAT(outcome.output, HasSubstr("part.bdf:1:1: error: the included file MESH.bdf"));
+    EXPECT_THAT(outcome.output, HasSubstr("part.bdf:1:1: error: the included file mesh.bdf"));
     EXPECT_EQ(readText(out_), "keep me");
     EXPECT_THAT(namesIn(folder_), ElementsAre("out.nas", "part.bdf"));
 }
