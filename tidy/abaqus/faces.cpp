@@ -16,6 +16,7 @@ namespace {
 struct MemberFace {
     Member element;
     int face;
+    // NOLINTNEXTLINE(modernize-use-nullptr): what the compiler makes of it is not ours
     auto operator<=>(const MemberFace&) const = default;
 };
 
@@ -23,6 +24,7 @@ struct MemberFace {
 struct SurfaceName {
     int instance;
     std::string name;
+    // NOLINTNEXTLINE(modernize-use-nullptr): what the compiler makes of it is not ours
     auto operator<=>(const SurfaceName&) const = default;
 };
 

@@ -15,6 +15,7 @@ namespace {
 struct CornerFace {
     std::array<int, 4> corners;  // ascending; a triangle's last one is none
     ElementFace face;
+    // NOLINTNEXTLINE(modernize-use-nullptr): what the compiler makes of it is not ours
     auto operator<=>(const CornerFace&) const = default;
 };
 

@@ -12,6 +12,7 @@ namespace kvocaeio::tidy::abaqus {
 struct ElementFace {
     int id;
     int face;
+    // NOLINTNEXTLINE(modernize-use-nullptr): what the compiler makes of it is not ours
     auto operator<=>(const ElementFace&) const = default;
 };
 

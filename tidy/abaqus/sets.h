@@ -14,6 +14,7 @@ namespace kvocaeio::tidy::abaqus {
 struct Member {
     int instance;
     int id;
+    // NOLINTNEXTLINE(modernize-use-nullptr): what the compiler makes of it is not ours
     auto operator<=>(const Member&) const = default;
 };
 
