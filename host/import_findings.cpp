@@ -97,6 +97,14 @@ Tally ImportFindings::tally() const {
     return tally;
 }
 
+std::size_t ImportFindings::countOf(std::string_view code) const {
+    std::size_t count = 0;
+    for (const ImportFinding& finding : findings)
+        if (finding.code == code)
+            count += static_cast<std::size_t>(finding.count);
+    return count;
+}
+
 const ImportFinding* ImportFindings::firstError() const {
     const auto error = std::ranges::find(findings, Level::kError, &ImportFinding::level);
     return error == findings.end() ? nullptr : &*error;

@@ -69,6 +69,8 @@ struct ImportFindings {
     void sort();
 
     Tally tally() const;
+    /// How often findings of `code` were found.
+    std::size_t countOf(std::string_view code) const;
     /// The first error; null without one.
     const ImportFinding* firstError() const;
 };

@@ -55,7 +55,7 @@ constexpr std::array kSkippedPackets{
     SkippedPacket{15, 20, "15 to 20 (thermal boundary conditions)"},
     SkippedPacket{21, 21, "21 (named components)"},
     SkippedPacket{22, 24, "22 to 24"},
-    SkippedPacket{27, 46, "27 to 46 (geometry)"},
+    SkippedPacket{27, 47, "27 to 47 (geometry)"},
 };
 
 // What is read of a shape's nodes by the list reader and by the flat one.

@@ -6,7 +6,6 @@
 
 #include "counted.h"
 #include "file_head.h"
-#include "nastran/card_forms.h"
 #include "nastran/report.h"
 #include "timed.h"
 #include <kvocaeio/nastran.h>
@@ -79,25 +78,23 @@ void takeElements(KVONASTRAN_Reader& reader, NastranReport& report) {
                 "no such node: " + counted(undefinedNodes, "times") + " in elements");
 }
 
-/// Why the reader refused the deck, which it could open: what it does not tell, the cards tell.
-FileError refusalOf(KVONASTRAN_Reader& reader, const CardForms& forms) {
-    const bool hasNodes = reader.GetNodeCout() > 0;
-    const bool hasElements = reader.GetElemCout() > 0;
-    if (hasNodes && hasElements)
-        return FileError("has no property card with an OID above 0", "nothing-read");
-    if (!hasNodes && !hasElements && forms.fixedGrids != 0 && forms.fixedElements != 0)
+constexpr std::string_view kFixedOnly =
+    "; only fixed fields of eight columns are read as they are meant";
+
+/// Why the reader refused the deck.
+FileError refusalOf(CKVOImportReport& findings, std::size_t freeCards) {
+    CKVOImportReport::FindingData failure{};
+    findings.GetFailure(&failure);
+    if (std::string_view(failure.code) == "file.out-of-memory")
         return FileError(
             "cannot be read: there is not enough memory for its rows, one for each "
             "OID up to the largest",
             "out-of-memory");
-    if (forms.freeGrids != 0)
-        return FileError("has " + counted(forms.freeGrids, "GRID cards") +
-                             " in free or large fields, with commas or asterisks; only fixed "
-                             "fields of eight columns are read",
-                         "free-fields");
-    return FileError(hasNodes ? "has no element card with an OID above 0"
-                              : "has no GRID card with an OID above 0",
-                     "nothing-read");
+    if (freeCards != 0)
+        return FileError(
+            "has free or large fields on " + counted(freeCards, "cards") + std::string(kFixedOnly),
+            "free-fields");
+    return FileError("cannot be read: " + std::string(failure.text), "nothing-read");
 }
 
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
@@ -108,9 +105,10 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     report->importSeconds =
         timed(progress, [&] { good = reader.SetFilePath(path.c_str(), &findings); });
     report->imported.take(findings, good);
-    const CardForms forms = countCardForms(path);
+    const std::size_t freeCards = report->imported.countOf("nastran.free-field") +
+                                  report->imported.countOf("nastran.large-field");
     if (!good)
-        throw refusalOf(reader, forms);
+        throw refusalOf(findings, freeCards);
     takeNodes(reader, *report);
     takeElements(reader, *report);
     const int* section = reader.GetSectionVector();
@@ -119,10 +117,9 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
             report->sections.push_back({section[0], section[1], section[2]});
     report->materials = reader.GetPropertiesCout();
     report->warnOfNonFinite(report->box.nonFinite, "nodes");
-    report->find(Finding::Level::kError, "free-fields", forms.freeCards,
+    report->find(Finding::Level::kError, "free-fields", freeCards,
                  "has free or large fields, which are read wrongly, on " +
-                     counted(forms.freeCards, "cards") +
-                     "; only fixed fields of eight columns are read as they are meant");
+                     counted(freeCards, "cards") + std::string(kFixedOnly));
     return report;
 }
 

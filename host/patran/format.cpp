@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <map>
 #include <new>
 #include <vector>
@@ -89,18 +88,6 @@ void countKinds(CPatranReader& reader, const std::vector<int>& types, PatranRepo
         count(report.types[pair.second], shapeOf(pair.first).name, elements);
 }
 
-/// Whether one of the file's last lines is the packet that ends it.
-bool hasEnd(const std::string& path) {
-    constexpr std::streamoff kReach = std::streamoff{1} << 16;
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    const std::streamoff size = file.tellg();
-    file.seekg(std::max<std::streamoff>(size - kReach, 0));
-    for (std::string line; std::getline(file, line);)
-        if (line.starts_with("99"))
-            return true;
-    return false;
-}
-
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     auto report = std::make_unique<PatranReport>();
     std::vector<int> types;
@@ -123,7 +110,12 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
     countKinds(reader, types, *report);
     report->properties = reader.GetPropertyCount();
     report->warnOfNonFinite(report->arrays.box.nonFinite, "nodes");
-    report->warn("no-end", hasEnd(path) ? 0 : 1,
+    const ImportFindings& found = report->imported;
+    const bool hasNoEnd = found.countOf("patran.end-missing") +
+                              found.countOf("patran.last-line-repeated") +
+                              found.countOf("patran.card-missing") !=
+                          0;
+    report->warn("no-end", hasNoEnd ? 1 : 0,
                  "no packet 99 at the end: the file may have been cut off");
     return report;
 }

@@ -79,8 +79,10 @@ TEST(ForeignFiles, DocumentsAndBinaryFiles) {
 TEST(ForeignFiles, TextInWhichNothingIsRead) {
     EXPECT_EQ(refusalOf("part.pat", "Dear reader,\nno mesh.\n"),
               "nothing-read: holds no nodes and no elements of a Patran neutral file");
-    EXPECT_EQ(refusalOf("part.nas", "no mesh.\n"),
-              "nothing-read: has no GRID card with an OID above 0");
+    EXPECT_EQ(
+        refusalOf("part.nas", "no mesh.\n"),
+        "nothing-read: cannot be read: the deck has no GRID card with an OID above 0 that can be "
+        "read");
     EXPECT_EQ(refusalOf("part.inp", "no mesh.\n"),
               "nothing-read: holds no nodes, no elements and no shell sections of an Abaqus deck");
 }

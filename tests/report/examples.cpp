@@ -97,25 +97,34 @@ std::vector<Example> allExamples() {
     return examples;
 }
 
-std::vector<Told> importExample(const Example& example) {
+std::vector<Told> importExample(const fs::path& file) {
     const CapturedOutput quiet;
     CKVOImportReport report;
     std::vector<Told> told;
-    const std::string path = example.path.string();
-    const std::string extension = example.path.extension().string();
+    const std::string path = file.string();
+    const std::string extension = file.extension().string();
     if (extension == ".inp") {
         importDeck(path, report);
-    } else if (extension == ".nas") {
+    } else if (extension == ".nas" || extension == ".bdf") {
         KVONASTRAN_Reader().SetFilePath(path.c_str(), &report);
     } else if (extension == ".pat") {
-        importNeutralFiles(filesOf(example.path), report, told);
-    } else if (extension == ".3di" || extension == ".reports") {
-        importPackage(example.path, report);
+        importNeutralFiles(filesOf(file), report, told);
+    } else if (extension == ".3di" || extension == ".reports" || file.filename() == "reports") {
+        importPackage(file, report);
     } else {
         ADD_FAILURE() << path << " is no example of any format";
     }
     collect(report, told);
     return told;
+}
+
+std::string lineOf(const Told& told) {
+    std::string line = told.file;
+    if (told.line > 0)
+        line += ":" + std::to_string(told.line);
+    if (told.column > 0)
+        line += ":" + std::to_string(told.column);
+    return line + ": " + told.severity + ": " + told.text + " [" + told.code + "]";
 }
 
 }  // namespace kvocaeio::test

@@ -28,8 +28,11 @@ struct Told {
     std::string text;
 };
 
-/// What an import of the example, with all that follows it, reports. Both readers read a neutral
-/// file; a finding that both have is told once.
-std::vector<Told> importExample(const Example& example);
+/// What an import of a file or folder, with all that follows it, reports. Both readers read a
+/// neutral file; a finding that both have is told once.
+std::vector<Told> importExample(const std::filesystem::path& path);
+
+/// A line such as `kvocaeio check` writes.
+std::string lineOf(const Told& told);
 
 }  // namespace kvocaeio::test

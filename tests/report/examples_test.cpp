@@ -2,6 +2,8 @@
 /// not.
 #include "report/examples.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
@@ -10,6 +12,7 @@
 #include <vector>
 
 #include "report/kinds.h"
+#include "support/files.h"
 
 namespace kvocaeio {
 namespace {
@@ -20,7 +23,7 @@ using test::Example;
 
 std::set<std::string> codesOf(const Example& example) {
     std::set<std::string> codes;
-    for (const test::Told& told : test::importExample(example))
+    for (const test::Told& told : test::importExample(example.path))
         codes.insert(told.code);
     return codes;
 }
@@ -67,6 +70,41 @@ INSTANTIATE_TEST_SUITE_P(All, FindingExamples,
                              const std::string name = island.param;
                              return name.substr(0, name.size() - 1);
                          });
+
+std::vector<std::filesystem::path> filesIn(const char* folder) {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::path(KVOCAEIO_SOURCES) / folder))
+        if (const auto extension = entry.path().extension();
+            extension != ".md" && extension != ".py")
+            files.push_back(entry.path());
+    std::ranges::sort(files);
+    return files;
+}
+
+std::vector<std::string> linesOf(const std::filesystem::path& file) {
+    std::vector<std::string> lines;
+    for (const test::Told& told : test::importExample(file))
+        lines.push_back(test::lineOf(told));
+    return lines;
+}
+
+TEST(FindingsOfFiles, AreNoneWhereAGoodExporterWroteThem) {
+    const auto files = filesIn("tests/report/clean");
+    EXPECT_EQ(files.size(), 7U);
+    for (const std::filesystem::path& file : files)
+        EXPECT_THAT(linesOf(file), testing::IsEmpty()) << file;
+}
+
+// A person has looked at each of these lines, with the sample beside it.
+TEST(FindingsOfFiles, AreTrueOfTheSamples) {
+    std::string told;
+    for (const std::filesystem::path& file : filesIn("examples/data"))
+        for (const std::string& line : linesOf(file))
+            told += line + '\n';
+    EXPECT_EQ(told, test::readText(std::filesystem::path(KVOCAEIO_SOURCES) /
+                                   "tests/report/findings_of_samples.txt"));
+}
 
 TEST(FindingKinds, SayWhatWhyAndHowLongTheyAre) {
     std::set<std::string_view> codes;

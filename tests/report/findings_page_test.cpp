@@ -72,23 +72,13 @@ std::string contentOf(const fs::path& path) {
     return content;
 }
 
-// As `kvocaeio check` writes it.
-std::string lineOf(const test::Told& told) {
-    std::string line = told.file;
-    if (told.line > 0)
-        line += ":" + std::to_string(told.line);
-    if (told.column > 0)
-        line += ":" + std::to_string(told.column);
-    return line + ": " + told.severity + ": " + told.text + " [" + told.code + "]";
-}
-
 std::string exampleOf(const text::FindingKind& kind) {
     for (const test::Example& example : test::allExamples()) {
         if (example.isCounter || example.code != kind.code)
             continue;
         std::string told;
-        for (const test::Told& each : test::importExample(example))
-            told += lineOf(each) + '\n';
+        for (const test::Told& each : test::importExample(example.path))
+            told += test::lineOf(each) + '\n';
         return fenced(contentOf(example.path)) + fenced(told);
     }
     std::string text(kind.text);
@@ -106,6 +96,11 @@ const std::string kTitle =
         "says that what follows is not read, or that the result is surely not what the file "
         "means. The readers import the file as they always do: a report changes nothing of "
         "that.") +
+    "\n" +
+    filled(
+        "`kvocaeio check` adds `file.` and a reason for what it does not hand to a reader, such as "
+        "`file.compressed` for a compressed file, and, as a note, `abaqus.debug-logs` where the "
+        "import of a deck has written logs into a folder `debug` beside it.") +
     "\n" + filled("Each example is a whole file, followed by what is told of it.");
 
 std::string page() {
