@@ -193,11 +193,11 @@ void walkBodies(CKVOCadenceReader& package, Writer& out, Walked& walked) {
     for (int i = 0; i < package.GetComponentCount(); ++i) {
         std::array<char, 4096> name{};
         int isBall = 0;
-        std::array<double, 6> places{};
+        std::array<double, 8> places{};  // the centre, then five sizes
         unsigned int color = 0;
         package.GetComponentData(i, name.data(), isBall, &places[0], &places[3], color);
         out.line(name.data(), isBall, color);
-        out.row(places.data(), 6);
+        out.row(places.data(), 8);
         count(walked, "solder balls", isBall != 0 ? 1 : 0);
     }
 }
