@@ -73,7 +73,6 @@ class DeckStore {
 
     AbaqusModel& model_;
     DeckLines& lines_;
-    const bool areNoted_;
     std::string folded_;
     std::size_t nodeRow_ = 0;
 
@@ -81,20 +80,21 @@ class DeckStore {
     // serves the whole section: a token that is none leaves it as it is.
     EntryInHand<ElemSection> elements_;
     std::size_t elementRow_ = 0;
-    bool oidTaken_ = false;
     int* nextNode_ = nullptr;
     int* behindNodes_ = nullptr;
     int elementNumber_ = 0;
+    bool oidTaken_ = false;
 
     EntryInHand<ElsetSection> elset_;
-    bool hasRange_ = false;
     EntryInHand<SurfaceSection> surface_;
     EntryInHand<DloadSection> dload_;
-    int loadElement_ = 0;
     double loadValue_ = 0.0;
     EntryInHand<ShellSection> shellSection_;
     double thickness_ = 0.0;
+    int loadElement_ = 0;
+    bool hasRange_ = false;
     bool hasThickness_ = false;
+    const bool areNoted_;
 };
 
 }  // namespace kvocaeio::abaqus

@@ -76,7 +76,7 @@ class DeckAudit {
             const int oid = element[1 + i];
             const std::size_t row = text::asSize(oid) - 1;
             const bool isThere = deck_.nodeRows.contains(row);
-            rows[i] = isThere ? static_cast<std::uint32_t>(row) : mesh_.kNoRow;
+            rows[i] = isThere ? static_cast<std::uint32_t>(row) : report::MeshAudit<float>::kNoRow;
             missing = isThere || oid == 0 ? missing : oid;
         }
         if (missing != 0)

@@ -60,10 +60,10 @@ class SourceFiles {
     /// The name of a file by its row.
     const std::string& fileName(std::uint32_t row) const { return known_[row].name; }
 
-    /// Opens a file that the line taken last includes; its lines come next. `name` is as the deck
-    /// has it, without quotes. False, with the reason noted, where it cannot be opened; the deck
-    /// then goes on without it.
-    bool include(std::string_view name);
+    /// Opens a file that the line taken last includes; its lines come next. `given` is the name as
+    /// the deck has it, without quotes. False, with the reason noted, where it cannot be opened;
+    /// the deck then goes on without it.
+    bool include(std::string_view given);
 
     /// Ends all files, as the last statement of a deck does.
     void endDeck() { files_.clear(); }

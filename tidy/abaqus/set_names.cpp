@@ -62,7 +62,7 @@ void SetNames::add(const Frame& frame, const std::string& name, bool isShared, D
 }
 
 // Two names that differ in blanks alone are one in places.
-std::string SetNames::unique(std::string name) {
+std::string SetNames::unique(const std::string& name) {
     std::string candidate = name;
     for (int i = 2; !taken_.insert(linkedName(candidate)).second; ++i) {
         const std::string ending = "-" + std::to_string(i);

@@ -26,7 +26,7 @@ class SetNames {
 
   private:
     void add(const Frame& frame, const std::string& name, bool isShared, DeckLines& lines);
-    std::string unique(std::string name);
+    std::string unique(const std::string& name);
 
     std::map<std::pair<int, std::string>, std::string> names_;
     std::set<std::string> taken_;

@@ -61,7 +61,7 @@ class CardReader {
 
     void readCard(Card& card);
     void addContinuations(Card& card);
-    bool belongsToLast(std::string_view mark) const;
+    bool belongsToLast(std::string_view field) const;
     void keepStray();
     void addStrayLines(Card& card);
 
