@@ -19,7 +19,7 @@ namespace {
 
 // File work is several times as slow under Wine, and so is everything under a sanitizer.
 #if defined(_WIN32) || !defined(NDEBUG)
-constexpr std::uint64_t kTriples = 1200;
+constexpr std::uint64_t kTriples = 600;
 constexpr std::size_t kStep = 29;
 #else
 constexpr std::uint64_t kTriples = 10000;
