@@ -54,6 +54,7 @@ sources | xargs -0 clang-format --dry-run -Werror
 
 begin 'documentation'
 scripts/check_docs.py
+scripts/reference.sh
 
 testPreset linux-release
 testPreset linux-sanitize # replays the fuzz corpora, as every other preset does

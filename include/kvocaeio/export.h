@@ -2,9 +2,11 @@
 #ifndef KVOCAEIO_EXPORT_H
 #define KVOCAEIO_EXPORT_H
 
-/// Version of the library that these headers belong to.
+/// Version of the library that these headers belong to: the major number,
 #define KVOCAEIO_VERSION_MAJOR 0
+/// the minor number,
 #define KVOCAEIO_VERSION_MINOR 1
+/// and the patch number.
 #define KVOCAEIO_VERSION_PATCH 0
 
 /// Stands before every exported class. A host defines nothing; `KVOCAEIO_BUILDING` is set while the

@@ -78,6 +78,7 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// The same two, and fill `report` (may be null) with what of the file was not read, see
     /// kvocaeio/report.h. When they throw, the report holds the reason.
     bool Import3DIFile(const char* path, CKVOImportReport* report);
+    /// By a wide path.
     bool Import3DIFile(const wchar_t* path, CKVOImportReport* report);
 
     /// Imports a Cadence design (.mcm, .sip or .brd) through the extraction tool and the temporary
@@ -122,6 +123,7 @@ class KVOCAEIO_API CKVOCadenceReader {
     /// The same two, and fill `report` (may be null) with what of the design's reports was not
     /// read. When they throw, the report holds the reason.
     bool ImportCadenceFile(const char* path, CKVOImportReport* report);
+    /// By a wide path.
     bool ImportCadenceFile(const wchar_t* path, CKVOImportReport* report);
 
     /// Sets the narrow path of the extraction tool. The text is copied. The system searches for a

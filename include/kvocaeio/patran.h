@@ -58,6 +58,7 @@ class KVOCAEIO_API CKVO_PatranIO_Bridge {
     /// The same two, and fill `report` (may be null) with what of the file was not read, see
     /// kvocaeio/report.h.
     bool ImportFromPatFile(const char* path, CKVOImportReport* report);
+    /// By a wide path.
     bool _wImportFromPatFile(const wchar_t* path, CKVOImportReport* report);
 
     /// Returns the number of nodes.

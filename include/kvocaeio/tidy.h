@@ -98,14 +98,18 @@ class KVOCAEIO_API CKVODeckTidy {
     /// end, with `out` untouched.
     bool GetNodeOriginNext(OriginData* out);
 
-    /// The same for elements.
+    /// Returns the number of elements of the new deck.
     long long GetElemOriginNum();
+    /// Starts the walk over them. Returns false when there are none.
     bool GetElemOriginBegin();
+    /// Sets `out` to the next element's origin, as `GetNodeOriginNext` does.
     bool GetElemOriginNext(OriginData* out);
 
-    /// The same for properties. Abaqus decks have none.
+    /// Returns the number of properties of the new deck; 0 for an Abaqus deck.
     long long GetPropertyOriginNum();
+    /// Starts the walk over them. Returns false when there are none.
     bool GetPropertyOriginBegin();
+    /// Sets `out` to the next property's origin, as `GetNodeOriginNext` does.
     bool GetPropertyOriginNext(OriginData* out);
 
     /// Writes all origins as a table: a header line, then a line each of nodes, elements and
