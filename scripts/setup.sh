@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
 # Installs what is missing of the programs and libraries that the project needs (Debian, Ubuntu).
 #
-# usage: scripts/setup.sh [build | package | test | fuzz | bench]...
+# usage: scripts/setup.sh [build | package | test | peers | fuzz | bench]...
 #   build    what the Linux build needs
 #   package  and what scripts/package.sh needs: mingw-w64, tools of LLVM and of Debian's developers
 #   test     and what scripts/test.sh needs: clang, Wine, Python, a locale with a decimal comma,
-#            what checks packages, manual pages and completion
+#            what checks packages, manual pages and completion, programs and decks to compare with
+#   peers    further decks to compare with, where 20 MB do not matter
 #   fuzz     clang with libFuzzer
 #   bench    Google Benchmark
 # Without a word: all of them.
 set -euo pipefail
 
-[ $# -gt 0 ] || set -- build package test fuzz bench
+[ $# -gt 0 ] || set -- build package test peers fuzz bench
 
 packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev)
 locales=()
@@ -21,9 +22,11 @@ for part in "$@"; do
         package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file) ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
-                python3 wine64 lintian groff-base fish zsh)
+                python3 wine64 lintian groff-base fish zsh
+                calculix-ccx-test gmsh python3-meshio)
             locales+=(de_DE)
             ;;
+        peers) packages+=(freecad-common) ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
         bench) packages+=(libbenchmark-dev) ;;
         *)

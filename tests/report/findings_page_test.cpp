@@ -95,8 +95,8 @@ std::string_view subjectOf(std::string_view code) {
     return of != test::kCodesWithoutExample.end() ? of->subject : "REASON";
 }
 
-std::string exampleOf(const text::FindingKind& kind) {
-    for (const test::Example& example : test::allExamples()) {
+std::string exampleOf(const text::FindingKind& kind, const std::vector<test::Example>& examples) {
+    for (const test::Example& example : examples) {
         if (example.isCounter || example.code != kind.code)
             continue;
         std::string told;
@@ -136,6 +136,7 @@ const std::string kTitle =
         "folder, their names stand before them.");
 
 std::string page() {
+    const std::vector<test::Example> examples = test::allExamples();
     std::string page(kTitle);
     std::string island;
     for (const text::FindingKind& kind : test::allKinds()) {
@@ -143,7 +144,7 @@ std::string page() {
         if (of != island)
             page += "\n## `" + of + "`\n";
         island = of;
-        page += "\n" + headOf(kind) + exampleOf(kind);
+        page += "\n" + headOf(kind) + exampleOf(kind, examples);
         if (!kind.advice.empty())
             page += "\n" + filled("What to do: " + std::string(kind.advice) + ".");
     }
