@@ -14,6 +14,10 @@ void writeHexDeck(text::Writer& out, int solids);
 /// `solids` tetrahedra C3D10 with a skin of S3, an element to two lines.
 void writeTetDeck(text::Writer& out, int solids);
 
+/// `solids` elements, rounded down to a multiple, in up to 1000 instances of two parts, moved and
+/// turned, with sets, surfaces and loads of each.
+void writeAssemblyDeck(text::Writer& out, int solids);
+
 /// A chip package: a substrate, a cap and `blocks` other geometry blocks, of which 70 % are bond
 /// wires of six points, 25 % balls and 5 % dies and spacers.
 void writePackageFile(text::Writer& out, int blocks);
@@ -36,13 +40,10 @@ struct InputKind {
 };
 
 inline constexpr InputKind kInputKinds[] = {
-    {"abaqus-hex", writeHexDeck},
-    {"abaqus-tet", writeTetDeck},
-    {"3di", writePackageFile},
-    {"nastran", writeNastranDeck},
-    {"patran", writePatranFile},
-    {"nastran-free", writeFreeNastranDeck},
-    {"nastran-large", writeLargeNastranDeck},
+    {"abaqus-hex", writeHexDeck},           {"abaqus-tet", writeTetDeck},
+    {"abaqus-assembly", writeAssemblyDeck}, {"3di", writePackageFile},
+    {"nastran", writeNastranDeck},          {"patran", writePatranFile},
+    {"nastran-free", writeFreeNastranDeck}, {"nastran-large", writeLargeNastranDeck},
 };
 
 }  // namespace kvocaeio::bench

@@ -36,14 +36,15 @@ importCases=(
 )
 # Format, file that is tidied, and the import of what it becomes.
 tidyCases=(
-    'abaqus  abaqus-hex    abaqus'
-    'abaqus  abaqus-tet    abaqus'
-    'nastran nastran       nastran'
-    'nastran nastran-free  nastran'
-    'nastran nastran-large nastran'
+    'abaqus  abaqus-hex      abaqus'
+    'abaqus  abaqus-tet      abaqus'
+    'abaqus  abaqus-assembly abaqus'
+    'nastran nastran         nastran'
+    'nastran nastran-free    nastran'
+    'nastran nastran-large   nastran'
 )
-declare -A extensions=([abaqus-hex]=inp [abaqus-tet]=inp [3di]=3di [nastran]=bdf
-    [nastran-free]=bdf [nastran-large]=bdf [patran]=pat)
+declare -A extensions=([abaqus-hex]=inp [abaqus-tet]=inp [abaqus-assembly]=inp [3di]=3di
+    [nastran]=bdf [nastran-free]=bdf [nastran-large]=bdf [patran]=pat)
 
 rounds=${ROUNDS:-7}
 elements=1000000
@@ -72,7 +73,7 @@ cmake --build --preset linux-release --target kvocaeio kvocaeio_bench kvocaeio_b
 bin=build/linux-release/bin
 data=build/bench-data
 mkdir -p "$data"
-trap 'rm -f "$data/written" "$data/tidy-times"' EXIT
+trap 'rm -f "$data/written"' EXIT
 
 isChosen() {
     [ -z "$formats" ] || [[ " $formats " = *" $1 "* ]]
@@ -195,27 +196,39 @@ reportSeconds() {
     importSeconds "$file" "${@/%/-report}"
 }
 
-# What it takes to tidy a deck, and the tidy deck once more, in turns with the import of that one.
+# What it takes to tidy a deck, and the tidy deck once more, in turns with the import of that one;
+# and the memory of both, beside the deck's size.
 compareTidy() {
-    local each format kind job file round
+    local each format kind job file round tidied again import
     printf '\nTidying, %d elements, %d rounds\n' "$elements" "$rounds"
-    printf '%-13s %9s %9s %9s %7s %11s\n' file 'tidy s' 'again s' 'import s' ratio 'again ratio'
+    printf '%-15s %9s %9s %9s %7s %11s %9s %9s %10s\n' file 'tidy s' 'again s' 'import s' ratio \
+        'again ratio' 'deck MiB' 'peak MiB' 'again MiB'
     for each in "${tidyCases[@]}"; do
         read -r format kind job <<<"$each"
         isChosen "$format" || continue
         file=$(input "$kind" "$elements")
+        tidied=
+        again=
+        import=
         for ((round = 0; round < rounds; ++round)); do
-            echo "$(importSeconds "$file" tidy)" "$(importSeconds "$file.tidy" tidy)" \
-                "$(importSeconds "$file.tidy" "$job")"
-        done >"$data/tidy-times"
-        printf '%-13s %9.3f %9.3f %9.3f %7.2f %11.2f\n' "$kind" \
-            "$(cut -d' ' -f1 "$data/tidy-times" | median)" \
-            "$(cut -d' ' -f2 "$data/tidy-times" | median)" \
-            "$(cut -d' ' -f3 "$data/tidy-times" | median)" \
-            "$(awk '{ print $1 / $3 }' "$data/tidy-times" | median)" \
-            "$(awk '{ print $2 / $3 }' "$data/tidy-times" | median)"
+            rm -f "$file.tidy" "$file.tidy.tidy" # as above
+            tidied+=$("$bin/kvocaeio_bench_library" tidy "$file" 0)$'\n'
+            again+=$("$bin/kvocaeio_bench_library" tidy "$file.tidy" 0)$'\n'
+            import+=$(importSeconds "$file.tidy" "$job")$'\n'
+        done
+        printf '%-15s %9.3f %9.3f %9.3f %7.2f %11.2f %9.1f %9.1f %10.1f\n' "$kind" \
+            "$(field tidy_cpu <<<"$tidied" | median)" "$(field tidy_cpu <<<"$again" | median)" \
+            "$(printf %s "$import" | median)" "$(ratioOf "$tidied" "$import")" \
+            "$(ratioOf "$again" "$import")" "$(stat -c %s "$file" | mebibytes)" \
+            "$(field tidy_peak <<<"$tidied" | mebibytes)" \
+            "$(field tidy_peak <<<"$again" | mebibytes)"
         rm -f "$file.tidy" "$file.tidy.tidy"
     done
+}
+
+# ratioOf TIDIED IMPORTS: the median of the rounds' own ratios.
+ratioOf() {
+    paste <(field tidy_cpu <<<"$1") <(printf %s "$2") | awk '{ print $1 / $2 }' | median
 }
 
 compareSizes() {

@@ -5,7 +5,8 @@
 #   build    what the Linux build needs
 #   package  and what scripts/package.sh needs: mingw-w64, tools of LLVM and of Debian's developers
 #   test     and what scripts/test.sh needs: clang, Wine, Python, a locale with a decimal comma,
-#            what checks packages, manual pages, completion and the interface
+#            what checks packages, manual pages, completion and the interface, programs and decks to
+#            compare with
 #   fuzz     clang with libFuzzer
 #   bench    Google Benchmark
 # Without a word: all of them.
@@ -21,7 +22,8 @@ for part in "$@"; do
         package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file) ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
-                python3 wine64 lintian groff-base fish zsh doxygen abigail-tools)
+                python3 wine64 lintian groff-base fish zsh doxygen abigail-tools
+                calculix-ccx-test freecad-common gmsh python3-meshio)
             locales+=(de_DE)
             ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;

@@ -15,6 +15,13 @@ constexpr std::uint64_t inEachByte(std::uint64_t value) {
     return value * 0x0101'0101'0101'0101;
 }
 
+/// The number of eight digits, each as its value in a byte, the first in the lowest.
+constexpr int valueOfDigits(std::uint64_t digits) {
+    digits = (digits * 10 + (digits >> 8)) & 0x00FF'00FF'00FF'00FF;
+    digits = (digits * 100 + (digits >> 16)) & 0x0000'FFFF'0000'FFFF;
+    return static_cast<int>((digits * 10'000 + (digits >> 32)) & 0xFFFF'FFFF);
+}
+
 /// Reads eight characters that are blanks and then digits, at least one. False, `value` untouched,
 /// for any others.
 inline bool readEightColumns(const char* columns, int& value) {
@@ -30,10 +37,25 @@ inline bool readEightColumns(const char* columns, int& value) {
     const bool blanksInFront = (blanks & (blanks + 1)) == 0 && ~blanks != 0;
     if (!digitsOnly || !blanksInFront || (digits & blanks) != 0)
         return false;
-    digits = (digits * 10 + (digits >> 8)) & 0x00FF'00FF'00FF'00FF;
-    digits = (digits * 100 + (digits >> 16)) & 0x0000'FFFF'0000'FFFF;
-    value = static_cast<int>((digits * 10'000 + (digits >> 32)) & 0xFFFF'FFFF);
+    value = valueOfDigits(digits);
     return true;
+}
+
+/// Reads the digits at the front of eight characters. Returns how many there are; without any,
+/// `value` is 0.
+inline int readLeadingDigits(const char* columns, int& value) {
+    if (!kEightColumnsWork)
+        return value = 0;
+    std::uint64_t digits;
+    std::memcpy(&digits, columns, sizeof digits);
+    digits ^= inEachByte('0');
+    const std::uint64_t others =
+        (((digits & inEachByte(0x7F)) + inEachByte(0x76)) | digits) & inEachByte(0x80);
+    const int count = std::countr_zero(others) / 8;
+    if (count == 0)
+        return value = 0;
+    value = valueOfDigits(digits << 8 * (8 - count));  // zeros in front
+    return count;
 }
 
 /// Writes a number as "%d" with a width of at most eight does. `to` has room for eight

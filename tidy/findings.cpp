@@ -12,10 +12,6 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "comment with a dollar sign, a statement or card of bulk data. The name of the file does not "
      "matter.",
      "Say which format the deck has"},
-    {"tidy.format-not-read", kError, "decks of this format are not known yet",
-     "The tidy step knows "
-     "no rules for the format.",
-     "Import the deck as it is"},
     {"tidy.output-failed", kError, "the new deck cannot be written: {}",
      "The deck is written to a file of its own in the folder of the target, which is moved onto "
      "the "

@@ -10,7 +10,6 @@ namespace kvocaeio::tidy {
 
 enum class Finding : std::size_t {
     kFormatUnknown,
-    kFormatNotRead,
     kOutputFailed,
     kOutputIsInput,
     kIncluded,

@@ -12,6 +12,7 @@
 #include <kvocaeio/package.h>
 #include <kvocaeio/patran.h>
 #include <kvocaeio/report.h>
+#include <kvocaeio/tidy.h>
 
 namespace kvocaeio::test {
 
@@ -19,7 +20,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void collect(CKVOImportReport& report, std::vector<Told>& told) {
+// `folder` is that of the example; empty where it is a single file.
+void collect(CKVOImportReport& report, std::vector<Told>& told, const fs::path& folder = {}) {
+    const auto nameOf = [&](const fs::path& file) {
+        return folder.empty() ? file.filename() : file.lexically_relative(folder);
+    };
     CKVOImportReport::FindingData finding;
     for (report.GetFindingBegin(); report.GetFindingNext(&finding);) {
         static constexpr const char* kSeverities[] = {"note", "warning", "error"};
@@ -27,7 +32,7 @@ void collect(CKVOImportReport& report, std::vector<Told>& told) {
             return each.code == finding.code && each.text == finding.text;
         };
         if (std::ranges::none_of(told, isKnown))
-            told.push_back({finding.code, fs::path(finding.file).filename().string(), finding.line,
+            told.push_back({finding.code, nameOf(finding.file).generic_string(), finding.line,
                             finding.column, kSeverities[finding.severity], finding.text});
     }
 }
@@ -78,6 +83,25 @@ void importNeutralFiles(const std::vector<std::string>& files, CKVOImportReport&
     }
 }
 
+// The deck of an example: the file itself, or the one that is named "deck" in its folder.
+fs::path deckOf(const fs::path& example) {
+    if (fs::is_directory(example))
+        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(example))
+            if (entry.path().stem() == "deck")
+                return entry.path();
+    return example;
+}
+
+std::vector<Told> tidyExample(const fs::path& example) {
+    CKVOImportReport report;
+    CKVODeckTidy tidy;
+    const char* const nowhere = nullptr;
+    tidy.Tidy(deckOf(example).string().c_str(), nowhere, CKVODeckTidy::kRecognise, &report);
+    std::vector<Told> told;
+    collect(report, told, fs::is_directory(example) ? example : fs::path());
+    return told;
+}
+
 Example exampleAt(const fs::path& path) {
     Example example{path, path.stem().string()};
     constexpr std::string_view kCounter = ".not";
@@ -98,6 +122,8 @@ std::vector<Example> allExamples() {
 }
 
 std::vector<Told> importExample(const fs::path& file) {
+    if (isTidied(file.filename().string()))
+        return tidyExample(file);
     const CapturedOutput quiet;
     CKVOImportReport report;
     std::vector<Told> told;

@@ -8,6 +8,8 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "report/examples.h"
 #include "report/kinds.h"
@@ -34,11 +36,16 @@ std::string filled(const std::string& text) {
     return page + '\n';
 }
 
+std::string_view severityOf(const text::FindingKind& kind) {
+    static constexpr std::string_view kSeverities[] = {"note", "warning", "error"};
+    return kSeverities[static_cast<std::size_t>(kind.severity)];
+}
+
 std::string headOf(const text::FindingKind& kind) {
-    static constexpr const char* kSeverities[] = {"Note", "Warning", "Error"};
+    std::string severity(severityOf(kind));
+    severity[0] = static_cast<char>(severity[0] - 'a' + 'A');
     return "### `" + std::string(kind.code) + "`\n\n" +
-           filled("**" + std::string(kSeverities[static_cast<std::size_t>(kind.severity)]) +
-                  ".** " + std::string(kind.why));
+           filled("**" + severity + ".** " + std::string(kind.why));
 }
 
 std::string fenced(const std::string& content) {
@@ -61,19 +68,35 @@ std::string shown(const std::string& content) {
     return out;
 }
 
+// A deck stands before what it includes.
+std::pair<bool, std::string> placeInOrder(const fs::path& file) {
+    return {file.stem() != "deck", file.generic_string()};
+}
+
 std::string contentOf(const fs::path& path) {
     if (!fs::is_directory(path))
         return shown(test::readBytes(path));
-    std::vector<fs::path> reports{fs::directory_iterator(path), fs::directory_iterator()};
-    std::ranges::sort(reports);
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(path))
+        if (entry.is_regular_file())
+            files.push_back(entry.path());
+    std::ranges::sort(files, {}, [](const fs::path& file) { return placeInOrder(file); });
     std::string content;
-    for (const fs::path& report : reports)
-        content += "--- " + report.filename().string() + "\n" + shown(test::readBytes(report));
+    for (const fs::path& file : files)
+        content += "--- " + file.lexically_relative(path).generic_string() + "\n" +
+                   shown(test::readBytes(file));
     return content;
 }
 
-std::string exampleOf(const text::FindingKind& kind) {
-    for (const test::Example& example : test::allExamples()) {
+// What stands for the subject of a finding that no example yields.
+std::string_view subjectOf(std::string_view code) {
+    const auto* const of =
+        std::ranges::find(test::kCodesWithoutExample, code, &test::CodeWithoutExample::code);
+    return of != test::kCodesWithoutExample.end() ? of->subject : "REASON";
+}
+
+std::string exampleOf(const text::FindingKind& kind, const std::vector<test::Example>& examples) {
+    for (const test::Example& example : examples) {
         if (example.isCounter || example.code != kind.code)
             continue;
         std::string told;
@@ -83,8 +106,9 @@ std::string exampleOf(const text::FindingKind& kind) {
     }
     std::string text(kind.text);
     if (const std::size_t subject = text.find("{}"); subject != std::string::npos)
-        text.replace(subject, 2, "REASON");
-    return fenced("FILE: error: " + text + " [" + std::string(kind.code) + "]");
+        text.replace(subject, 2, subjectOf(kind.code));
+    return fenced("FILE: " + std::string(severityOf(kind)) + ": " + text + " [" +
+                  std::string(kind.code) + "]");
 }
 
 const std::string kTitle =
@@ -101,9 +125,18 @@ const std::string kTitle =
         "`kvocaeio check` adds `file.` and a reason for what it does not hand to a reader, such as "
         "`file.compressed` for a compressed file, and, as a note, `abaqus.debug-logs` where the "
         "import of a deck has written logs into a folder `debug` beside it.") +
-    "\n" + filled("Each example is a whole file, followed by what is told of it.");
+    "\n" +
+    filled(
+        "Codes that begin with `tidy.` are told by `CKVODeckTidy` and `kvocaeio tidy` of a deck "
+        "that is tidied. There a note says what was done, a warning what the new deck does not "
+        "hold, and with an error there is no new deck.") +
+    "\n" +
+    filled(
+        "Each example is a whole file, followed by what is told of it; where files stand in a "
+        "folder, their names stand before them.");
 
 std::string page() {
+    const std::vector<test::Example> examples = test::allExamples();
     std::string page(kTitle);
     std::string island;
     for (const text::FindingKind& kind : test::allKinds()) {
@@ -111,7 +144,7 @@ std::string page() {
         if (of != island)
             page += "\n## `" + of + "`\n";
         island = of;
-        page += "\n" + headOf(kind) + exampleOf(kind);
+        page += "\n" + headOf(kind) + exampleOf(kind, examples);
         if (!kind.advice.empty())
             page += "\n" + filled("What to do: " + std::string(kind.advice) + ".");
     }

@@ -8,6 +8,9 @@
 #include "package/findings.h"
 #include "patran/findings.h"
 #include "report/mesh_audit.h"
+#include "tidy/abaqus/findings.h"
+#include "tidy/findings.h"
+#include "tidy/nastran/findings.h"
 
 namespace kvocaeio::test {
 
@@ -22,6 +25,9 @@ inline std::vector<text::FindingKind> allKinds() {
     add(package::kFindingKinds);
     add(patran::kFindingKinds);
     add(report::kMeshFindingKinds);
+    add(tidy::kFindingKinds);
+    add(tidy::abaqus::kFindingKinds);
+    add(tidy::nastran::kFindingKinds);
     add(text::kFileFindingKinds);
     return kinds;
 }

@@ -16,7 +16,8 @@ TEST_F(ReportedWalks, OfAllFilesInTheSources) {
           "tests/report/clean"})
         for (const auto& entry : fs::directory_iterator(fs::path(KVOCAEIO_SOURCES) / name)) {
             const std::string extension = entry.path().extension().string();
-            const bool isFolderOfFiles = entry.is_directory() && extension == ".pat";
+            const bool isFolderOfFiles =
+                entry.is_directory() && (extension == ".pat" || extension == ".deck");
             if (!isFolderOfFiles && extension != ".md" && extension != ".py")
                 expectTheSame(entry.path());
         }

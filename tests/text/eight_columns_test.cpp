@@ -1,6 +1,7 @@
 /// Fields of eight columns against their plain ways.
 #include "text/eight_columns.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -42,6 +43,36 @@ TEST(EightColumns, ReadNothingElse) {
                 columns[at] = static_cast<char>(byte);
                 expectSameReading(columns);
             }
+}
+
+TEST(EightColumns, ReadDigitsUpToAnythingElse) {
+    struct Case {
+        const char* columns;
+        int count;
+        int value;
+    };
+    constexpr Case kCases[] = {
+        {"1234567,", 7, 1'234'567}, {"12345678", 8, 12'345'678}, {"7, 8, 9,", 1, 7},
+        {"007\x80\xFFzzz", 3, 7},   {",1234567", 0, 0},          {"99:9999/", 2, 99},
+        {"\0\0\0\0\0\0\0", 0, 0},
+    };
+    for (const auto& [columns, count, wanted] : kCases) {
+        int value = -1;
+        EXPECT_EQ(readLeadingDigits(columns, value), kEightColumnsWork ? count : 0) << columns;
+        EXPECT_EQ(value, kEightColumnsWork ? wanted : 0) << columns;
+    }
+    test::Random random(8);
+    for (int i = 0; i < 200'000; ++i) {
+        std::string columns;
+        while (columns.size() < 8)
+            columns +=
+                static_cast<char>(random.oneIn(8) ? random.below(256) : '0' + random.below(10));
+        const std::size_t plain = std::min<std::size_t>(columns.find_first_not_of("0123456789"), 8);
+        int value = -1;
+        ASSERT_EQ(readLeadingDigits(columns.data(), value),
+                  kEightColumnsWork ? static_cast<int>(plain) : 0);
+        ASSERT_EQ(value, kEightColumnsWork ? std::atoi(columns.substr(0, plain).c_str()) : 0);
+    }
 }
 
 TEST(EightColumns, WriteAsPrintf) {

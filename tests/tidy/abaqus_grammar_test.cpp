@@ -127,6 +127,23 @@ TEST(TidyAbaqusGrammar, WhatIsNoNumberIsAnErrorWithItsPlace) {
                 ElementsAre("3:1 tidy.abaqus-element-incomplete"));
 }
 
+TEST(TidyAbaqusGrammar, WhatIsNoDecimalNumberIsAnError) {
+    for (const char* const coordinate : {"0x1F", "-0X2", "inf", "nan", ".", "-", "1.5e3x", "1 2"}) {
+        const Tidied deck = tidied(std::string("*NODE\n1, 0, ") + coordinate + ", 0\n");
+        EXPECT_FALSE(deck.isDone) << coordinate;
+        EXPECT_THAT(deck.others, ElementsAre("2:1 tidy.abaqus-number-invalid")) << coordinate;
+    }
+}
+
+TEST(TidyAbaqusGrammar, NumbersInTheFormsOfTheReaderNeedNothing) {
+    constexpr std::string_view kDeck =
+        "*NODE\n0000001, +0.5, -.5, 5.\n 2147483647 , 1e3 , 1.E-3,12345678.12345678\n3,0,0\n";
+    const Tidied deck = tidied(kDeck);
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_FALSE(deck.isNeeded);
+    EXPECT_EQ(deck.nodeOrigins, "1<1 2147483647<2147483647 3<3");
+}
+
 TEST(TidyAbaqusGrammar, ElementsOfUnreadTypesAreCountedAndLeftOut) {
     const Tidied deck = tidied("*NODE\n\n1,0,0,0\n*ELEMENT, TYPE=B31\n1,1,1\n2,1,1\n");
     EXPECT_TRUE(deck.isDone);

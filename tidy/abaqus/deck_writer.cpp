@@ -181,7 +181,7 @@ class FileWalk {
     std::uint32_t file_ = 0;
 };
 
-void addOrigins(const std::vector<int>& ids, std::int64_t shift, std::size_t firstRow,
+void addOrigins(const GrowingArray<int>& ids, std::int64_t shift, std::size_t firstRow,
                 std::string_view part, const SourceFiles& files, FileWalk& walk, Origins& origins,
                 OriginMap& map) {
     std::uint32_t source = origins.sourceOf(part, files.fileName(walk.file()));

@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "text/scan.h"
 #include "tidy/abaqus/deck_reader.h"
 #include "tidy/abaqus/fields.h"
 #include "tidy/abaqus/sets.h"
@@ -16,8 +15,6 @@
 namespace kvocaeio::tidy::abaqus {
 
 namespace {
-
-constexpr std::ptrdiff_t kMostDigits = 10;  // of an int
 
 // Numbers of a data line, between commas or blanks. Adds them to `numbers`, at most up to `most`.
 // False where anything else stands there.
@@ -29,13 +26,10 @@ bool appendNumbers(std::string_view line, std::size_t most, std::vector<int>& nu
             ++at;
         if (at == end)
             return true;
-        std::int64_t number = 0;
-        const char* const first = at;
-        for (; at != end && text::isDigit(*at) && at - first < kMostDigits; ++at)
-            number = 10 * number + text::digitValue(*at);
-        if (at == first || !std::in_range<int>(number) || (at != end && *at != ',' && *at != ' '))
+        int number = 0;
+        if (!takeDigits(at, end, number) || (at != end && *at != ',' && *at != ' '))
             return false;
-        numbers.push_back(static_cast<int>(number));
+        numbers.push_back(number);
     }
     return true;
 }
@@ -136,7 +130,7 @@ void addElement(DeckReader& reader, Scope& scope, Block& block, int id, const in
         return replaceElement(reader, scope, block, id, nodes);
     scope.elementFiles.add(scope.elements.count() - 1, reader.lines.place().file);
     block.ids.push_back(id);
-    block.nodes.insert(block.nodes.end(), nodes, nodes + block.type.written);
+    block.nodes.append(nodes, block.type.written);
 }
 
 IdSet* blockSet(Scope& scope, const std::string& name) {

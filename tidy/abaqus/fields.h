@@ -2,7 +2,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
+#include <utility>
+
+#include "text/eight_columns.h"
+#include "text/scan.h"
 
 namespace kvocaeio::tidy::abaqus {
 
@@ -18,6 +23,21 @@ class Fields {
   private:
     std::string_view rest_;
 };
+
+/// Takes digits at `at`, which is left after them. False where there are none, or more than an
+/// `int` holds.
+inline bool takeDigits(const char*& at, const char* end, int& value) {
+    constexpr std::ptrdiff_t kMostDigits = 10;
+    const char* const first = at;
+    int front = 0;
+    if (end - at >= 8)
+        at += text::readLeadingDigits(at, front);
+    std::int64_t number = front;
+    for (; at != end && text::isDigit(*at) && at - first < kMostDigits; ++at)
+        number = 10 * number + text::digitValue(*at);
+    value = static_cast<int>(number);
+    return at != first && std::in_range<int>(number);
+}
 
 /// Reads a whole field as a number. False, with `value` untouched, where it is none or too large.
 bool readInteger(std::string_view field, int& value);

@@ -15,7 +15,7 @@ struct Range {
     std::int64_t last = std::numeric_limits<std::int64_t>::min();
 
     bool isEmpty() const { return first > last; }
-    void add(const std::vector<int>& ids) {
+    void add(const GrowingArray<int>& ids) {
         for (const int id : ids) {
             first = std::min<std::int64_t>(first, id);
             last = std::max<std::int64_t>(last, id);

@@ -9,40 +9,33 @@ namespace kvocaeio::tidy::abaqus {
 
 namespace {
 
-constexpr int kDecimals = 9;
-constexpr double kScale = 1e9;
+constexpr std::int64_t kScale = 1'000'000'000;  // nine decimals
 // Up to here a decimal number of that many digits is the shortest one of its double.
 constexpr double kMostScaled = 1e15;
 
 // Writes a number that has few decimals, as most coordinates have, several times as fast as any
 // other. Null where it has more.
 char* writeDecimal(double value, char* to, char* end) {
-    const double scaled = std::nearbyint(value * kScale);
-    if (!(std::abs(scaled) < kMostScaled) || scaled / kScale != value || scaled == 0.0)
+    const double size = std::abs(value) * static_cast<double>(kScale);
+    // Less than 0.0001 is shorter with an exponent.
+    if (!(size >= 1e5 && size < kMostScaled))
         return nullptr;
-    auto digits = static_cast<std::int64_t>(std::abs(scaled));
-    if (digits < 100'000)  // 0.0001 and less are shorter with an exponent
+    const auto digits = static_cast<std::int64_t>(size + 0.5);
+    if (static_cast<double>(digits) / static_cast<double>(kScale) != std::abs(value))
         return nullptr;
     if (value < 0.0)
         *to++ = '-';
-    int decimals = kDecimals;
-    while (decimals > 0 && digits % 10 == 0) {
-        digits /= 10;
-        --decimals;
-    }
-    std::array<char, 24> text;
-    char* const last = std::to_chars(text.data(), text.data() + text.size(), digits).ptr;
-    const auto count = static_cast<int>(last - text.data());
-    if (end - to < count + kDecimals)
-        return nullptr;
-    const int whole = std::max(count - decimals, 0);
-    to = std::copy_n(text.data(), whole, to);
-    if (whole == 0)
-        *to++ = '0';
-    if (decimals > 0)
-        *to++ = '.';
-    to = std::fill_n(to, std::max(decimals - count, 0), '0');
-    return std::copy(text.data() + whole, last, to);
+    to = std::to_chars(to, end, static_cast<std::uint32_t>(digits / kScale)).ptr;
+    const auto decimals = static_cast<std::uint32_t>(digits % kScale);
+    if (decimals == 0)
+        return to;
+    // A digit in front keeps the zeros after the point, and then becomes the point.
+    char* const point = to;
+    to = std::to_chars(to, end, static_cast<std::uint32_t>(kScale) + decimals).ptr;
+    *point = '.';
+    while (to[-1] == '0')
+        --to;
+    return to;
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "tidy/abaqus/element_types.h"
 #include "tidy/abaqus/geometry.h"
 #include "tidy/abaqus/id_index.h"
+#include "tidy/growing_array.h"
 
 namespace kvocaeio::tidy::abaqus {
 
@@ -35,8 +36,8 @@ struct FileRows {
 };
 
 struct NodeTable {
-    std::vector<int> ids;
-    std::vector<Point> points;
+    GrowingArray<int> ids;
+    GrowingArray<Point> points;
     IdIndex rows;
     FileRows files;
 };
@@ -47,8 +48,8 @@ struct Block {
     std::string typeName;  ///< as it will be written
     std::string elset;     ///< as it is looked up
     std::uint32_t first;   ///< the place of its first element among those of its scope
-    std::vector<int> ids;
-    std::vector<int> nodes;  ///< `type.written` of each
+    GrowingArray<int> ids;
+    GrowingArray<int> nodes;  ///< `type.written` of each
 };
 
 /// Numbers at equal distances.

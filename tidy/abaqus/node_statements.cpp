@@ -1,9 +1,9 @@
 /// The readers of nodes, and of the coordinate systems that they are given in.
 #include <array>
-#include <charconv>
 #include <string>
 
 #include "text/ascii.h"
+#include "text/scan.h"
 #include "tidy/abaqus/deck_reader.h"
 #include "tidy/abaqus/fields.h"
 
@@ -28,6 +28,17 @@ bool passComma(const char*& at, const char* end) {
     return true;
 }
 
+// Whether a decimal number begins here: no other that the scan would take, such as "0x1F".
+bool beginsDecimal(const char* at, const char* end) {
+    if (at != end && (*at == '-' || *at == '+'))
+        ++at;
+    if (end - at > 1 && *at == '0' && text::toUpper(at[1]) == 'X')
+        return false;
+    if (at != end && *at == '.')
+        ++at;
+    return at != end && text::isDigit(*at);
+}
+
 // Reads a number and three more, as nearly all nodes are written. False, with nothing said, for any
 // other form.
 bool readPlainNode(std::string_view line, NodeLine& node) {
@@ -35,18 +46,18 @@ bool readPlainNode(std::string_view line, NodeLine& node) {
     const char* const end = at + line.size();
     while (at != end && *at == ' ')
         ++at;
-    auto [last, error] = std::from_chars(at, end, node.id);
+    if (!takeDigits(at, end, node.id))
+        return false;
     for (double& coordinate : node.point) {
-        at = last;
-        if (error != std::errc() || !passComma(at, end))
+        if (!passComma(at, end) || !beginsDecimal(at, end))
             return false;
-        const auto read = std::from_chars(at, end, coordinate);
-        last = read.ptr;
-        error = read.ec;
+        text::Scan scan({at, end});
+        scan.real(coordinate);
+        at = scan.position();
     }
-    while (last != end && *last == ' ')
-        ++last;
-    return error == std::errc() && (last == end || *last == ',');
+    while (at != end && *at == ' ')
+        ++at;
+    return at == end || *at == ',';
 }
 
 // Reads a node in any form.

@@ -1,6 +1,6 @@
 /// The readers of sets, surfaces, loads and shell sections.
+#include <algorithm>
 #include <array>
-#include <charconv>
 #include <string>
 
 #include "text/ascii.h"
@@ -45,8 +45,28 @@ void addRange(DeckReader& reader, IdSet& set, int instance) {
     set.runs.push_back({instance, range[0], range[1], range[2]});
 }
 
+// Numbers between commas, as most lines are. Adds them up to the first field that is anything else,
+// from which the rest of the line is returned.
+std::string_view addNumbers(std::string_view line, IdSet& set, int instance) {
+    const char* const end = line.data() + line.size();
+    const char* field = line.data();
+    for (;;) {
+        const char* at = std::find_if(field, end, [](char c) { return c != ' '; });
+        int id = 0;
+        if (!takeDigits(at, end, id))
+            return {field, end};
+        at = std::find_if(at, end, [](char c) { return c != ' '; });
+        if (at != end && *at != ',')
+            return {field, end};
+        set.add(instance, id);
+        if (at == end)
+            return {};
+        field = at + 1;
+    }
+}
+
 void addMembers(DeckReader& reader, IdSet& set, int instance) {
-    Fields fields(reader.lines.line());
+    Fields fields(addNumbers(reader.lines.line(), set, instance));
     std::string_view field;
     while (fields.next(field)) {
         if (field.empty())

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <ranges>
 #include <set>
 #include <string>
 #include <utility>
@@ -113,7 +114,7 @@ Members membersOf(const Model& model, const FoundSet& found, SetKind kind) {
             appendRun(isOwn ? *next.scope : model.scopeOf(run.instance), kind,
                       isOwn ? next.instance : run.instance, run, members);
         }
-        for (const SetName& name : next.set->names) {
+        for (const SetName& name : std::views::reverse(next.set->names)) {  // the first is next
             const bool isOwn = name.instance == kOwnScope;
             waiting.push_back(findSet(model, isOwn ? *next.scope : model.scopeOf(name.instance),
                                       isOwn ? next.instance : name.instance, name.name, kind));
@@ -121,7 +122,8 @@ Members membersOf(const Model& model, const FoundSet& found, SetKind kind) {
     }
     members.cost += members.list.size();
     if (found.set == nullptr || !found.set->isUnsorted) {
-        std::ranges::sort(members.list);
+        if (!std::ranges::is_sorted(members.list))  // as they mostly are
+            std::ranges::sort(members.list);
         members.list.erase(std::unique(members.list.begin(), members.list.end()),
                            members.list.end());
     }

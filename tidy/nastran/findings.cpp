@@ -22,7 +22,7 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "elements with mid-side nodes.",
      ""},
     {"tidy.nastran-continuation-elsewhere", kNote,
-     "the continuation {} is taken from another place of the deck",
+     "a line of a {} card is taken from another place of the deck",
      "Continuations that are named on both lines may stand anywhere in a deck.", ""},
     {"tidy.nastran-replication", kNote, "{} cards made by replication are written out",
      "Fields of equals signs repeat those of the card before; \"*(n)\" adds n to it. The reader "

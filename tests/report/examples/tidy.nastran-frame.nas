@@ -1,0 +1,10 @@
+BEGIN BULK
+CORD2R         7       0      1.      0.      0.      1.      0.      1.
+              2.      0.      0.
+GRID           1       7      0.      0.      0.
+GRID           2              1.      0.      0.
+GRID           3              0.      1.      0.
+GRID           4              0.      0.      1.
+CTETRA         1       1       1       2       3       4
+PSOLID         1       1
+ENDDATA

@@ -1,0 +1,7 @@
+BEGIN BULK
+GRID           1              0.      0.      0.
+GRID           2              1.      0.      0.
+GRID           3              0.      1.      0.
+GRID           4              0.      0.      1.
+PSOLID         1       1
+ENDDATA

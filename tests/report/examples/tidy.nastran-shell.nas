@@ -1,0 +1,8 @@
+BEGIN BULK
+GRID           1              0.      0.      0.
+GRID           2              1.      0.      0.
+GRID           3              0.      1.      0.
+GRID           4              0.      0.      1.
+CTRIA3         1       1       1       2       3
+PSHELL         1       1      1.
+ENDDATA
