@@ -45,7 +45,7 @@ TEST(TidyAbaqusFaces, GeneratedAndNestedSetsAreWrittenAsMembers) {
               "*ELSET, ELSET=A\n1, 2, 3\n*ELSET, ELSET=B\n1, 2, 3\n*ELSET, ELSET=_S_S2\n1, 2\n"
               "*SURFACE, TYPE=ELEMENT, NAME=S\n_S_S2, S2\n");
     EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-surface-item", "tidy.abaqus-set-generated"));
-    EXPECT_THAT(deck.others, ElementsAre("17:0 tidy.abaqus-face-missing"));
+    EXPECT_THAT(deck.others, ElementsAre("17:1 tidy.abaqus-face-missing"));
 }
 
 TEST(TidyAbaqusFaces, GeneratedSetsAreChangedWhereTheyWouldSplitALoneSection) {
@@ -119,8 +119,8 @@ TEST(TidyAbaqusFaces, FacesOfShellsAreToldAndLeftOut) {
         "3, P1, 1\n4, P1, 1\n");
     EXPECT_EQ(restOf(deck), "*ELSET, ELSET=A\n3\n");
     EXPECT_THAT(deck.others,
-                ElementsAre("15:4 tidy.abaqus-face-unread", "16:0 tidy.abaqus-face-missing",
-                            "18:0 tidy.abaqus-face-missing", "19:0 tidy.abaqus-set-missing"));
+                ElementsAre("15:4 tidy.abaqus-face-unread", "16:1 tidy.abaqus-face-missing",
+                            "18:1 tidy.abaqus-face-missing", "19:1 tidy.abaqus-set-missing"));
 }
 
 TEST(TidyAbaqusFaces, ShellSectionsHaveTheirMaterialAndOneThickness) {

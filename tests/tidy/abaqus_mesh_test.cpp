@@ -106,7 +106,7 @@ TEST(TidyAbaqusMesh, RowsOfElementsAndReflectedCopies) {
 TEST(TidyAbaqusMesh, GenerationFromWhatIsNotThereIsAnError) {
     EXPECT_THAT(tidiedMesh("*NGEN\n1, 5\n").others,
                 ElementsAre("2:1 tidy.abaqus-generation-invalid"));
-    EXPECT_THAT(tidiedMesh("*NODE, NSET=A\n1, 0\n*NFILL, SINGULAR=1\nA, A, 2, 10\n").others,
+    EXPECT_THAT(tidiedMesh("*NODE, NSET=A\n1, 0\n*NFILL, SINGULAR=3\nA, A, 2, 10\n").others,
                 ElementsAre("3:1 tidy.abaqus-statement-unread"));
     EXPECT_THAT(tidiedMesh("*NODE\n1, 0\n*NMAP, NSET=A, TYPE=RECTANGULAR\n").others,
                 ElementsAre("3:1 tidy.abaqus-statement-unread"));
@@ -123,7 +123,7 @@ TEST(TidyAbaqusMesh, MoreThanCanBeWrittenIsAnError) {
                            "*INSTANCE, NAME=A, PART=P\n*END INSTANCE\n"
                            "*INSTANCE, NAME=B, PART=P\n*END INSTANCE\n")
                     .others,
-                ElementsAre("0:0 tidy.abaqus-too-much"));
+                ElementsAre("9:1 tidy.abaqus-too-much"));
 }
 
 TEST(TidyAbaqusMesh, OriginsTellInstanceAndFile) {

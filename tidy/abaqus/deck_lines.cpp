@@ -1,6 +1,8 @@
 /// Statements, their continuation, and includes between them.
 #include "tidy/abaqus/deck_lines.h"
 
+#include <utility>
+
 #include "text/scan.h"
 #include "tidy/abaqus/fields.h"
 
@@ -61,6 +63,7 @@ bool DeckLines::isData() {
         return false;
     }
     keywordLine_ = line.substr(at);
+    keywordPlace_ = place(line.substr(at));
     hasKeyword_ = true;
     if (at > 0)
         change(Finding::kKeywordIndented, line.substr(at));
@@ -111,6 +114,8 @@ void DeckLines::joinContinued() {
     while (trimmed(keywordLine_).ends_with(',')) {
         if (!take())
             return;
+        if (trimmed(line()).starts_with("**"))
+            continue;
         if (!continuesKeyword(line())) {
             isHeld_ = true;
             return;
@@ -130,13 +135,15 @@ bool DeckLines::nextStatement(Statement& statement) {
     hasKeyword_ = false;
     joinContinued();
     statement.parse(keywordLine_);
+    std::swap(statementLine_, keywordLine_);
+    statementPlace_ = keywordPlace_;
     return true;
 }
 
 void DeckLines::expectPlain(const Statement& statement, std::string_view kept) {
     isPlainExpected_ = true;
     if (!statement.isPlain(kept))
-        change(Finding::kKeywordForm, line(), statement.keyword);
+        changeStatement(Finding::kKeywordForm, statement.keyword);
 }
 
 bool DeckLines::tellTabs() {

@@ -46,8 +46,10 @@ bool appendOtherNumbers(DeckReader& reader, std::size_t most, std::vector<int>& 
     std::string_view field;
     while (numbers.size() < most && fields.next(field)) {
         int number = 0;
-        if (!readInteger(field, number))
+        if (!readInteger(field, number)) {
+            reader.refuse(Finding::kNumberInvalid, field);
             return false;
+        }
         numbers.push_back(number);
     }
     if (!reader.lines.tellTabs())
@@ -82,26 +84,23 @@ bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& 
     DeckLines& lines = reader.lines;
     const std::size_t most = type.nodes + 1;
     numbers.clear();
-    if (!appendLine(reader, most, numbers)) {
-        reader.refuse(Finding::kNumberInvalid);
+    if (!appendLine(reader, most, numbers))
         return false;
-    }
     bool isOpen = numbers.size() < most;
     if (isOpen && hasEmptyField(lines.line())) {
         reader.refuse(Finding::kNumberInvalid);
         return false;
     }
+    const Place place = isOpen ? lines.place(trimmed(lines.line())) : Place();
     lines.setInside(true);
     while (isOpen || (type.hasMoreNodes && trimmed(lines.line()).ends_with(','))) {
         if (!lines.nextData()) {
-            lines.setInside(false);
-            reader.refuse(Finding::kElementIncomplete);
-            return false;
-        }
-        if (isOpen && !appendLine(reader, most, numbers)) {
-            reader.refuse(Finding::kNumberInvalid);
+            if (isOpen)
+                lines.noteAt(Finding::kElementIncomplete, place, {}, reader.statement.keyword);
             break;
         }
+        if (isOpen && !appendLine(reader, most, numbers))
+            break;
         isOpen = numbers.size() < most;
     }
     lines.setInside(false);
@@ -134,15 +133,18 @@ void replaceElement(DeckReader& reader, Scope& scope, const Block& kind, int id,
 void addElement(DeckReader& reader, Scope& scope, Block& block, int id, const int* nodes) {
     if (!scope.elements.add(id))
         return replaceElement(reader, scope, block, id, nodes);
-    scope.elementFiles.add(scope.elements.count() - 1, reader.lines.place().file);
+    scope.elementFiles.add(scope.elements.count() - 1, reader.lines.file());
     block.ids.push_back(id);
     block.nodes.insert(block.nodes.end(), nodes, nodes + block.type.written);
 }
 
-IdSet* blockSet(Scope& scope, const std::string& name) {
+IdSet* blockSet(DeckReader& reader, const std::string& name) {
     if (name.empty())
         return nullptr;
-    return &scope.elementSets[name];
+    const auto [entry, isNew] = reader.scope().elementSets.try_emplace(name);
+    if (isNew)
+        entry->second.place = reader.lines.statementPlace();
+    return &entry->second;
 }
 
 // Elements of which the reader holds nothing are told one by one, so that they are counted.
@@ -253,17 +255,17 @@ void readElements(DeckReader& reader) {
     Scope& scope = reader.scope();
     const std::string elset = reader.statement.name("ELSET");
     if (!type) {
-        blockSet(scope, elset);
+        blockSet(reader, elset);
         lines.includeInput(reader.statement);
         return passOverElements(reader, typeName);
     }
     if (!type->newName.empty())
-        lines.change(Finding::kTypeChanged, lines.line(), typeName);
+        lines.changeStatement(Finding::kTypeChanged, typeName);
     const std::string written =
         type->newName.empty() ? writtenName(typeName) : std::string(type->newName);
     lines.includeInput(reader.statement);
     Block& block = blockFor(scope, {*type, written, elset, 0, {}, {}}, false);
-    IdSet* const set = blockSet(scope, elset);
+    IdSet* const set = blockSet(reader, elset);
     std::vector<int> numbers;
     while (lines.nextData()) {
         if (!takeElement(reader, *type, numbers))
@@ -275,8 +277,8 @@ void readElements(DeckReader& reader) {
 }
 
 void readElementRows(DeckReader& reader) {
-    reader.lines.change(Finding::kElementsGenerated, reader.lines.line(), "ELGEN");
-    IdSet* const set = blockSet(reader.scope(), reader.statement.name("ELSET"));
+    reader.lines.changeStatement(Finding::kElementsGenerated, "ELGEN");
+    IdSet* const set = blockSet(reader, reader.statement.name("ELSET"));
     while (reader.lines.nextData()) {
         Master master;
         std::array<Direction, 3> directions;
@@ -291,7 +293,7 @@ void readElementRows(DeckReader& reader) {
 
 void readElementCopy(DeckReader& reader) {
     const Statement& statement = reader.statement;
-    reader.lines.change(Finding::kElementsGenerated, reader.lines.line(), "ELCOPY");
+    reader.lines.changeStatement(Finding::kElementsGenerated, "ELCOPY");
     int idShift = 0;
     int nodeShift = 0;
     Scope& scope = reader.scope();
@@ -299,12 +301,12 @@ void readElementCopy(DeckReader& reader) {
         findSet(reader.model, scope, kOwnScope, statement.name("OLDSET"), SetKind::kElements);
     if (!readInteger(statement.value("ELEMENTSHIFT"), idShift) ||
         !readInteger(statement.value("SHIFTNODES"), nodeShift) || found.scope != &scope)
-        return reader.refuse(Finding::kGenerationInvalid);
+        return reader.refuseStatement(Finding::kGenerationInvalid);
     const std::vector<Member> members = membersOf(reader.model, found, SetKind::kElements).list;
     if (!reader.generate(members.size()))
         return;
     const std::string elset = statement.name("NEWSET");
-    IdSet* const set = blockSet(scope, elset);
+    IdSet* const set = blockSet(reader, elset);
     bool isFirst = true;
     for (const Member& member : members) {
         Master master;
@@ -318,7 +320,7 @@ void readElementCopy(DeckReader& reader) {
         }
         Block& block = blockFor(scope, master.kind, !std::exchange(isFirst, false));
         if (!addShifted(reader, block, master, idShift, nodeShift, set))
-            return reader.refuse(Finding::kGenerationInvalid);
+            return reader.refuseStatement(Finding::kGenerationInvalid);
     }
 }
 

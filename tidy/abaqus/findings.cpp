@@ -90,6 +90,8 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      ""},
     {"tidy.abaqus-load-on-set", kNote, "the load on the set {} is written element by element",
      "The reader takes loads of single elements only.", ""},
+    {"tidy.abaqus-load-on-surface", kNote, "the load on the surface {} is written face by face",
+     "The reader takes loads of single elements only.", ""},
     {"tidy.abaqus-shell-section", kNote, "the shell section of {} is written in the plain form",
      "The reader ends at a section without a material, and takes the thickness from the last line. "
      "The thickness of a section of layers is the sum of theirs.",

@@ -37,6 +37,7 @@ enum class Finding : std::size_t {
     kSurfaceCombined,
     kSurfaceOutside,
     kLoadOnSet,
+    kLoadOnSurface,
     kShellSection,
     kKeywordUnread,
     // What could not be done.

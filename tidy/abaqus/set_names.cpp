@@ -21,11 +21,11 @@ template <class Visit>
 void forEachName(const Scope& scope, const Visit& visit) {
     for (const Block& block : scope.blocks)
         if (!block.elset.empty())
-            visit(block.elset);
+            visit(block.elset, scope.elementSets.at(block.elset).place);
     for (const auto& [name, set] : scope.elementSets)
-        visit(name);
+        visit(name, set.place);
     for (const ShellSection& section : scope.shellSections)
-        visit(section.elset);
+        visit(section.elset, section.place);
 }
 
 }  // namespace
@@ -38,18 +38,19 @@ std::string linkedName(std::string name) {
 SetNames::SetNames(const Frames& frames, DeckLines& lines) {
     std::map<std::string, Owners> owners;
     for (const Frame& frame : frames.all())
-        forEachName(*frame.scope, [&](const std::string& name) {
+        forEachName(*frame.scope, [&](const std::string& name, const Place&) {
             const auto [known, isNew] = owners.try_emplace(name, Owners{frame.instance});
             if (known->second.first != frame.instance)
                 known->second.areMany = true;
         });
     for (const Frame& frame : frames.all())
-        forEachName(*frame.scope, [&](const std::string& name) {
-            add(frame, name, owners.at(name).areMany, lines);
+        forEachName(*frame.scope, [&](const std::string& name, const Place& place) {
+            add(frame, name, owners.at(name).areMany, place, lines);
         });
 }
 
-void SetNames::add(const Frame& frame, const std::string& name, bool isShared, DeckLines& lines) {
+void SetNames::add(const Frame& frame, const std::string& name, bool isShared, const Place& place,
+                   DeckLines& lines) {
     const auto [entry, isNew] = names_.try_emplace({frame.instance, name});
     if (!isNew)
         return;
@@ -58,7 +59,7 @@ void SetNames::add(const Frame& frame, const std::string& name, bool isShared, D
     std::string folded;
     text::foldToUpper(name, folded);
     if (entry->second != folded)
-        lines.changeAt(Finding::kNameChanged, {}, entry->second, name);
+        lines.changeAt(Finding::kNameChanged, place, entry->second, name);
 }
 
 // Two names that differ in blanks alone are one in places.

@@ -25,7 +25,8 @@ class SetNames {
     std::string makeNew(std::string_view name);
 
   private:
-    void add(const Frame& frame, const std::string& name, bool isShared, DeckLines& lines);
+    void add(const Frame& frame, const std::string& name, bool isShared, const Place& place,
+             DeckLines& lines);
     std::string unique(const std::string& name);
 
     std::map<std::pair<int, std::string>, std::string> names_;
