@@ -113,6 +113,15 @@ TEST(TidyAbaqusFaces, LoadsOnSetsAreWrittenOneByOne) {
                                         "tidy.abaqus-load-unread", "tidy.abaqus-load-on-set"));
 }
 
+TEST(TidyAbaqusFaces, LoadsOnSurfacesAreWrittenFaceByFace) {
+    const Tidied deck = tidiedFaces(
+        "*SURFACE, NAME=S\n1, S2\n2, S3\n*STEP\n*DSLOAD\ns, P, 1.5\nS, TRVEC, 1., 0, 0, 1\n"
+        "T, P, 1.\n*DSLOAD, OP=NEW\n\"S\", p, -2.D0\n");
+    EXPECT_EQ(restOf(deck).substr(restOf(deck).find("*DLOAD")),
+              "*DLOAD\n1, P2, 1.5\n2, P3, 1.5\n1, P2, -2\n2, P3, -2\n");
+    EXPECT_THAT(deck.others, ElementsAre("19:1 tidy.abaqus-surface-missing"));
+}
+
 TEST(TidyAbaqusFaces, FacesOfShellsAreToldAndLeftOut) {
     const Tidied deck = tidiedFaces(
         "*ELSET, ELSET=A\nSKIN\n*SURFACE, TYPE=ELEMENT, NAME=S\nA, SPOS\nA, S1\n*DLOAD\n"

@@ -1,4 +1,5 @@
 /// Lines of Abaqus decks in every form that means the same.
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -101,6 +102,40 @@ TEST(TidyAbaqusGrammar, FilesArePutWhereTheyAreNamed) {
     EXPECT_TRUE(deck.isDone);
     EXPECT_EQ(deck.text, kTriangle);
     EXPECT_THAT(deck.notes, ElementsAre("tidy.included", "tidy.included", "tidy.included"));
+}
+
+TEST(TidyAbaqusGrammar, DataOfSetsAndSurfacesMayStandInFiles) {
+    const TempFolder folder;
+    folder.write("a.inc", "7, 8\n");
+    folder.write("nodes.inc", "1, 3\n");
+    folder.write("faces.inc", "A, S1\n");
+    folder.write("deck",
+                 "*NODE\n1,0,0,0\n2,4,0,0\n3,2,0,0\n*ELEMENT,TYPE=C3D4\n7,1,2,3,1\n8,1,2,3,1\n"
+                 "*ELSET,ELSET=A,INPUT=a.inc\n*NSET,NSET=N,INPUT=nodes.inc\n"
+                 "*NCOPY,OLD SET=N,CHANGE NUMBER=10,SHIFT\n1,0,0\n"
+                 "*SURFACE,NAME=S,INPUT=faces.inc\n");
+    const Tidied deck = tidyFile(folder, "deck", CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n1, 0, 0, 0\n2, 4, 0, 0\n3, 2, 0, 0\n11, 1, 0, 0\n13, 3, 0, 0\n"
+              "*ELEMENT, TYPE=C3D4\n7, 1, 2, 3, 1\n8, 1, 2, 3, 1\n*ELSET, ELSET=A\n7, 8\n"
+              "*SURFACE, TYPE=ELEMENT, NAME=S\nA, S1\n");
+}
+
+TEST(TidyAbaqusGrammar, FilesNameFoldersAsOtherSystemsDo) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.file("mesh"));
+    folder.write("mesh/nodes.inc", "1,0,0,0\n2,1.5,0,0\n3,0,1,0\n");
+    folder.write("deck",
+                 "*NODE\n*INCLUDE, INPUT=.\\MESH\\Nodes.inc\n*ELEMENT, TYPE=S3, ELSET=SKIN\n"
+                 "7, 1, 2, 3\n");
+    EXPECT_EQ(tidyFile(folder, "deck", CKVODeckTidy::kAbaqus).text, kTriangle);
+}
+
+TEST(TidyAbaqusGrammar, CommentsMayStandBetweenTheLinesOfAKeyword) {
+    const Tidied deck = tidied(
+        "*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,\n** of the skin\nTYPE=S3,\n  ELSET=SKIN\n"
+        "7,1,2,3\n");
+    EXPECT_EQ(deck.text, kTriangle);
 }
 
 TEST(TidyAbaqusGrammar, AMissingFileIsAnErrorAndNothingIsWritten) {
