@@ -156,6 +156,38 @@ TEST(TidyAbaqusFaces, NamesAreKeptApartAndTakeTheReadersCharacters) {
     EXPECT_THAT(deck.notes, Contains("tidy.abaqus-name-changed"));
 }
 
+TEST(TidyAbaqusFaces, PartsOfANameMayBeQuoted) {
+    const Tidied deck = tidyText(
+        "*PART, NAME=\"Part 1\"\n*NODE\n1\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n"
+        "*ELSET, ELSET=\"Set 1\"\n1\n*END PART\n*ASSEMBLY, NAME=A\n"
+        "*INSTANCE, NAME=\"Part 1-1\", PART=\"Part 1\"\n*END INSTANCE\n"
+        "*SURFACE, TYPE=ELEMENT, NAME=S\n\"Part 1-1\".\"Set 1\", S1\n*END ASSEMBLY\n"
+        "*DLOAD\n\"Part 1-1.Set 1\", P2, 3.\n\"Part 1-1\".1, P3, 3.\n",
+        CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n1, 0, 0, 0\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n"
+              "*ELSET, ELSET=SET_1\n1\n*SURFACE, TYPE=ELEMENT, NAME=S\nSET_1, S1\n"
+              "*DLOAD\n1, P2, 3\n1, P3, 3\n");
+    EXPECT_THAT(deck.others, IsEmpty());
+}
+
+TEST(TidyAbaqusFaces, SetsOfSetsOfSeveralInstancesAndSteps) {
+    const Tidied deck = tidyText(
+        "*PART, NAME=P\n*NODE\n1\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n2, 1, 1, 1, 1\n"
+        "3, 1, 1, 1, 1\n4, 1, 1, 1, 1\n*ELSET, ELSET=ODD, GENERATE\n1, 4, 2\n*END PART\n"
+        "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n"
+        "*INSTANCE, NAME=J, PART=P\n*END INSTANCE\n"
+        "*ELSET, ELSET=BOTH, INSTANCE=I, INTERNAL\n4,\n*ELSET, ELSET=BOTH, INSTANCE=J\n2,\n"
+        "*ELSET, ELSET=ALL\nBOTH, I.ODD, j.odd\n*SURFACE, NAME=S\nALL, S4\n*END ASSEMBLY\n"
+        "*STEP\n*DLOAD\nBOTH, P1, 1\n*END STEP\n*STEP\n*DSLOAD\nS, P, 2\n*END STEP\n",
+        CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text.substr(deck.text.find("*ELSET")),
+              "*ELSET, ELSET=I.ODD\n1, 3\n*ELSET, ELSET=J.ODD\n5, 7\n"
+              "*ELSET, ELSET=ALL\n1, 3, 4, 5, 6, 7\n*ELSET, ELSET=BOTH\n4, 6\n"
+              "*SURFACE, TYPE=ELEMENT, NAME=S\nALL, S4\n*DLOAD\n4, P1, 1\n6, P1, 1\n"
+              "1, P4, 2\n3, P4, 2\n4, P4, 2\n5, P4, 2\n6, P4, 2\n7, P4, 2\n");
+}
+
 TEST(TidyAbaqusFaces, SetsOfInstancesAreFoundFromTheAssembly) {
     const Tidied deck = tidyText(
         "*PART, NAME=P\n*NODE\n1\n2\n3\n4\n*ELEMENT, TYPE=C3D4, ELSET=E\n1, 1, 2, 3, 4\n"

@@ -138,6 +138,15 @@ TEST(TidyAbaqusGrammar, CommentsMayStandBetweenTheLinesOfAKeyword) {
     EXPECT_EQ(deck.text, kTriangle);
 }
 
+TEST(TidyAbaqusGrammar, ACommaAtTheEndOfAKeywordMayMeanNothing) {
+    const Tidied deck = tidied(
+        "*NODE,\n1,0,0,0\n*ELEMENT,TYPE=C3D4,ELSET=A,\n7,1,1,1,1\n*ELSET,ELSET=B,\nA,7\n"
+        "*ELSET,ELSET=C,\nGENERATE\n5,9\n");
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n1, 0, 0, 0\n*ELEMENT, TYPE=C3D4, ELSET=A\n7, 1, 1, 1, 1\n"
+              "*ELSET, ELSET=B\n7\n*ELSET, ELSET=C\n7\n");
+}
+
 TEST(TidyAbaqusGrammar, AMissingFileIsAnErrorAndNothingIsWritten) {
     const Tidied deck = tidied("*NODE\n1,0,0,0\n*INCLUDE, INPUT=none.inc\n");
     EXPECT_FALSE(deck.isDone);

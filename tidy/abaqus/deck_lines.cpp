@@ -1,6 +1,8 @@
 /// Statements, their continuation, and includes between them.
 #include "tidy/abaqus/deck_lines.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "text/scan.h"
@@ -15,13 +17,16 @@ constexpr std::size_t kMostPiece = 509;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// Whether a line can continue a keyword line that ends with a comma: it names a parameter. Data
-// would begin with a number in nearly all cases.
+// Parameters without a value that may stand alone in a line.
+constexpr std::string_view kFlags[] = {"GENERATE", "INTERNAL", "UNSORTED", "COMPOSITE",
+                                       "REFLECT",  "SHIFT",    "POLE",     "TWO STEP"};
+
+// Whether a line can continue a keyword line that ends with a comma: it names a parameter. Many a
+// keyword line ends with a comma that means nothing, before data that may be names of sets.
 bool continuesKeyword(std::string_view line) {
-    line = trimmed(line);
-    double number = 0.0;
-    return !line.empty() && line.front() != '*' &&
-           !readReal(trimmed(line.substr(0, line.find(','))), number);
+    const std::string first = nameOf(line.substr(0, line.find(',')));
+    return !first.starts_with('*') && (first.find('=') != std::string::npos ||
+                                       std::ranges::find(kFlags, first) != std::end(kFlags));
 }
 
 }  // namespace

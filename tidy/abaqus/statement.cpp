@@ -40,11 +40,6 @@ bool isSpelledPlainly(std::string_view text, std::string_view keyword) {
            (!isShellSection || text[5] == ' ');
 }
 
-bool isQuoted(std::string_view text) {
-    return text.size() > 1 && (text.front() == '"' || text.front() == '\'') &&
-           text.back() == text.front();
-}
-
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
@@ -57,11 +52,16 @@ std::string_view trimmed(std::string_view text) {
 
 std::string nameOf(std::string_view text) {
     text = trimmed(text);
-    if (isQuoted(text))
+    if (text.starts_with('\'') && text.size() > 1 && text.ends_with('\''))
         return std::string(trimmed(text.substr(1, text.size() - 2)));
     std::string name;
-    text::foldToUpper(text, name);
-    return name;
+    bool isQuoted = false;
+    for (const char c : text)
+        if (c == '"')
+            isQuoted = !isQuoted;
+        else
+            name += isQuoted ? c : text::toUpper(c);
+    return std::string(trimmed(name));
 }
 
 std::string writtenName(std::string_view name) {
