@@ -68,6 +68,20 @@ TEST(TidyAbaqusMesh, AnInstanceMayHoldTheMeshItself) {
               "** Tidy deck\n*NODE\n1, 6, 0, 0\n*ELEMENT, TYPE=S3, ELSET=A\n1, 1, 1, 1\n");
 }
 
+TEST(TidyAbaqusMesh, ElementsWithMoreNodesThanTheirTypeAreReadToTheirEnd) {
+    const Tidied deck = tidiedMesh(
+        "*ELEMENT, TYPE=C3D6\n1, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16,\n17, 18\n"
+        "2, 1, 2, 3, 4, 5, 7\n");
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_EQ(
+        deck.text,
+        "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D6\n1, 1, 2, 3, 4, 5, 6\n2, 1, 2, 3, 4, 5, 7\n");
+    EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-element-long"));
+    // One line with numbers of something else ends there.
+    EXPECT_FALSE(
+        tidiedMesh("*ELEMENT, TYPE=C3D4\n1, 1, 2, 3, 4, 5, 6,\n2, 1, 2, 3, 4, 5, 7,\n").isNeeded);
+}
+
 TEST(TidyAbaqusMesh, PartsWithoutInstancesAreTakenAsTheyAre) {
     const Tidied deck = tidiedMesh("*PART, NAME=P\n*NODE\n1, 1, 0, 0\n*END PART\n");
     EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n1, 1, 0, 0\n");

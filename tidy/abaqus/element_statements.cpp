@@ -79,6 +79,17 @@ bool appendLine(DeckReader& reader, std::size_t most, std::vector<int>& numbers)
     return appendOtherNumbers(reader, most, numbers);
 }
 
+// Whether an element that has all nodes of its type goes on in the next line. Types with more nodes
+// than the reader holds do after any comma; others, of which some programs write more nodes than
+// the type has, where the line is full and `taken` numbers of it were needed.
+bool goesOn(const ElementType& type, std::string_view line, std::size_t taken) {
+    constexpr std::size_t kFullLine = 16;
+    if (!trimmed(line).ends_with(','))
+        return false;
+    const auto numbers = static_cast<std::size_t>(std::ranges::count(line, ','));
+    return type.hasMoreNodes || (numbers >= kFullLine && numbers > taken);
+}
+
 // Takes the lines of one element. False where it is not complete.
 bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& numbers) {
     DeckLines& lines = reader.lines;
@@ -86,14 +97,18 @@ bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& 
     numbers.clear();
     if (!appendLine(reader, most, numbers))
         return false;
-    bool isOpen = numbers.size() < most;
+    std::size_t taken = numbers.size();
+    bool isOpen = taken < most;
     if (isOpen && hasEmptyField(lines.line())) {
         reader.refuse(Finding::kNumberInvalid);
         return false;
     }
     const Place place = isOpen ? lines.place(trimmed(lines.line())) : Place();
     lines.setInside(true);
-    while (isOpen || (type.hasMoreNodes && trimmed(lines.line()).ends_with(','))) {
+    while (isOpen || goesOn(type, lines.line(), taken)) {
+        if (!isOpen && !type.hasMoreNodes)
+            lines.change(Finding::kElementLong, lines.line(), reader.statement.name("TYPE"));
+        taken = numbers.size();
         if (!lines.nextData()) {
             if (isOpen)
                 lines.noteAt(Finding::kElementIncomplete, place, {}, reader.statement.keyword);
@@ -101,6 +116,7 @@ bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& 
         }
         if (isOpen && !appendLine(reader, most, numbers))
             break;
+        taken = numbers.size() - taken;
         isOpen = numbers.size() < most;
     }
     lines.setInside(false);

@@ -55,6 +55,10 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "written as S3 or S4, by their corners. Solids with nodes in their faces are written without "
      "those.",
      ""},
+    {"tidy.abaqus-element-long", kNote, "elements of type {} are written without further nodes",
+     "An element that has more nodes than its type, over several lines, is one of more nodes that "
+     "the program has no name for. The reader takes the further lines for elements.",
+     ""},
     {"tidy.abaqus-set-generated", kNote, "the generated set {} is written as members",
      "The reader splits a lone section of elements by generated sets, and elements that are in "
      "several of them or in none would be repeated or lost.",

@@ -26,6 +26,7 @@ enum class Finding : std::size_t {
     kNodesGenerated,
     kElementsGenerated,
     kTypeChanged,
+    kElementLong,
     kSetGenerated,
     kSetNested,
     kSetInternal,
