@@ -150,10 +150,20 @@ TEST(TidyAbaqusFaces, NamesAreKeptApartAndTakeTheReadersCharacters) {
         "S1\n",
         CKVODeckTidy::kAbaqus);
     EXPECT_EQ(deck.text,
-              "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=A_ B\n1, 1, 2, 3, 4\n"
-              "*ELEMENT, TYPE=C3D4, ELSET=A_ B-2\n2, 1, 2, 3, 4\n*ELSET, ELSET=A__B-2\n2\n"
-              "*ELSET, ELSET=A__B\n1\n*SURFACE, TYPE=ELEMENT, NAME=S\nA__B, S1\nA__B-2, S1\n");
+              "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=A_ B-2\n1, 1, 2, 3, 4\n"
+              "*ELEMENT, TYPE=C3D4, ELSET=A_ B\n2, 1, 2, 3, 4\n*ELSET, ELSET=A__B\n2\n"
+              "*ELSET, ELSET=A__B-2\n1\n*SURFACE, TYPE=ELEMENT, NAME=S\nA__B-2, S1\nA__B, S1\n");
     EXPECT_THAT(deck.notes, Contains("tidy.abaqus-name-changed"));
+}
+
+TEST(TidyAbaqusFaces, NamesOfMoreCharactersThanTheReaderHoldsGiveWayToOthers) {
+    const std::string name(79, 'N');
+    const Tidied deck = tidyText("*ELEMENT, TYPE=C3D4, ELSET=" + name + "X\n1, 1, 2, 3, 4\n" +
+                                     "*ELEMENT, TYPE=C3D4, ELSET=" + name + "\n2, 1, 2, 3, 4\n",
+                                 CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=" + std::string(77, 'N') +
+                             "-2\n1, 1, 2, 3, 4\n" + "*ELEMENT, TYPE=C3D4, ELSET=" + name +
+                             "\n2, 1, 2, 3, 4\n");
 }
 
 TEST(TidyAbaqusFaces, PartsOfANameMayBeQuoted) {

@@ -147,6 +147,36 @@ TEST(TidyAbaqusGrammar, ACommaAtTheEndOfAKeywordMayMeanNothing) {
               "*ELSET, ELSET=B\n7\n*ELSET, ELSET=C\n7\n");
 }
 
+// The x coordinate of a node that is given as <x>.
+std::string coordinateOf(const std::string& definitions) {
+    const Tidied deck = tidied("*PARAMETER\n" + definitions + "*NODE\n1, <x>\n");
+    const std::string head = "** Tidy deck\n*NODE\n1, ";
+    return deck.text.starts_with(head)
+               ? deck.text.substr(head.size(), deck.text.find(',', head.size()) - head.size())
+               : "";
+}
+
+TEST(TidyAbaqusGrammar, ParametersHaveValues) {
+    EXPECT_EQ(coordinateOf("x = 2.5  # mm\n"), "2.5");
+    EXPECT_EQ(coordinateOf("a = 3\nX = -a * (1.5 + 2) / 2 - 1e-1\n"), "-5.35");
+    EXPECT_EQ(coordinateOf("x = 2 ** 3 ** 2 - -2**2\n"), "516");
+    EXPECT_EQ(coordinateOf("x = sqrt(16.) + sin(pi / 2) + int(2.9)\n"), "7");
+    EXPECT_EQ(coordinateOf("x = 6 / 3\n"), "2");
+    EXPECT_EQ(coordinateOf("x = 1\nx = x + 1\n"), "2");
+    for (const char* const unclear : {"x = 3 / 2\n", "x = y\n", "x = (1\n", "x = 1 / 0.\n",
+                                      "x = 'a'\n", "x = [1]\n", "x\n", "= 1\n"})
+        EXPECT_EQ(coordinateOf(unclear), "") << unclear;
+}
+
+TEST(TidyAbaqusGrammar, ParametersStandInAllLines) {
+    const Tidied deck = tidied(
+        "*PARAMETER\nwide = 1.5\nskin = 'SKIN'\nfirst = 7\n*NODE\n1,0,0,0\n2,<wide>,0,0\n"
+        "3,0,1,0\n*ELEMENT,TYPE=S3,ELSET=<skin>\n<first>,1,2,3\n*ELASTIC\n<modulus>\n");
+    EXPECT_EQ(deck.text, kTriangle);
+    EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-parameter", "tidy.abaqus-keyword-unread"));
+    EXPECT_THAT(tidied("*NODE\n1, 0, <x>\n").others, ElementsAre("2:7 tidy.abaqus-number-invalid"));
+}
+
 TEST(TidyAbaqusGrammar, AMissingFileIsAnErrorAndNothingIsWritten) {
     const Tidied deck = tidied("*NODE\n1,0,0,0\n*INCLUDE, INPUT=none.inc\n");
     EXPECT_FALSE(deck.isDone);

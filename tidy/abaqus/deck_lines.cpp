@@ -38,15 +38,27 @@ bool DeckLines::take() {
     }
     if (!files_.next())
         return false;
+    line_ = files_.line();
+    if (!parameters_.isEmpty())
+        putParameters();
     if (line().size() > kMostPiece)
         change(Finding::kLineSplit, line());
     return true;
 }
 
+// Values that the reader needs are told; in other statements they change nothing.
+void DeckLines::putParameters() {
+    if (!parameters_.substitute(files_.line(), substituted_))
+        return;
+    if (isPlainExpected_ || trimmed(line_).starts_with('*'))
+        change(Finding::kParameter, line_);
+    line_ = substituted_;
+}
+
 // Whether the line taken last is data of the present statement. Otherwise it is passed over, or it
 // is a statement that is kept for later.
 bool DeckLines::isData() {
-    std::string_view line = files_.line();
+    std::string_view line = line_;
     if (isFirst_ && line.starts_with(kByteOrderMark)) {
         change(Finding::kByteOrderMark, line);
         line.remove_prefix(kByteOrderMark.size());
@@ -112,6 +124,7 @@ void DeckLines::includeNamed(const Statement& statement) {
     if (name.size() > 1 && (name.front() == '"' || name.front() == '\''))
         name = name.substr(1, name.size() - 2);
     files_.include(trimmed(name));
+    line_ = {};
 }
 
 // Takes the lines after one that ends with a comma.

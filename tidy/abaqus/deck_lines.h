@@ -8,6 +8,7 @@
 
 #include "tidy/abaqus/findings.h"
 #include "tidy/abaqus/model.h"
+#include "tidy/abaqus/parameters.h"
 #include "tidy/abaqus/statement.h"
 #include "tidy/source_files.h"
 
@@ -23,7 +24,7 @@ class DeckLines {
 
     /// Takes the next data line of the statement. False at the next statement or the end.
     bool nextData();
-    std::string_view line() const { return files_.line(); }
+    std::string_view line() const { return line_; }
     std::uint32_t file() const { return files_.fileRow(); }
     /// The place of a field of the line taken last.
     Place place(std::string_view field) const {
@@ -44,6 +45,9 @@ class DeckLines {
 
     /// The lines of a file that the statement names in INPUT come before those that follow it.
     void includeInput(const Statement& statement);
+
+    /// Takes a definition of a parameter. Lines that come later have values for their names.
+    void defineParameter() { parameters_.define(line()); }
 
     /// Tells something that had to be changed.
     void change(Finding finding, std::string_view field, std::string_view subject = {}) {
@@ -85,12 +89,16 @@ class DeckLines {
     }
     bool take();
     bool isData();
+    void putParameters();
     bool followInclude();
     void passOverMark();
     void joinContinued();
     void includeNamed(const Statement& statement);
 
     SourceFiles& files_;
+    Parameters parameters_;
+    std::string_view line_;    // taken last
+    std::string substituted_;  // the same with values of parameters
     std::string keywordLine_;  // of the next statement, with the lines that continue it
     Place keywordPlace_;
     std::string statementLine_;  // the same of the present one

@@ -17,6 +17,7 @@ struct StatementRow {
 
 constexpr StatementRow kStatements[] = {
     {"NODE", readNodes},
+    {"PARAMETER", readParameters},
     {"SYSTEM", readSystem},
     {"NGEN", readNodeLines},
     {"NFILL", readNodeFill},
@@ -88,6 +89,11 @@ bool DeckReader::generate(std::size_t count) {
         return true;
     refuse(Finding::kTooMuch);
     return false;
+}
+
+void readParameters(DeckReader& reader) {
+    while (reader.lines.nextData())
+        reader.lines.defineParameter();
 }
 
 void readUnknownMesh(DeckReader& reader) {

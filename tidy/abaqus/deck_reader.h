@@ -58,6 +58,7 @@ void readPartEnd(DeckReader& reader);
 void readAssembly(DeckReader& reader);
 void readInstance(DeckReader& reader);
 void readInstanceEnd(DeckReader& reader);
+void readParameters(DeckReader& reader);
 void readUnknownMesh(DeckReader& reader);
 
 /// Adds a node of a scope; one that is known already gets another place.

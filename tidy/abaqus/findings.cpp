@@ -32,6 +32,9 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      ""},
     {"tidy.abaqus-number-form", kNote, "numbers are written in the plain form: {}",
      "The reader knows no exponents with D, and does not read on after an empty field.", ""},
+    {"tidy.abaqus-parameter", kNote, "values of parameters are written for their names",
+     "The reader takes a name between angle brackets for no number, or for a name as it stands.",
+     ""},
     {"tidy.abaqus-instance-placed", kNote, "the instance {} is placed, with numbers of its own",
      "The reader knows no parts and instances. The mesh of the part is moved to the place of the "
      "instance; where its numbers are taken already, it gets numbers after them.",

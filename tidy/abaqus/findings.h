@@ -19,6 +19,7 @@ enum class Finding : std::size_t {
     kKeywordContinued,
     kKeywordForm,
     kNumberForm,
+    kParameter,
     kPlaced,
     kPartPlaced,
     kPartUnused,

@@ -28,6 +28,12 @@ void forEachName(const Scope& scope, const Visit& visit) {
         visit(section.elset, section.place);
 }
 
+std::string foldedName(const std::string& name) {
+    std::string folded;
+    text::foldToUpper(name, folded);
+    return folded;
+}
+
 }  // namespace
 
 std::string linkedName(std::string name) {
@@ -43,23 +49,26 @@ SetNames::SetNames(const Frames& frames, DeckLines& lines) {
             if (known->second.first != frame.instance)
                 known->second.areMany = true;
         });
-    for (const Frame& frame : frames.all())
-        forEachName(*frame.scope, [&](const std::string& name, const Place& place) {
-            add(frame, name, owners.at(name).areMany, place, lines);
-        });
+    // Those that can stay as they are come first.
+    for (const bool isChanged : {false, true})
+        for (const Frame& frame : frames.all())
+            forEachName(*frame.scope, [&](const std::string& name, const Place& place) {
+                const bool isPrefixed = owners.at(name).areMany && frame.instance != kOwnScope;
+                const std::string written =
+                    writtenName(isPrefixed ? std::string(frame.name) + "." + name : name);
+                if (isChanged || written == foldedName(name))
+                    add({frame.instance, name}, written, place, lines);
+            });
 }
 
-void SetNames::add(const Frame& frame, const std::string& name, bool isShared, const Place& place,
+void SetNames::add(const Key& key, const std::string& written, const Place& place,
                    DeckLines& lines) {
-    const auto [entry, isNew] = names_.try_emplace({frame.instance, name});
+    const auto [entry, isNew] = names_.try_emplace(key);
     if (!isNew)
         return;
-    const bool isPrefixed = isShared && frame.instance != kOwnScope;
-    entry->second = unique(writtenName(isPrefixed ? std::string(frame.name) + "." + name : name));
-    std::string folded;
-    text::foldToUpper(name, folded);
-    if (entry->second != folded)
-        lines.changeAt(Finding::kNameChanged, place, entry->second, name);
+    entry->second = unique(written);
+    if (entry->second != foldedName(key.second))
+        lines.changeAt(Finding::kNameChanged, place, entry->second, key.second);
 }
 
 // Two names that differ in blanks alone are one in places.
