@@ -39,6 +39,14 @@ TEST(TidyAbaqusGrammar, APlainDeckNeedsNothing) {
     EXPECT_EQ(deck.elementOrigins, "7<7");
 }
 
+TEST(TidyAbaqusGrammar, ValuesMayHoldTheNamesOfParameters) {
+    EXPECT_FALSE(tidied("*ELEMENT, TYPE=C3D4, ELSET=ELSET1_TYPE\n1,1,2,3,4\n").isNeeded);
+    EXPECT_FALSE(tidied("*ELEMENT, TYPE=C3D4, ELSET=A TYPE B\n1,1,2,3,4\n").isNeeded);
+    const Tidied deck = tidied("*ELEMENT, ELSET=A TYPE B, TYPE=C3D4\n1,1,2,3,4\n");
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=A TYPE B\n1, 1, 2, 3, 4\n");
+}
+
 TEST(TidyAbaqusGrammar, ATidyDeckStaysAsItIs) {
     const Tidied deck = tidied(kTriangle);
     EXPECT_TRUE(deck.isDone);

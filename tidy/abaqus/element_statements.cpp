@@ -11,6 +11,7 @@
 #include "text/scan.h"
 #include "tidy/abaqus/deck_reader.h"
 #include "tidy/abaqus/fields.h"
+#include "tidy/abaqus/set_names.h"
 #include "tidy/abaqus/sets.h"
 
 namespace kvocaeio::tidy::abaqus {
@@ -278,7 +279,7 @@ void readElements(DeckReader& reader) {
     if (!type->newName.empty())
         lines.changeStatement(Finding::kTypeChanged, typeName);
     const std::string written =
-        type->newName.empty() ? writtenName(typeName) : std::string(type->newName);
+        type->newName.empty() ? linkedName(writtenName(typeName)) : std::string(type->newName);
     lines.includeInput(reader.statement);
     Block& block = blockFor(scope, {*type, written, elset, 0, {}, {}}, false);
     IdSet* const set = blockSet(reader, elset);

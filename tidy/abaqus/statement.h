@@ -48,6 +48,9 @@ struct Statement {
     std::string_view value(std::string_view name) const;
     /// The value as a name that is looked up.
     std::string name(std::string_view name) const { return nameOf(value(name)); }
+
+  private:
+    bool isMistaken(std::string_view name) const;
 };
 
 }  // namespace kvocaeio::tidy::abaqus
