@@ -88,6 +88,7 @@ bool SourceFiles::nextSeldom(bool isTaken) {
                               file.reader.failure(), file.line);
         }
     }
+    lastLine_ = file.line;
     files_.pop_back();
     if (files_.empty())
         return false;

@@ -55,8 +55,11 @@ class SourceFiles {
     /// Whether it ends with a line end, and holds no NUL.
     bool hasLineEnd() const { return hasLineEnd_; }
     /// Its place: the number of the line from 1, and the row of the file among those opened so far.
-    std::size_t lineNumber() const { return files_.empty() ? 0 : files_.back().line; }
+    /// After the end of the deck they are those of its last line.
+    std::size_t lineNumber() const { return files_.empty() ? lastLine_ : files_.back().line; }
     std::uint32_t fileRow() const { return file_; }
+    /// The column of a field in the line taken last, from 1; 0 where it is no part of it.
+    std::size_t columnOf(std::string_view field) const;
     /// The name of a file by its row.
     const std::string& fileName(std::uint32_t row) const { return known_[row].name; }
 
@@ -66,7 +69,10 @@ class SourceFiles {
     bool include(std::string_view given);
 
     /// Ends all files, as the last statement of a deck does.
-    void endDeck() { files_.clear(); }
+    void endDeck() {
+        lastLine_ = lineNumber();
+        files_.clear();
+    }
 
     /// Whether anything was found that makes the deck incomplete.
     bool isIncomplete() const { return isIncomplete_; }
@@ -106,7 +112,6 @@ class SourceFiles {
         bool isOutside = false;
     };
 
-    std::size_t columnOf(std::string_view field) const;
     bool nextSeldom(bool isTaken);
     bool joinPieces(OpenFile& file);
     std::uint32_t rowOfFile(const std::filesystem::path& path, std::string name);
@@ -122,6 +127,7 @@ class SourceFiles {
     std::string_view line_;
     std::string joined_;  // a line of several pieces
     std::uint32_t file_ = 0;
+    std::size_t lastLine_ = 0;  // of the deck, once it has ended
     std::size_t includes_ = 0;
     std::uintmax_t repeated_ = 0;
     bool hasLineEnd_ = false;

@@ -4,7 +4,7 @@ import os
 import re
 from collections import Counter
 
-SOLIDS = {4: 4, 5: 5, 6: 6, 8: 8, 10: 4, 15: 6, 20: 8}
+SOLIDS = {4: 4, 5: 5, 6: 6, 8: 8, 10: 4, 13: 5, 15: 6, 20: 8, 27: 8}
 SHELLS = [("STRI65", 6, 3), ("STRI3", 3, 3), ("S9R5", 9, 4)] + [
     (family + digit, nodes, corners)
     for family in ("S", "DS", "US", "CPS")
@@ -56,7 +56,7 @@ def number(text):
 
 class Deck:
     def __init__(self, path):
-        self.nodes, self.elements, self.sets = {}, {}, {}
+        self.nodes, self.elements, self.sections, self.sets = {}, {}, {}, {}
         self.surfaces, self.loads, self.thicknesses = [], [], []
         keyword, parameters, values = "", {}, []
         for line in lines_of(path):
@@ -91,8 +91,10 @@ class Deck:
         fields = []
         for row in rows:
             fields += [int(field) for field in row if field]
-            if len(fields) > kind[0]:
+            goes_on = not row[-1] and (len(row) > 16 or kind[0] > 20)
+            if len(fields) > kind[0] and (not goes_on or len(fields) == kind[0] + 1):
                 self.elements[fields[0]] = (kind[2], tuple(fields[1 : kind[1] + 1]))
+                self.sections[fields[0]] = parameters.get("ELSET", "")
                 self.sets.setdefault(parameters.get("ELSET", ""), []).append(fields[0])
                 fields = []
 
@@ -114,7 +116,8 @@ class Deck:
 
     def read_shellsection(self, parameters, rows):
         layers = rows if "COMPOSITE" in parameters else rows[:1]
-        self.thicknesses.append(sum(number(row[0]) for row in layers))
+        thickness = sum(number(row[0]) for row in layers)
+        self.thicknesses.append((thickness, parameters.get("ELSET", "")))
 
     def members(self, name):
         if name.isdigit():
@@ -128,6 +131,10 @@ class Deck:
             for member in self.sets.get(name, []):
                 found.add(member) if isinstance(member, int) else waiting.append(member)
         return found
+
+    def held_members(self, name):
+        """Those that the reader holds."""
+        return self.members(name) & self.elements.keys()
 
     def faces(self, name, label, letter):
         match = re.fullmatch(letter + "([1-6])", label.upper())

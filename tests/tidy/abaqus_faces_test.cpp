@@ -45,7 +45,7 @@ TEST(TidyAbaqusFaces, GeneratedAndNestedSetsAreWrittenAsMembers) {
               "*ELSET, ELSET=A\n1, 2, 3\n*ELSET, ELSET=B\n1, 2, 3\n*ELSET, ELSET=_S_S2\n1, 2\n"
               "*SURFACE, TYPE=ELEMENT, NAME=S\n_S_S2, S2\n");
     EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-surface-item", "tidy.abaqus-set-generated"));
-    EXPECT_THAT(deck.others, ElementsAre("17:0 tidy.abaqus-face-missing"));
+    EXPECT_THAT(deck.others, ElementsAre("17:1 tidy.abaqus-face-missing"));
 }
 
 TEST(TidyAbaqusFaces, GeneratedSetsAreChangedWhereTheyWouldSplitALoneSection) {
@@ -113,14 +113,23 @@ TEST(TidyAbaqusFaces, LoadsOnSetsAreWrittenOneByOne) {
                                         "tidy.abaqus-load-unread", "tidy.abaqus-load-on-set"));
 }
 
+TEST(TidyAbaqusFaces, LoadsOnSurfacesAreWrittenFaceByFace) {
+    const Tidied deck = tidiedFaces(
+        "*SURFACE, NAME=S\n1, S2\n2, S3\n*STEP\n*DSLOAD\ns, P, 1.5\nS, TRVEC, 1., 0, 0, 1\n"
+        "T, P, 1.\n*DSLOAD, OP=NEW\n\"S\", p, -2.D0\n");
+    EXPECT_EQ(restOf(deck).substr(restOf(deck).find("*DLOAD")),
+              "*DLOAD\n1, P2, 1.5\n2, P3, 1.5\n1, P2, -2\n2, P3, -2\n");
+    EXPECT_THAT(deck.others, ElementsAre("19:1 tidy.abaqus-surface-missing"));
+}
+
 TEST(TidyAbaqusFaces, FacesOfShellsAreToldAndLeftOut) {
     const Tidied deck = tidiedFaces(
         "*ELSET, ELSET=A\nSKIN\n*SURFACE, TYPE=ELEMENT, NAME=S\nA, SPOS\nA, S1\n*DLOAD\n"
         "3, P1, 1\n4, P1, 1\n");
     EXPECT_EQ(restOf(deck), "*ELSET, ELSET=A\n3\n");
     EXPECT_THAT(deck.others,
-                ElementsAre("15:4 tidy.abaqus-face-unread", "16:0 tidy.abaqus-face-missing",
-                            "18:0 tidy.abaqus-face-missing", "19:0 tidy.abaqus-set-missing"));
+                ElementsAre("15:4 tidy.abaqus-face-unread", "16:1 tidy.abaqus-face-missing",
+                            "18:1 tidy.abaqus-face-missing", "19:1 tidy.abaqus-set-missing"));
 }
 
 TEST(TidyAbaqusFaces, ShellSectionsHaveTheirMaterialAndOneThickness) {
@@ -141,10 +150,52 @@ TEST(TidyAbaqusFaces, NamesAreKeptApartAndTakeTheReadersCharacters) {
         "S1\n",
         CKVODeckTidy::kAbaqus);
     EXPECT_EQ(deck.text,
-              "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=A_ B\n1, 1, 2, 3, 4\n"
-              "*ELEMENT, TYPE=C3D4, ELSET=A_ B-2\n2, 1, 2, 3, 4\n*ELSET, ELSET=A__B-2\n2\n"
-              "*ELSET, ELSET=A__B\n1\n*SURFACE, TYPE=ELEMENT, NAME=S\nA__B, S1\nA__B-2, S1\n");
+              "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=A_ B-2\n1, 1, 2, 3, 4\n"
+              "*ELEMENT, TYPE=C3D4, ELSET=A_ B\n2, 1, 2, 3, 4\n*ELSET, ELSET=A__B\n2\n"
+              "*ELSET, ELSET=A__B-2\n1\n*SURFACE, TYPE=ELEMENT, NAME=S\nA__B-2, S1\nA__B, S1\n");
     EXPECT_THAT(deck.notes, Contains("tidy.abaqus-name-changed"));
+}
+
+TEST(TidyAbaqusFaces, NamesOfMoreCharactersThanTheReaderHoldsGiveWayToOthers) {
+    const std::string name(79, 'N');
+    const Tidied deck = tidyText("*ELEMENT, TYPE=C3D4, ELSET=" + name + "X\n1, 1, 2, 3, 4\n" +
+                                     "*ELEMENT, TYPE=C3D4, ELSET=" + name + "\n2, 1, 2, 3, 4\n",
+                                 CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=" + std::string(77, 'N') +
+                             "-2\n1, 1, 2, 3, 4\n" + "*ELEMENT, TYPE=C3D4, ELSET=" + name +
+                             "\n2, 1, 2, 3, 4\n");
+}
+
+TEST(TidyAbaqusFaces, PartsOfANameMayBeQuoted) {
+    const Tidied deck = tidyText(
+        "*PART, NAME=\"Part 1\"\n*NODE\n1\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n"
+        "*ELSET, ELSET=\"Set 1\"\n1\n*END PART\n*ASSEMBLY, NAME=A\n"
+        "*INSTANCE, NAME=\"Part 1-1\", PART=\"Part 1\"\n*END INSTANCE\n"
+        "*SURFACE, TYPE=ELEMENT, NAME=S\n\"Part 1-1\".\"Set 1\", S1\n*END ASSEMBLY\n"
+        "*DLOAD\n\"Part 1-1.Set 1\", P2, 3.\n\"Part 1-1\".1, P3, 3.\n",
+        CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n1, 0, 0, 0\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n"
+              "*ELSET, ELSET=SET_1\n1\n*SURFACE, TYPE=ELEMENT, NAME=S\nSET_1, S1\n"
+              "*DLOAD\n1, P2, 3\n1, P3, 3\n");
+    EXPECT_THAT(deck.others, IsEmpty());
+}
+
+TEST(TidyAbaqusFaces, SetsOfSetsOfSeveralInstancesAndSteps) {
+    const Tidied deck = tidyText(
+        "*PART, NAME=P\n*NODE\n1\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n2, 1, 1, 1, 1\n"
+        "3, 1, 1, 1, 1\n4, 1, 1, 1, 1\n*ELSET, ELSET=ODD, GENERATE\n1, 4, 2\n*END PART\n"
+        "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n"
+        "*INSTANCE, NAME=J, PART=P\n*END INSTANCE\n"
+        "*ELSET, ELSET=BOTH, INSTANCE=I, INTERNAL\n4,\n*ELSET, ELSET=BOTH, INSTANCE=J\n2,\n"
+        "*ELSET, ELSET=ALL\nBOTH, I.ODD, j.odd\n*SURFACE, NAME=S\nALL, S4\n*END ASSEMBLY\n"
+        "*STEP\n*DLOAD\nBOTH, P1, 1\n*END STEP\n*STEP\n*DSLOAD\nS, P, 2\n*END STEP\n",
+        CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text.substr(deck.text.find("*ELSET")),
+              "*ELSET, ELSET=I.ODD\n1, 3\n*ELSET, ELSET=J.ODD\n5, 7\n"
+              "*ELSET, ELSET=ALL\n1, 3, 4, 5, 6, 7\n*ELSET, ELSET=BOTH\n4, 6\n"
+              "*SURFACE, TYPE=ELEMENT, NAME=S\nALL, S4\n*DLOAD\n4, P1, 1\n6, P1, 1\n"
+              "1, P4, 2\n3, P4, 2\n4, P4, 2\n5, P4, 2\n6, P4, 2\n7, P4, 2\n");
 }
 
 TEST(TidyAbaqusFaces, SetsOfInstancesAreFoundFromTheAssembly) {

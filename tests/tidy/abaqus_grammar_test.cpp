@@ -1,4 +1,5 @@
 /// Lines of Abaqus decks in every form that means the same.
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -36,6 +37,14 @@ TEST(TidyAbaqusGrammar, APlainDeckNeedsNothing) {
     EXPECT_THAT(deck.others, IsEmpty());
     EXPECT_EQ(deck.nodeOrigins, "1<1 2<2 3<3");
     EXPECT_EQ(deck.elementOrigins, "7<7");
+}
+
+TEST(TidyAbaqusGrammar, ValuesMayHoldTheNamesOfParameters) {
+    EXPECT_FALSE(tidied("*ELEMENT, TYPE=C3D4, ELSET=ELSET1_TYPE\n1,1,2,3,4\n").isNeeded);
+    EXPECT_FALSE(tidied("*ELEMENT, TYPE=C3D4, ELSET=A TYPE B\n1,1,2,3,4\n").isNeeded);
+    const Tidied deck = tidied("*ELEMENT, ELSET=A TYPE B, TYPE=C3D4\n1,1,2,3,4\n");
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D4, ELSET=A TYPE B\n1, 1, 2, 3, 4\n");
 }
 
 TEST(TidyAbaqusGrammar, ATidyDeckStaysAsItIs) {
@@ -103,6 +112,79 @@ TEST(TidyAbaqusGrammar, FilesArePutWhereTheyAreNamed) {
     EXPECT_THAT(deck.notes, ElementsAre("tidy.included", "tidy.included", "tidy.included"));
 }
 
+TEST(TidyAbaqusGrammar, DataOfSetsAndSurfacesMayStandInFiles) {
+    const TempFolder folder;
+    folder.write("a.inc", "7, 8\n");
+    folder.write("nodes.inc", "1, 3\n");
+    folder.write("faces.inc", "A, S1\n");
+    folder.write("deck",
+                 "*NODE\n1,0,0,0\n2,4,0,0\n3,2,0,0\n*ELEMENT,TYPE=C3D4\n7,1,2,3,1\n8,1,2,3,1\n"
+                 "*ELSET,ELSET=A,INPUT=a.inc\n*NSET,NSET=N,INPUT=nodes.inc\n"
+                 "*NCOPY,OLD SET=N,CHANGE NUMBER=10,SHIFT\n1,0,0\n"
+                 "*SURFACE,NAME=S,INPUT=faces.inc\n");
+    const Tidied deck = tidyFile(folder, "deck", CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n1, 0, 0, 0\n2, 4, 0, 0\n3, 2, 0, 0\n11, 1, 0, 0\n13, 3, 0, 0\n"
+              "*ELEMENT, TYPE=C3D4\n7, 1, 2, 3, 1\n8, 1, 2, 3, 1\n*ELSET, ELSET=A\n7, 8\n"
+              "*SURFACE, TYPE=ELEMENT, NAME=S\nA, S1\n");
+}
+
+TEST(TidyAbaqusGrammar, FilesNameFoldersAsOtherSystemsDo) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.file("mesh"));
+    folder.write("mesh/nodes.inc", "1,0,0,0\n2,1.5,0,0\n3,0,1,0\n");
+    folder.write("deck",
+                 "*NODE\n*INCLUDE, INPUT=.\\MESH\\Nodes.inc\n*ELEMENT, TYPE=S3, ELSET=SKIN\n"
+                 "7, 1, 2, 3\n");
+    EXPECT_EQ(tidyFile(folder, "deck", CKVODeckTidy::kAbaqus).text, kTriangle);
+}
+
+TEST(TidyAbaqusGrammar, CommentsMayStandBetweenTheLinesOfAKeyword) {
+    const Tidied deck = tidied(
+        "*NODE\n1,0,0,0\n2,1.5,0,0\n3,0,1,0\n*ELEMENT,\n** of the skin\nTYPE=S3,\n  ELSET=SKIN\n"
+        "7,1,2,3\n");
+    EXPECT_EQ(deck.text, kTriangle);
+}
+
+TEST(TidyAbaqusGrammar, ACommaAtTheEndOfAKeywordMayMeanNothing) {
+    const Tidied deck = tidied(
+        "*NODE,\n1,0,0,0\n*ELEMENT,TYPE=C3D4,ELSET=A,\n7,1,1,1,1\n*ELSET,ELSET=B,\nA,7\n"
+        "*ELSET,ELSET=C,\nGENERATE\n5,9\n");
+    EXPECT_EQ(deck.text,
+              "** Tidy deck\n*NODE\n1, 0, 0, 0\n*ELEMENT, TYPE=C3D4, ELSET=A\n7, 1, 1, 1, 1\n"
+              "*ELSET, ELSET=B\n7\n*ELSET, ELSET=C\n7\n");
+}
+
+// The x coordinate of a node that is given as <x>.
+std::string coordinateOf(const std::string& definitions) {
+    const Tidied deck = tidied("*PARAMETER\n" + definitions + "*NODE\n1, <x>\n");
+    const std::string head = "** Tidy deck\n*NODE\n1, ";
+    return deck.text.starts_with(head)
+               ? deck.text.substr(head.size(), deck.text.find(',', head.size()) - head.size())
+               : "";
+}
+
+TEST(TidyAbaqusGrammar, ParametersHaveValues) {
+    EXPECT_EQ(coordinateOf("x = 2.5  # mm\n"), "2.5");
+    EXPECT_EQ(coordinateOf("a = 3\nX = -a * (1.5 + 2) / 2 - 1e-1\n"), "-5.35");
+    EXPECT_EQ(coordinateOf("x = 2 ** 3 ** 2 - -2**2\n"), "516");
+    EXPECT_EQ(coordinateOf("x = sqrt(16.) + sin(pi / 2) + int(2.9)\n"), "7");
+    EXPECT_EQ(coordinateOf("x = 6 / 3\n"), "2");
+    EXPECT_EQ(coordinateOf("x = 1\nx = x + 1\n"), "2");
+    for (const char* const unclear : {"x = 3 / 2\n", "x = y\n", "x = (1\n", "x = 1 / 0.\n",
+                                      "x = 'a'\n", "x = [1]\n", "x\n", "= 1\n"})
+        EXPECT_EQ(coordinateOf(unclear), "") << unclear;
+}
+
+TEST(TidyAbaqusGrammar, ParametersStandInAllLines) {
+    const Tidied deck = tidied(
+        "*PARAMETER\nwide = 1.5\nskin = 'SKIN'\nfirst = 7\n*NODE\n1,0,0,0\n2,<wide>,0,0\n"
+        "3,0,1,0\n*ELEMENT,TYPE=S3,ELSET=<skin>\n<first>,1,2,3\n*ELASTIC\n<modulus>\n");
+    EXPECT_EQ(deck.text, kTriangle);
+    EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-parameter", "tidy.abaqus-keyword-unread"));
+    EXPECT_THAT(tidied("*NODE\n1, 0, <x>\n").others, ElementsAre("2:7 tidy.abaqus-number-invalid"));
+}
+
 TEST(TidyAbaqusGrammar, AMissingFileIsAnErrorAndNothingIsWritten) {
     const Tidied deck = tidied("*NODE\n1,0,0,0\n*INCLUDE, INPUT=none.inc\n");
     EXPECT_FALSE(deck.isDone);
@@ -122,9 +204,15 @@ TEST(TidyAbaqusGrammar, NumbersKeepTheirValue) {
 
 TEST(TidyAbaqusGrammar, WhatIsNoNumberIsAnErrorWithItsPlace) {
     EXPECT_THAT(tidied("*NODE\n1, x, 0, 0\n").others,
-                ElementsAre("2:1 tidy.abaqus-number-invalid"));
+                ElementsAre("2:4 tidy.abaqus-number-invalid"));
     EXPECT_THAT(tidied("*ELEMENT, TYPE=C3D4\n1, 1, 2,\n*STEP\n").others,
-                ElementsAre("3:1 tidy.abaqus-element-incomplete"));
+                ElementsAre("2:1 tidy.abaqus-element-incomplete"));
+    EXPECT_THAT(tidied("*ELEMENT, TYPE=C3D4\n\n  1, 1, 2,\n").others,
+                ElementsAre("3:3 tidy.abaqus-element-incomplete"));
+    EXPECT_THAT(tidied("*ELEMENT, TYPE=C3D4\n1, 1, 2.5, 3, 4\n").others,
+                ElementsAre("2:7 tidy.abaqus-number-invalid"));
+    EXPECT_THAT(tidied("*ELSET, ELSET=A, GENERATE\n1, 5, x\n").others,
+                ElementsAre("2:7 tidy.abaqus-number-invalid"));
 }
 
 TEST(TidyAbaqusGrammar, WhatIsNoDecimalNumberIsAnError) {

@@ -34,6 +34,31 @@ TEST(TidyAbaqusMesh, EachInstanceIsPlacedWithNumbersOfItsOwn) {
     EXPECT_EQ(deck.elementOrigins, "1<1 2<1");
 }
 
+// The nodes of a part of (1, 0, 0) and (0, 2, 0), placed by some lines.
+std::string placedNodes(const std::string& lines) {
+    const Tidied deck = tidiedMesh(
+        "*PART, NAME=P\n*NODE\n1, 1, 0, 0\n2, 0, 2, 0\n*END PART\n*ASSEMBLY, NAME=A\n"
+        "*INSTANCE, NAME=I, PART=P\n" +
+        lines + "*END INSTANCE\n*END ASSEMBLY\n");
+    const std::string head = "** Tidy deck\n*NODE\n";
+    return deck.text.starts_with(head) ? deck.text.substr(head.size()) : deck.text;
+}
+
+TEST(TidyAbaqusMesh, AnInstanceIsMovedAndThenTurnedAboutTheAxisThroughTwoPoints) {
+    EXPECT_EQ(placedNodes(""), "1, 1, 0, 0\n2, 0, 2, 0\n");
+    EXPECT_EQ(placedNodes("10., 0., 3.\n"), "1, 11, 0, 3\n2, 10, 2, 3\n");
+    // About the line x = 10, y = 0: (11, 0, 3) to (10, 1, 3), (10, 2, 3) to (8, 0, 3).
+    EXPECT_EQ(placedNodes("10., 0., 3.\n10., 0., 0., 10., 0., 1., 90.\n"),
+              "1, 10, 1, 3\n2, 8, 0, 3\n");
+    // The other way round with the points in the other order.
+    EXPECT_EQ(placedNodes("10., 0., 3.\n10., 0., 1., 10., 0., 0., 90.\n"),
+              "1, 10, -1, 3\n2, 12, 0, 3\n");
+    // A half turn about a line in no plane of the axes: x and y change places, z its sign.
+    EXPECT_EQ(placedNodes("0., 0., 0.\n0., 0., 0., 5., 5., 0., 180.\n"),
+              "1, 0, 1, 0\n2, 2, 0, 0\n");
+    EXPECT_EQ(placedNodes("0., 0., 0., 0., 0., 1., 180.\n"), "1, -1, 0, 0\n2, 0, -2, 0\n");
+}
+
 TEST(TidyAbaqusMesh, AnInstanceMayHoldTheMeshItself) {
     const Tidied deck = tidiedMesh(
         "*PART, NAME=P\n*END PART\n*ASSEMBLY, NAME=ALL\n*INSTANCE, NAME=I, PART=P\n5, 0, 0\n"
@@ -41,6 +66,20 @@ TEST(TidyAbaqusMesh, AnInstanceMayHoldTheMeshItself) {
         "*END ASSEMBLY\n");
     EXPECT_EQ(deck.text,
               "** Tidy deck\n*NODE\n1, 6, 0, 0\n*ELEMENT, TYPE=S3, ELSET=A\n1, 1, 1, 1\n");
+}
+
+TEST(TidyAbaqusMesh, ElementsWithMoreNodesThanTheirTypeAreReadToTheirEnd) {
+    const Tidied deck = tidiedMesh(
+        "*ELEMENT, TYPE=C3D6\n1, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16,\n17, 18\n"
+        "2, 1, 2, 3, 4, 5, 7\n");
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_EQ(
+        deck.text,
+        "** Tidy deck\n*NODE\n*ELEMENT, TYPE=C3D6\n1, 1, 2, 3, 4, 5, 6\n2, 1, 2, 3, 4, 5, 7\n");
+    EXPECT_THAT(deck.notes, ElementsAre("tidy.abaqus-element-long"));
+    // One line with numbers of something else ends there.
+    EXPECT_FALSE(
+        tidiedMesh("*ELEMENT, TYPE=C3D4\n1, 1, 2, 3, 4, 5, 6,\n2, 1, 2, 3, 4, 5, 7,\n").isNeeded);
 }
 
 TEST(TidyAbaqusMesh, PartsWithoutInstancesAreTakenAsTheyAre) {
@@ -60,6 +99,31 @@ TEST(TidyAbaqusMesh, CoordinatesOfSystemsBecomeGlobal) {
         "*NODE, SYSTEM=C\n1, 2, 90, 3\n*NODE, SYSTEM=S\n2, 2, 0, 90\n"
         "*SYSTEM\n10, 0, 0, 10, 1, 0\n9, 0, 0\n*NODE\n3, 1, 2, 3\n*SYSTEM\n*NODE\n4, 1, 2, 3\n");
     EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n1, 0, 2, 3\n2, 0, 0, 2\n3, 8, 1, 3\n4, 1, 2, 3\n");
+}
+
+TEST(TidyAbaqusMesh, ASystemHasOneTwoOrThreePoints) {
+    const auto nodesOf = [](const std::string& system) {
+        const Tidied deck = tidiedMesh("*SYSTEM\n" + system + "*NODE\n1, 1, 2, 3\n");
+        return deck.text.substr(deck.text.find("\n1, ") + 1);
+    };
+    EXPECT_EQ(nodesOf("10, 20, 30\n"), "1, 11, 22, 33\n");
+    // x along the global y, y along the global -x.
+    EXPECT_EQ(nodesOf("10, 20, 30, 10, 25, 30\n"), "1, 8, 21, 33\n");
+    // x along the global z, y along the global x, so z along the global y.
+    EXPECT_EQ(nodesOf("10, 20, 30, 10, 20, 31\n15, 20, 40\n"), "1, 12, 23, 31\n");
+    EXPECT_EQ(nodesOf("10, 20, 30\n*SYSTEM\n"), "1, 1, 2, 3\n");
+}
+
+TEST(TidyAbaqusMesh, CylindricalCoordinatesOfALocalSystem) {
+    const Tidied deck = tidiedMesh("*SYSTEM\n10, 0, 0, 10, 1, 0\n*NODE, SYSTEM=C\n1, 2, 90, 5\n");
+    EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n1, 8, 0, 5\n");
+}
+
+TEST(TidyAbaqusMesh, ASystemOfAPartEndsWithIt) {
+    const Tidied deck = tidiedMesh(
+        "*PART, NAME=P\n*SYSTEM\n5, 0, 0\n*NODE\n1, 1, 0, 0\n*END PART\n*ASSEMBLY, NAME=A\n"
+        "*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n*NODE\n9, 1, 0, 0\n*END ASSEMBLY\n");
+    EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n1, 6, 0, 0\n9, 1, 0, 0\n");
 }
 
 TEST(TidyAbaqusMesh, NodesOfALineAnArcAndAParabola) {
@@ -106,7 +170,7 @@ TEST(TidyAbaqusMesh, RowsOfElementsAndReflectedCopies) {
 TEST(TidyAbaqusMesh, GenerationFromWhatIsNotThereIsAnError) {
     EXPECT_THAT(tidiedMesh("*NGEN\n1, 5\n").others,
                 ElementsAre("2:1 tidy.abaqus-generation-invalid"));
-    EXPECT_THAT(tidiedMesh("*NODE, NSET=A\n1, 0\n*NFILL, SINGULAR=1\nA, A, 2, 10\n").others,
+    EXPECT_THAT(tidiedMesh("*NODE, NSET=A\n1, 0\n*NFILL, SINGULAR=3\nA, A, 2, 10\n").others,
                 ElementsAre("3:1 tidy.abaqus-statement-unread"));
     EXPECT_THAT(tidiedMesh("*NODE\n1, 0\n*NMAP, NSET=A, TYPE=RECTANGULAR\n").others,
                 ElementsAre("3:1 tidy.abaqus-statement-unread"));
@@ -123,7 +187,7 @@ TEST(TidyAbaqusMesh, MoreThanCanBeWrittenIsAnError) {
                            "*INSTANCE, NAME=A, PART=P\n*END INSTANCE\n"
                            "*INSTANCE, NAME=B, PART=P\n*END INSTANCE\n")
                     .others,
-                ElementsAre("0:0 tidy.abaqus-too-much"));
+                ElementsAre("9:1 tidy.abaqus-too-much"));
 }
 
 TEST(TidyAbaqusMesh, OriginsTellInstanceAndFile) {

@@ -14,14 +14,20 @@ import shutil
 import subprocess
 import sys
 import tempfile
-from collections import Counter
+from collections import Counter, namedtuple
 
 from abaqus_deck import Deck
 
 try:
     import meshio
+    import numpy
 except ImportError:
     meshio = None
+
+
+Tables = namedtuple(
+    "Tables", "nodes elements sections faces thicknesses rows sorted_count"
+)
 
 
 def tables(program, deck, scratch, is_tidy):
@@ -30,7 +36,7 @@ def tables(program, deck, scratch, is_tidy):
     command = [program, deck, printed] + ([os.path.join(scratch, "tidy.inp")] if is_tidy else [])
     if subprocess.run(command, stdout=subprocess.DEVNULL, check=False).returncode != 0:
         return None
-    nodes, rows, elements = {}, [], {}
+    nodes, rows, elements, sections, section = {}, [], {}, {}, ""
     faces = {"F": Counter(), "D": Counter()}
     thicknesses = []
     sorted_count = 0
@@ -43,13 +49,16 @@ def tables(program, deck, scratch, is_tidy):
             nodes[rows[-1]] = tuple(float(f) for f in fields[1:])
         elif kind == "E":
             elements[int(fields[1])] = (fields[0] == "2", tuple(int(f) for f in fields[2:]))
+            sections[int(fields[1])] = section
+        elif kind == "X":
+            section = line[2:].strip()
         elif kind == "T":
-            thicknesses.append(float(fields[0]))
+            thicknesses.append((float(fields[0]), " ".join(fields[1:])))
         elif kind == "S":
             sorted_count += 1
         else:
             faces[kind][frozenset(rows[int(f)] for f in fields)] += 1
-    return nodes, elements, faces, thicknesses, len(rows), sorted_count
+    return Tables(nodes, elements, sections, faces, thicknesses, len(rows), sorted_count)
 
 
 def corners_of(elements):
@@ -61,16 +70,26 @@ def corners_of(elements):
 
 
 def differences(deck, found):
-    nodes, elements, faces, thicknesses, rows, sorted_count = found
+    sorted_count = found.sorted_count if deck.nodes else len(deck.elements)
     checks = [
-        ("nodes", nodes == deck.nodes and rows == len(nodes)),
-        ("elements", corners_of(elements) == deck.elements),
-        ("sections", sorted_count == len(deck.elements) or not deck.nodes),
-        ("surfaces", faces["F"] == deck.surface_faces()),
-        ("loads", faces["D"] == deck.load_faces()),
-        ("thicknesses", thicknesses == deck.thicknesses),
+        ("nodes", found.nodes == deck.nodes and found.rows == len(found.nodes)),
+        ("elements", corners_of(found.elements) == deck.elements),
+        ("sections", found.sections == deck.sections and sorted_count == len(deck.elements)),
+        ("surfaces", found.faces["F"] == deck.surface_faces()),
+        ("loads", found.faces["D"] == deck.load_faces()),
+        ("thicknesses", found.thicknesses == deck.thicknesses),
     ]
     return [name for name, is_equal in checks if not is_equal]
+
+
+def has_same_sets(deck, tidy):
+    # Only the names of blocks may have blanks in the new deck.
+    return all(
+        deck.held_members(name)
+        == tidy.held_members(name) | tidy.held_members(name.replace(" ", "_"))
+        for name in deck.sets
+        if name
+    )
 
 
 def decks_in(folder, scratch):
@@ -101,35 +120,51 @@ BODIES = {
 }
 
 
-def gmsh_files(scratch, ending):
-    """Meshes of seven bodies, of both orders."""
+def gmsh_files(scratch, ending, styles):
+    """Meshes of seven bodies, of both orders, saved in several styles: lines of options."""
     folder = os.path.join(scratch, ending)
     os.mkdir(folder)
-    for (name, body), order in itertools.product(BODIES.items(), (1, 2)):
-        path = os.path.join(folder, f"{name}{order}")
+    for (name, body), order in itertools.product(BODIES.items(), ("1", "2", "2i")):
+        path = os.path.join(folder, name + order)
         with open(path + ".geo", "w", encoding="ascii") as file:
             file.write(f'SetFactory("OpenCASCADE");\n{body}\nMesh.MeshSizeMax=0.6;'
-                       f"Mesh.ElementOrder={order};Mesh.SecondOrderIncomplete=1;\n")
-        command = ["gmsh", "-3", "-format", ending, "-o", f"{path}.{ending}", path + ".geo"]
-        subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
+                       f"Mesh.ElementOrder={order[0]};"
+                       f"Mesh.SecondOrderIncomplete={int(order == '2i')};\nMesh 3;\n")
+            for row, style in enumerate(styles):
+                file.write(f'{style}\nSave "{path}-{row}.{ending}";\n')
+        subprocess.run(["gmsh", "-", path + ".geo"], stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, check=False)
     return folder
 
 
+def gmsh_decks(scratch):
+    """All elements or those of groups, with and without groups of elements and of nodes."""
+    styles = [
+        f"Mesh.SaveAll={save_all};Mesh.SaveGroupsOfElements={elements};Mesh.SaveGroupsOfNodes={nodes};"
+        for save_all, elements, nodes in itertools.product((0, 1), repeat=3)
+    ]
+    return gmsh_files(scratch, "inp", styles)
+
+
 def meshio_decks(scratch):
-    """The same meshes as meshio writes them, in three forms of numbers."""
-    folder = gmsh_files(scratch, "msh2")
-    for name in os.listdir(folder):
-        if not name.endswith(".msh2"):
-            os.remove(os.path.join(folder, name))
+    """The same meshes as meshio writes them, in three forms of numbers, with and without sets."""
+    folder = gmsh_files(scratch, "msh2", ["Mesh.MshFileVersion=2.2;Mesh.SaveAll=1;"])
     known = meshio.abaqus._abaqus.meshio_to_abaqus_type
     for name in sorted(os.listdir(folder)):
         path = os.path.join(folder, name)
+        if not name.endswith(".msh2"):
+            continue
         with contextlib.redirect_stdout(io.StringIO()), contextlib.suppress(KeyError):
             mesh = meshio.gmsh.read(path)  # a KeyError where it does not know all elements
             mesh.cells = [block for block in mesh.cells if block.type in known]
             mesh.cell_data, mesh.cell_sets = {}, {}
             for form in (".6e", ".16e", ".3f"):
                 meshio.abaqus.write(path + form[1:] + ".inp", mesh, form)
+            mesh.point_sets = {"some nodes": numpy.arange(0, len(mesh.points), 2)}
+            mesh.cell_sets = {
+                "every third": [numpy.arange(0, len(block), 3) for block in mesh.cells]
+            }
+            meshio.abaqus.write(path + "-sets.inp", mesh)
     return folder
 
 
@@ -141,7 +176,7 @@ def sources(scratch):
     }
     yield from ((name, path) for name, path in packages.items() if os.path.isdir(path))
     if shutil.which("gmsh"):
-        yield "Gmsh", gmsh_files(scratch, "inp")
+        yield "Gmsh", gmsh_decks(scratch)
         if meshio:
             yield "meshio", meshio_decks(scratch)
 
@@ -154,6 +189,8 @@ def compare(program, path, scratch):
     plain = tables(program, path, scratch, False)
     found = tables(program, path, scratch, True)
     wrong = ["refused"] if found is None else differences(deck, found)
+    if found and not has_same_sets(deck, Deck(os.path.join(scratch, "tidy.inp"))):
+        wrong.append("sets")
     if wrong:
         print(f"{path}: {', '.join(wrong)}")
     return plain is not None and not differences(deck, plain), not wrong

@@ -22,13 +22,15 @@ void printElements(CKVOAbaqusReader& deck, std::FILE* out) {
     int* nodes = nullptr;
     if (!deck.GetElemSecBegin())
         return;
-    while (deck.GetElemSecNext(&section))
+    while (deck.GetElemSecNext(&section)) {
+        std::fprintf(out, "X %s\n", section.elset);
         while (section.geometryType != 0 && deck.GetElemSecElemNext(&section, &id, &nodes)) {
             std::fprintf(out, "E %d %d", section.geometryType, id);
             for (int i = 0; i < section.nodesPerElem; ++i)
                 std::fprintf(out, " %d", nodes[i]);
             std::fputc('\n', out);
         }
+    }
 }
 
 // A line for each element of a section of the normalised mesh, or for each face.
@@ -52,7 +54,7 @@ void printTables(CKVOAbaqusReader& deck, std::FILE* out) {
     CKVOAbaqusReader::ShellSecData shell;
     if (deck.GetShellSecBegin())
         while (deck.GetShellSecNext(&shell))
-            std::fprintf(out, "T %.17g\n", shell.thickness);
+            std::fprintf(out, "T %.17g %s\n", shell.thickness, shell.elset);
     CKVOAbaqusReader::ElemSecData section;
     if (deck.GetElemSolidSecBeginR())
         while (deck.GetElemSolidSecNextR(&section))

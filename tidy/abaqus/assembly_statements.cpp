@@ -12,21 +12,18 @@ namespace kvocaeio::tidy::abaqus {
 namespace {
 
 // The data lines of an instance: a translation, then a rotation about an axis through two points.
-bool readPlacement(DeckReader& reader, Placement& placement) {
-    std::array<double, 3> shift{};
-    std::array<double, 7> turn{};
-    if (!reader.lines.nextData())
-        return true;
-    if (!readReals(reader.lines.line(), shift.data(), shift.size()))
-        return false;
-    placement = translation(shift);
-    if (!reader.lines.nextData())
-        return true;
-    if (!readReals(reader.lines.line(), turn.data(), turn.size()))
-        return false;
-    placement = chained(
-        placement, rotation({turn[0], turn[1], turn[2]}, {turn[3], turn[4], turn[5]}, turn[6]));
-    return true;
+// A line of more than three numbers is a rotation, also where it is the only one.
+void readPlacement(DeckReader& reader, Placement& placement) {
+    while (reader.lines.nextData()) {
+        std::array<double, 7> values{};
+        std::size_t taken = 0;
+        if (!readReals(reader.lines.line(), values.data(), values.size(), &taken))
+            return reader.refuse(Finding::kNumberInvalid);
+        const auto& [x, y, z, toX, toY, toZ, degrees] = values;
+        const Placement next =
+            taken <= 3 ? translation({x, y, z}) : rotation({x, y, z}, {toX, toY, toZ}, degrees);
+        placement = chained(placement, next);
+    }
 }
 
 }  // namespace
@@ -34,7 +31,9 @@ bool readPlacement(DeckReader& reader, Placement& placement) {
 void readPart(DeckReader& reader) {
     reader.lines.setNeeded();
     reader.scopeRow = reader.model.scopes.size();
-    reader.model.scopes.emplace_back().name = reader.statement.name("NAME");
+    Scope& part = reader.model.scopes.emplace_back();
+    part.name = reader.statement.name("NAME");
+    part.definedAt = reader.lines.statementPlace();
     reader.instance = kOwnScope;
     reader.system = {};
 }
@@ -54,22 +53,21 @@ void readInstance(DeckReader& reader) {
     const std::string name = reader.statement.name("NAME");
     const std::string partName = reader.statement.name("PART");
     if (reader.statement.has("LIBRARY") || reader.statement.has("INSTANCE"))
-        return reader.lines.note(Finding::kInstanceUnread, reader.lines.line(), name);
+        return reader.lines.noteStatement(Finding::kInstanceUnread, name);
     const auto part = std::find_if(model.scopes.begin() + 1, model.scopes.end(),
                                    [&](const Scope& scope) { return scope.name == partName; });
     if (part == model.scopes.end())
-        return reader.lines.note(Finding::kPartMissing, reader.lines.line(), partName);
-    reader.lines.change(Finding::kPlaced, reader.lines.line(), name);
+        return reader.lines.noteStatement(Finding::kPartMissing, partName);
+    reader.lines.changeStatement(Finding::kPlaced, name);
     const auto row = static_cast<std::size_t>(part - model.scopes.begin());
     Placement placement;
-    if (!readPlacement(reader, placement))
-        reader.refuse(Finding::kNumberInvalid);
+    readPlacement(reader, placement);
     reader.instance = static_cast<int>(model.instances.size());
     reader.hasOwnScope = false;
     reader.scopeRow = 0;
     reader.system = {};
     model.instanceRows[name] = reader.instance;
-    model.instances.push_back({name, row, placement});
+    model.instances.push_back({name, reader.lines.statementPlace(), row, placement});
 }
 
 void readInstanceEnd(DeckReader& reader) {

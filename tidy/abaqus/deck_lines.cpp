@@ -1,6 +1,10 @@
 /// Statements, their continuation, and includes between them.
 #include "tidy/abaqus/deck_lines.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "text/scan.h"
 #include "tidy/abaqus/fields.h"
 
@@ -13,13 +17,16 @@ constexpr std::size_t kMostPiece = 509;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// Whether a line can continue a keyword line that ends with a comma: it names a parameter. Data
-// would begin with a number in nearly all cases.
+// Parameters without a value that may stand alone in a line.
+constexpr std::string_view kFlags[] = {"GENERATE", "INTERNAL", "UNSORTED", "COMPOSITE",
+                                       "REFLECT",  "SHIFT",    "POLE",     "TWO STEP"};
+
+// Whether a line can continue a keyword line that ends with a comma: it names a parameter. Many a
+// keyword line ends with a comma that means nothing, before data that may be names of sets.
 bool continuesKeyword(std::string_view line) {
-    line = trimmed(line);
-    double number = 0.0;
-    return !line.empty() && line.front() != '*' &&
-           !readReal(trimmed(line.substr(0, line.find(','))), number);
+    const std::string first = nameOf(line.substr(0, line.find(',')));
+    return !first.starts_with('*') && (first.find('=') != std::string::npos ||
+                                       std::ranges::find(kFlags, first) != std::end(kFlags));
 }
 
 }  // namespace
@@ -31,15 +38,27 @@ bool DeckLines::take() {
     }
     if (!files_.next())
         return false;
+    line_ = files_.line();
+    if (!parameters_.isEmpty())
+        putParameters();
     if (line().size() > kMostPiece)
         change(Finding::kLineSplit, line());
     return true;
 }
 
+// Values that the reader needs are told; in other statements they change nothing.
+void DeckLines::putParameters() {
+    if (!parameters_.substitute(files_.line(), substituted_))
+        return;
+    if (isPlainExpected_ || trimmed(line_).starts_with('*'))
+        change(Finding::kParameter, line_);
+    line_ = substituted_;
+}
+
 // Whether the line taken last is data of the present statement. Otherwise it is passed over, or it
 // is a statement that is kept for later.
 bool DeckLines::isData() {
-    std::string_view line = files_.line();
+    std::string_view line = line_;
     if (isFirst_ && line.starts_with(kByteOrderMark)) {
         change(Finding::kByteOrderMark, line);
         line.remove_prefix(kByteOrderMark.size());
@@ -61,6 +80,7 @@ bool DeckLines::isData() {
         return false;
     }
     keywordLine_ = line.substr(at);
+    keywordPlace_ = place(line.substr(at));
     hasKeyword_ = true;
     if (at > 0)
         change(Finding::kKeywordIndented, line.substr(at));
@@ -104,6 +124,7 @@ void DeckLines::includeNamed(const Statement& statement) {
     if (name.size() > 1 && (name.front() == '"' || name.front() == '\''))
         name = name.substr(1, name.size() - 2);
     files_.include(trimmed(name));
+    line_ = {};
 }
 
 // Takes the lines after one that ends with a comma.
@@ -111,6 +132,8 @@ void DeckLines::joinContinued() {
     while (trimmed(keywordLine_).ends_with(',')) {
         if (!take())
             return;
+        if (trimmed(line()).starts_with("**"))
+            continue;
         if (!continuesKeyword(line())) {
             isHeld_ = true;
             return;
@@ -130,13 +153,15 @@ bool DeckLines::nextStatement(Statement& statement) {
     hasKeyword_ = false;
     joinContinued();
     statement.parse(keywordLine_);
+    std::swap(statementLine_, keywordLine_);
+    statementPlace_ = keywordPlace_;
     return true;
 }
 
 void DeckLines::expectPlain(const Statement& statement, std::string_view kept) {
     isPlainExpected_ = true;
     if (!statement.isPlain(kept))
-        change(Finding::kKeywordForm, line(), statement.keyword);
+        changeStatement(Finding::kKeywordForm, statement.keyword);
 }
 
 bool DeckLines::tellTabs() {

@@ -8,6 +8,7 @@
 
 #include "tidy/abaqus/findings.h"
 #include "tidy/abaqus/model.h"
+#include "tidy/abaqus/parameters.h"
 #include "tidy/abaqus/statement.h"
 #include "tidy/source_files.h"
 
@@ -23,10 +24,15 @@ class DeckLines {
 
     /// Takes the next data line of the statement. False at the next statement or the end.
     bool nextData();
-    std::string_view line() const { return files_.line(); }
-    Place place() const {
-        return {files_.fileRow(), static_cast<std::uint32_t>(files_.lineNumber())};
+    std::string_view line() const { return line_; }
+    std::uint32_t file() const { return files_.fileRow(); }
+    /// The place of a field of the line taken last.
+    Place place(std::string_view field) const {
+        return {files_.fileRow(), static_cast<std::uint32_t>(files_.lineNumber()),
+                static_cast<std::uint32_t>(files_.columnOf(field))};
     }
+    /// The place of the statement taken last.
+    const Place& statementPlace() const { return statementPlace_; }
 
     /// The statement taken last is one that the reader reads too: what it would take in another
     /// way than it is meant has to be changed. It keeps the value of the parameter `kept`.
@@ -39,6 +45,9 @@ class DeckLines {
 
     /// The lines of a file that the statement names in INPUT come before those that follow it.
     void includeInput(const Statement& statement);
+
+    /// Takes a definition of a parameter. Lines that come later have values for their names.
+    void defineParameter() { parameters_.define(line()); }
 
     /// Tells something that had to be changed.
     void change(Finding finding, std::string_view field, std::string_view subject = {}) {
@@ -53,12 +62,19 @@ class DeckLines {
     void noteAt(Finding finding, Place place, std::string_view what,
                 std::string_view subject = {}) {
         checkFailure(finding);
-        files_.noteAt(finding, place.file, place.line, 0, what, subject);
+        files_.noteAt(finding, place.file, place.line, place.column, what, subject);
     }
     void changeAt(Finding finding, Place place, std::string_view what,
                   std::string_view subject = {}) {
         isNeeded_ = true;
         noteAt(finding, place, what, subject);
+    }
+    /// The same of the statement taken last.
+    void noteStatement(Finding finding, std::string_view subject) {
+        noteAt(finding, statementPlace_, statementLine_, subject);
+    }
+    void changeStatement(Finding finding, std::string_view subject) {
+        changeAt(finding, statementPlace_, statementLine_, subject);
     }
     /// The new deck differs in a way that has been told.
     void setNeeded() { isNeeded_ = true; }
@@ -73,13 +89,20 @@ class DeckLines {
     }
     bool take();
     bool isData();
+    void putParameters();
     bool followInclude();
     void passOverMark();
     void joinContinued();
     void includeNamed(const Statement& statement);
 
     SourceFiles& files_;
-    std::string keywordLine_;  // the statement's lines, joined
+    Parameters parameters_;
+    std::string_view line_;    // taken last
+    std::string substituted_;  // the same with values of parameters
+    std::string keywordLine_;  // of the next statement, with the lines that continue it
+    Place keywordPlace_;
+    std::string statementLine_;  // the same of the present one
+    Place statementPlace_;
     bool hasKeyword_ = false;  // it was met and is to be taken
     bool isHeld_ = false;      // the line taken last is to be taken again
     bool isPlainExpected_ = false;

@@ -17,11 +17,13 @@ struct StatementRow {
 
 constexpr StatementRow kStatements[] = {
     {"NODE", readNodes},
+    {"PARAMETER", readParameters},
     {"SYSTEM", readSystem},
     {"NGEN", readNodeLines},
     {"NFILL", readNodeFill},
     {"NCOPY", readNodeCopy},
     {"NMAP", readUnknownMesh},
+    {"SYMMETRICMODELGENERATION", readUnknownMesh},
     {"ELEMENT", readElements},
     {"ELGEN", readElementRows},
     {"ELCOPY", readElementCopy},
@@ -29,6 +31,7 @@ constexpr StatementRow kStatements[] = {
     {"ELSET", readElementSet},
     {"SURFACE", readSurface},
     {"DLOAD", readLoads},
+    {"DSLOAD", readSurfaceLoads},
     {"SHELLSECTION", readShellSection},
     {"SHELLGENERALSECTION", readShellGeneralSection},
     {"PART", readPart},
@@ -47,8 +50,8 @@ void placeParts(DeckReader& reader) {
     for (std::size_t row = 1; row < model.scopes.size(); ++row) {
         const std::string& name = model.scopes[row].name;
         model.instanceRows.try_emplace(name, static_cast<int>(model.instances.size()));
-        model.instances.push_back({name, row, {}});
-        reader.lines.changeAt(Finding::kPartPlaced, {}, name, name);
+        model.instances.push_back({name, model.scopes[row].definedAt, row, {}});
+        reader.lines.changeAt(Finding::kPartPlaced, model.scopes[row].definedAt, name, name);
     }
 }
 
@@ -58,7 +61,7 @@ void tellUnused(DeckReader& reader) {
         const Scope& scope = model.scopes[row];
         if (!scope.isCopied &&
             std::ranges::find(model.instances, row, &Instance::scope) == model.instances.end())
-            reader.lines.changeAt(Finding::kPartUnused, {}, scope.name, scope.name);
+            reader.lines.changeAt(Finding::kPartUnused, scope.definedAt, scope.name, scope.name);
     }
 }
 
@@ -84,23 +87,29 @@ bool DeckReader::generate(std::size_t count) {
     generated += std::min(count, kMostGenerated + 1);
     if (generated <= kMostGenerated)
         return true;
-    lines.note(Finding::kTooMuch, lines.line(), statement.keyword);
+    refuse(Finding::kTooMuch);
     return false;
 }
 
+void readParameters(DeckReader& reader) {
+    while (reader.lines.nextData())
+        reader.lines.defineParameter();
+}
+
 void readUnknownMesh(DeckReader& reader) {
-    reader.refuse(Finding::kStatementUnread);
+    reader.refuseStatement(Finding::kStatementUnread);
 }
 
 void readDeck(DeckLines& lines, Model& model) {
     DeckReader reader{lines, model, {}};
+    model.scopes[0].definedAt = {0, 1, 1};
     while (lines.nextStatement(reader.statement)) {
         const auto row =
             std::ranges::find(kStatements, reader.statement.keyword, &StatementRow::keyword);
         if (row != std::end(kStatements))
             row->read(reader);
         else
-            lines.note(Finding::kKeywordUnread, lines.line(), reader.statement.keyword);
+            lines.noteStatement(Finding::kKeywordUnread, reader.statement.keyword);
     }
     placeParts(reader);
     tellUnused(reader);

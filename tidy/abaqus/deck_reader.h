@@ -26,8 +26,13 @@ struct DeckReader {
     Scope& scope();
     /// Counts what is generated. False, and told, where it becomes too much.
     bool generate(std::size_t count);
-    /// Tells that the present statement, or the line, cannot be followed.
-    void refuse(Finding finding) { lines.note(finding, lines.line(), statement.keyword); }
+    /// Tells that the line taken last, or a field of it, cannot be followed.
+    void refuse(Finding finding) { refuse(finding, lines.line()); }
+    void refuse(Finding finding, std::string_view field) {
+        lines.note(finding, field, statement.keyword);
+    }
+    /// Tells that the present statement cannot be followed.
+    void refuseStatement(Finding finding) { lines.noteStatement(finding, statement.keyword); }
 };
 
 /// Reads the whole deck.
@@ -45,6 +50,7 @@ void readNodeSet(DeckReader& reader);
 void readElementSet(DeckReader& reader);
 void readSurface(DeckReader& reader);
 void readLoads(DeckReader& reader);
+void readSurfaceLoads(DeckReader& reader);
 void readShellSection(DeckReader& reader);
 void readShellGeneralSection(DeckReader& reader);
 void readPart(DeckReader& reader);
@@ -52,6 +58,7 @@ void readPartEnd(DeckReader& reader);
 void readAssembly(DeckReader& reader);
 void readInstance(DeckReader& reader);
 void readInstanceEnd(DeckReader& reader);
+void readParameters(DeckReader& reader);
 void readUnknownMesh(DeckReader& reader);
 
 /// Adds a node of a scope; one that is known already gets another place.

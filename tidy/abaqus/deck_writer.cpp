@@ -109,8 +109,10 @@ void DeckWriter::writeShellSections() {
             out_.text("*SHELL SECTION");
             if (!section.elset.empty())
                 out_.text(", ELSET=").text(names_.of(frame.instance, section.elset));
+            // The reader looks for the word in all of the line.
             const std::string material = writtenName(section.material);
-            out_.text(", MATERIAL=").text(material.empty() ? "NONE" : material);
+            const bool isWritten = !material.empty() && !section.elset.empty();
+            out_.text(", MATERIAL=").text(isWritten ? material : "NONE");
             out_.text("\n");
             LineWriter line(out_);
             line.real(section.thickness).finish();

@@ -10,6 +10,7 @@
 
 #include "tidy/abaqus/deck_reader.h"
 #include "tidy/abaqus/fields.h"
+#include "tidy/abaqus/set_names.h"
 #include "tidy/abaqus/sets.h"
 
 namespace kvocaeio::tidy::abaqus {
@@ -40,8 +41,10 @@ bool appendOtherNumbers(DeckReader& reader, std::size_t most, std::vector<int>& 
     std::string_view field;
     while (numbers.size() < most && fields.next(field)) {
         int number = 0;
-        if (!readInteger(field, number))
+        if (!readInteger(field, number)) {
+            reader.refuse(Finding::kNumberInvalid, field);
             return false;
+        }
         numbers.push_back(number);
     }
     if (!reader.lines.tellTabs())
@@ -71,31 +74,44 @@ bool appendLine(DeckReader& reader, std::size_t most, std::vector<int>& numbers)
     return appendOtherNumbers(reader, most, numbers);
 }
 
+// Whether an element that has all nodes of its type goes on in the next line. Types with more nodes
+// than the reader holds do after any comma; others, of which some programs write more nodes than
+// the type has, where the line is full and `taken` numbers of it were needed.
+bool goesOn(const ElementType& type, std::string_view line, std::size_t taken) {
+    constexpr std::size_t kFullLine = 16;
+    if (!trimmed(line).ends_with(','))
+        return false;
+    const auto numbers = static_cast<std::size_t>(std::ranges::count(line, ','));
+    return type.hasMoreNodes || (numbers >= kFullLine && numbers > taken);
+}
+
 // Takes the lines of one element. False where it is not complete.
 bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& numbers) {
     DeckLines& lines = reader.lines;
     const std::size_t most = type.nodes + 1;
     numbers.clear();
-    if (!appendLine(reader, most, numbers)) {
-        reader.refuse(Finding::kNumberInvalid);
+    if (!appendLine(reader, most, numbers))
         return false;
-    }
-    bool isOpen = numbers.size() < most;
+    std::size_t taken = numbers.size();
+    bool isOpen = taken < most;
     if (isOpen && hasEmptyField(lines.line())) {
         reader.refuse(Finding::kNumberInvalid);
         return false;
     }
+    const Place place = isOpen ? lines.place(trimmed(lines.line())) : Place();
     lines.setInside(true);
-    while (isOpen || (type.hasMoreNodes && trimmed(lines.line()).ends_with(','))) {
+    while (isOpen || goesOn(type, lines.line(), taken)) {
+        if (!isOpen && !type.hasMoreNodes)
+            lines.change(Finding::kElementLong, lines.line(), reader.statement.name("TYPE"));
+        taken = numbers.size();
         if (!lines.nextData()) {
-            lines.setInside(false);
-            reader.refuse(Finding::kElementIncomplete);
-            return false;
-        }
-        if (isOpen && !appendLine(reader, most, numbers)) {
-            reader.refuse(Finding::kNumberInvalid);
+            if (isOpen)
+                lines.noteAt(Finding::kElementIncomplete, place, {}, reader.statement.keyword);
             break;
         }
+        if (isOpen && !appendLine(reader, most, numbers))
+            break;
+        taken = numbers.size() - taken;
         isOpen = numbers.size() < most;
     }
     lines.setInside(false);
@@ -128,15 +144,18 @@ void replaceElement(DeckReader& reader, Scope& scope, const Block& kind, int id,
 void addElement(DeckReader& reader, Scope& scope, Block& block, int id, const int* nodes) {
     if (!scope.elements.add(id))
         return replaceElement(reader, scope, block, id, nodes);
-    scope.elementFiles.add(scope.elements.count() - 1, reader.lines.place().file);
+    scope.elementFiles.add(scope.elements.count() - 1, reader.lines.file());
     block.ids.push_back(id);
     block.nodes.append(nodes, block.type.written);
 }
 
-IdSet* blockSet(Scope& scope, const std::string& name) {
+IdSet* blockSet(DeckReader& reader, const std::string& name) {
     if (name.empty())
         return nullptr;
-    return &scope.elementSets[name];
+    const auto [entry, isNew] = reader.scope().elementSets.try_emplace(name);
+    if (isNew)
+        entry->second.place = reader.lines.statementPlace();
+    return &entry->second;
 }
 
 // Elements of which the reader holds nothing are told one by one, so that they are counted.
@@ -247,17 +266,17 @@ void readElements(DeckReader& reader) {
     Scope& scope = reader.scope();
     const std::string elset = reader.statement.name("ELSET");
     if (!type) {
-        blockSet(scope, elset);
+        blockSet(reader, elset);
         lines.includeInput(reader.statement);
         return passOverElements(reader, typeName);
     }
     if (!type->newName.empty())
-        lines.change(Finding::kTypeChanged, lines.line(), typeName);
+        lines.changeStatement(Finding::kTypeChanged, typeName);
     const std::string written =
-        type->newName.empty() ? writtenName(typeName) : std::string(type->newName);
+        type->newName.empty() ? linkedName(writtenName(typeName)) : std::string(type->newName);
     lines.includeInput(reader.statement);
     Block& block = blockFor(scope, {*type, written, elset, 0, {}, {}}, false);
-    IdSet* const set = blockSet(scope, elset);
+    IdSet* const set = blockSet(reader, elset);
     std::vector<int> numbers;
     while (lines.nextData()) {
         if (!takeElement(reader, *type, numbers))
@@ -269,8 +288,8 @@ void readElements(DeckReader& reader) {
 }
 
 void readElementRows(DeckReader& reader) {
-    reader.lines.change(Finding::kElementsGenerated, reader.lines.line(), "ELGEN");
-    IdSet* const set = blockSet(reader.scope(), reader.statement.name("ELSET"));
+    reader.lines.changeStatement(Finding::kElementsGenerated, "ELGEN");
+    IdSet* const set = blockSet(reader, reader.statement.name("ELSET"));
     while (reader.lines.nextData()) {
         Master master;
         std::array<Direction, 3> directions;
@@ -285,7 +304,7 @@ void readElementRows(DeckReader& reader) {
 
 void readElementCopy(DeckReader& reader) {
     const Statement& statement = reader.statement;
-    reader.lines.change(Finding::kElementsGenerated, reader.lines.line(), "ELCOPY");
+    reader.lines.changeStatement(Finding::kElementsGenerated, "ELCOPY");
     int idShift = 0;
     int nodeShift = 0;
     Scope& scope = reader.scope();
@@ -293,12 +312,12 @@ void readElementCopy(DeckReader& reader) {
         findSet(reader.model, scope, kOwnScope, statement.name("OLDSET"), SetKind::kElements);
     if (!readInteger(statement.value("ELEMENTSHIFT"), idShift) ||
         !readInteger(statement.value("SHIFTNODES"), nodeShift) || found.scope != &scope)
-        return reader.refuse(Finding::kGenerationInvalid);
+        return reader.refuseStatement(Finding::kGenerationInvalid);
     const std::vector<Member> members = membersOf(reader.model, found, SetKind::kElements).list;
     if (!reader.generate(members.size()))
         return;
     const std::string elset = statement.name("NEWSET");
-    IdSet* const set = blockSet(scope, elset);
+    IdSet* const set = blockSet(reader, elset);
     bool isFirst = true;
     for (const Member& member : members) {
         Master master;
@@ -312,7 +331,7 @@ void readElementCopy(DeckReader& reader) {
         }
         Block& block = blockFor(scope, master.kind, !std::exchange(isFirst, false));
         if (!addShifted(reader, block, master, idShift, nodeShift, set))
-            return reader.refuse(Finding::kGenerationInvalid);
+            return reader.refuseStatement(Finding::kGenerationInvalid);
     }
 }
 

@@ -50,6 +50,7 @@ class Planner {
     void combine(const Surface& surface, const Frame& frame, PlannedSurface& planned);
     std::vector<MemberFace> facesOfPlanned(const PlannedSurface& planned) const;
     void planLoad(const Load& load);
+    void planSurfaceLoad(const Load& load);
     bool spend(std::size_t count, Place place);
 
     const Model& model_;
@@ -235,7 +236,25 @@ void Planner::planSurface(const Frame& frame, const Surface& surface) {
     out_.surfaces.push_back(std::move(planned));
 }
 
+void Planner::planSurfaceLoad(const Load& load) {
+    const auto row = surfaceRows_.find({kOwnScope, load.target.name});
+    if (row == surfaceRows_.end())
+        return lines_.noteAt(Finding::kSurfaceMissing, load.place, load.target.name,
+                             load.target.name);
+    const std::vector<MemberFace> faces = facesOfPlanned(out_.surfaces[row->second]);
+    if (!spend(faces.size(), load.place))
+        return;
+    for (const MemberFace& face : faces)
+        out_.loads.push_back({face.element, face.face, load.value});
+    if (!faces.empty())
+        lines_.changeAt(Finding::kLoadOnSurface, load.place, load.target.name, load.target.name);
+    else
+        lines_.noteAt(Finding::kFaceMissing, load.place, load.target.name, load.target.name);
+}
+
 void Planner::planLoad(const Load& load) {
+    if (load.face == 0)
+        return planSurfaceLoad(load);
     const Frame& own = frames_.all().back();
     const Members members = elementsOf(own, load.target, load.place);
     std::size_t kept = 0;

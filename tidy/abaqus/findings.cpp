@@ -32,6 +32,9 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      ""},
     {"tidy.abaqus-number-form", kNote, "numbers are written in the plain form: {}",
      "The reader knows no exponents with D, and does not read on after an empty field.", ""},
+    {"tidy.abaqus-parameter", kNote, "values of parameters are written for their names",
+     "The reader takes a name between angle brackets for no number, or for a name as it stands.",
+     ""},
     {"tidy.abaqus-instance-placed", kNote, "the instance {} is placed, with numbers of its own",
      "The reader knows no parts and instances. The mesh of the part is moved to the place of the "
      "instance; where its numbers are taken already, it gets numbers after them.",
@@ -54,6 +57,10 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "The reader knows no shells with mid-side nodes and takes three nodes of an R3D4. So they are "
      "written as S3 or S4, by their corners. Solids with nodes in their faces are written without "
      "those.",
+     ""},
+    {"tidy.abaqus-element-long", kNote, "elements of type {} are written without further nodes",
+     "An element that has more nodes than its type, over several lines, is one of more nodes that "
+     "the program has no name for. The reader takes the further lines for elements.",
      ""},
     {"tidy.abaqus-set-generated", kNote, "the generated set {} is written as members",
      "The reader splits a lone section of elements by generated sets, and elements that are in "
@@ -89,6 +96,8 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "reader takes none.",
      ""},
     {"tidy.abaqus-load-on-set", kNote, "the load on the set {} is written element by element",
+     "The reader takes loads of single elements only.", ""},
+    {"tidy.abaqus-load-on-surface", kNote, "the load on the surface {} is written face by face",
      "The reader takes loads of single elements only.", ""},
     {"tidy.abaqus-shell-section", kNote, "the shell section of {} is written in the plain form",
      "The reader ends at a section without a material, and takes the thickness from the last line. "

@@ -19,6 +19,7 @@ enum class Finding : std::size_t {
     kKeywordContinued,
     kKeywordForm,
     kNumberForm,
+    kParameter,
     kPlaced,
     kPartPlaced,
     kPartUnused,
@@ -26,6 +27,7 @@ enum class Finding : std::size_t {
     kNodesGenerated,
     kElementsGenerated,
     kTypeChanged,
+    kElementLong,
     kSetGenerated,
     kSetNested,
     kSetInternal,
@@ -37,6 +39,7 @@ enum class Finding : std::size_t {
     kSurfaceCombined,
     kSurfaceOutside,
     kLoadOnSet,
+    kLoadOnSurface,
     kShellSection,
     kKeywordUnread,
     // What could not be done.

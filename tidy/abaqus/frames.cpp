@@ -58,6 +58,11 @@ std::vector<Ranges> rangesOf(const Model& model) {
     return ranges;
 }
 
+const Place& placeOf(const Model& model, int instance) {
+    return instance == kOwnScope ? model.scopes[0].definedAt
+                                 : model.instances[static_cast<std::size_t>(instance)].definedAt;
+}
+
 }  // namespace
 
 Frames::Frames(const Model& model, DeckLines& lines) {
@@ -76,9 +81,12 @@ Frames::Frames(const Model& model, DeckLines& lines) {
         frame.nodeShift = nodes.take(range.nodes);
         frame.elementShift = elements.take(range.elements);
         rows += std::max<std::size_t>(frame.scope->nodes.ids.size(), frame.scope->elements.count());
+        if (nodes.isOver() || elements.isOver() || rows > kMostRows) {
+            lines.noteAt(Finding::kTooMuch, placeOf(model, frame.instance), frame.name,
+                         "numbers of the instances");
+            break;
+        }
     }
-    if (nodes.isOver() || elements.isOver() || rows > kMostRows)
-        lines.noteAt(Finding::kTooMuch, {}, {}, "numbers of the instances");
 }
 
 }  // namespace kvocaeio::tidy::abaqus

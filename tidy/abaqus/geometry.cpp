@@ -34,13 +34,13 @@ Placement about(const Point& center, const std::array<Point, 3>& rows) {
     return placement;
 }
 
-// Householder's reflection in the plane through `center` with the unit normal `n`; the same with
-// the sign turned is the reflection in the line along `n`.
+// Householder's reflection in the plane through `center` with the normal `n`; the same with the
+// sign turned is the reflection in the line along `n`.
 Placement reflection(const Point& center, const Point& n, double sign) {
     std::array<Point, 3> rows{};
     for (std::size_t i = 0; i < 3; ++i)
         for (std::size_t k = 0; k < 3; ++k)
-            rows[i][k] = sign * ((i == k ? 1.0 : 0.0) - 2.0 * n[i] * n[k]);
+            rows[i][k] = sign * ((i == k ? 1.0 : 0.0) - 2.0 * n[i] * n[k] / dot(n, n));
     return about(center, rows);
 }
 
@@ -88,14 +88,15 @@ Placement rotation(const Point& a, const Point& b, double degrees) {
     const Turn turn = turnOf(degrees);
     if (lengthOf(axis) == 0.0 || (turn.sine == 0.0 && turn.cosine == 1.0))
         return {};
-    const Point n = (1.0 / lengthOf(axis)) * axis;
-    const double rest = 1.0 - turn.cosine;
+    const double square = dot(axis, axis);  // squares are exact where roots are not
+    const double rest = (1.0 - turn.cosine) / square;
     const auto [s, c] = turn;
-    return about(
-        a,
-        {{{c + n[0] * n[0] * rest, n[0] * n[1] * rest - n[2] * s, n[0] * n[2] * rest + n[1] * s},
-          {n[1] * n[0] * rest + n[2] * s, c + n[1] * n[1] * rest, n[1] * n[2] * rest - n[0] * s},
-          {n[2] * n[0] * rest - n[1] * s, n[2] * n[1] * rest + n[0] * s, c + n[2] * n[2] * rest}}});
+    const Point n = (s / std::sqrt(square)) * axis;
+    std::array<Point, 3> rows{{{c, -n[2], n[1]}, {n[2], c, -n[0]}, {-n[1], n[0], c}}};
+    for (std::size_t i = 0; i < 3; ++i)
+        for (std::size_t k = 0; k < 3; ++k)
+            rows[i][k] += axis[i] * axis[k] * rest;
+    return about(a, rows);
 }
 
 Placement chained(const Placement& a, const Placement& b) {
@@ -130,14 +131,14 @@ bool mirror(const Point& a, const Point& b, const Point& c, Placement& placement
     const Point normal = cross(b - a, c - a);
     if (lengthOf(normal) == 0.0)
         return false;
-    placement = reflection(a, (1.0 / lengthOf(normal)) * normal, 1.0);
+    placement = reflection(a, normal, 1.0);
     return true;
 }
 
 bool lineMirror(const Point& a, const Point& b, Placement& placement) {
     if (lengthOf(b - a) == 0.0)
         return false;
-    placement = reflection(a, (1.0 / lengthOf(b - a)) * (b - a), -1.0);
+    placement = reflection(a, b - a, -1.0);
     return true;
 }
 

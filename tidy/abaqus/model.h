@@ -15,10 +15,11 @@
 
 namespace kvocaeio::tidy::abaqus {
 
-/// A line of one of the files.
+/// A field in a line of one of the files, or a whole line.
 struct Place {
     std::uint32_t file = 0;
     std::uint32_t line = 0;
+    std::uint32_t column = 0;
 };
 
 /// The file of each row of a table, as rows from which on it is another.
@@ -119,8 +120,8 @@ struct Surface {
 
 struct Load {
     Target target;
-    int face;
-    double value;
+    int face = 0;  ///< 0: the target is a surface
+    double value = 0.0;
     Place place;
 };
 
@@ -128,11 +129,13 @@ struct ShellSection {
     std::string elset;
     std::string material;
     double thickness = 0.0;
+    Place place;
 };
 
 /// A name space: the deck's own, a part, or an instance with a mesh of its own.
 struct Scope {
     std::string name;
+    Place definedAt;
     bool isCopied = false;  ///< whether an instance has a copy, with more in it
     NodeTable nodes;
     std::vector<Block> blocks;
@@ -154,6 +157,7 @@ struct Scope {
 
 struct Instance {
     std::string name;
+    Place definedAt;
     std::size_t scope;  ///< a row of `Model::scopes`
     Placement placement;
 };

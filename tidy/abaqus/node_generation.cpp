@@ -57,12 +57,15 @@ bool takeInteger(Fields& fields, int& value) {
 bool readThird(DeckReader& reader, Fields& fields, NodeLineRequest& line) {
     std::string_view field;
     int id = 0;
-    if (fields.next(field) && !field.empty())
-        return readInteger(field, id) && pointOf(reader.scope(), id, line.third);
+    const bool isNode = fields.next(field) && !field.empty();
+    if (isNode && !readInteger(field, id))
+        return false;
     for (Point* const point : {&line.third, &line.normal})
         for (double& coordinate : *point)
             if (fields.next(field) && !field.empty() && !readReal(field, coordinate))
                 return false;
+    if (isNode)
+        return pointOf(reader.scope(), id, line.third);
     const std::string kind = reader.statement.name("SYSTEM");
     if (kind == "C" || kind == "S")
         line.third = rectangular(line.third, static_cast<Coordinates>(kind[0]));
@@ -114,8 +117,45 @@ Point parabola(const NodeLineRequest& line, double t) {
            t * (2.0 * t - 1.0) * line.to;
 }
 
+/// How far apart nodes of a line are.
+struct Spacing {
+    double bias = 1.0;       // of the length of an interval to that of the next one
+    bool isTwoStep = false;  // to that after the next one, which has the same length
+    int singularEnd = 0;     // 1 or 2: the end at which the first node is at a quarter of two
+                             // intervals
+
+    /// Where the `k`th of `count` intervals ends, as a part of the whole.
+    double partAt(std::int64_t k, std::int64_t count) const {
+        if (singularEnd == 1 && k == 1)
+            return 0.25 * partAt(2, count);
+        if (singularEnd == 2 && k == count - 1)
+            return 1.0 - 0.25 * (1.0 - partAt(count - 2, count));
+        return lengthUpTo(k) / lengthUpTo(count);
+    }
+
+  private:
+    double lengthUpTo(std::int64_t k) const {
+        if (bias == 1.0)
+            return static_cast<double>(k);
+        const int steps = isTwoStep ? 2 : 1;
+        const double growth = std::pow(1.0 / bias, static_cast<double>(k / steps));
+        return steps * (growth - 1.0) / (1.0 / bias - 1.0) +
+               static_cast<double>(k % steps) * growth;
+    }
+};
+
+bool readSpacing(const Statement& statement, Spacing& spacing) {
+    spacing.isTwoStep = statement.has("TWOSTEP");
+    if (statement.has("BIAS") &&
+        !(readReal(statement.value("BIAS"), spacing.bias) && spacing.bias > 0.0))
+        return false;
+    return !statement.has("SINGULAR") ||
+           (readInteger(statement.value("SINGULAR"), spacing.singularEnd) &&
+            (spacing.singularEnd == 1 || spacing.singularEnd == 2));
+}
+
 void generateNodes(DeckReader& reader, const NodeLineRequest& line, std::string_view kind,
-                   IdSet* set) {
+                   const Spacing& spacing, IdSet* set) {
     const std::int64_t span = std::int64_t{line.last} - line.first;
     const std::int64_t step =
         span < 0 ? -std::abs(std::int64_t{line.step}) : std::abs(std::int64_t{line.step});
@@ -127,7 +167,7 @@ void generateNodes(DeckReader& reader, const NodeLineRequest& line, std::string_
         return;
     addTo(set, line.first);
     for (std::int64_t k = 1; k < count; ++k) {
-        const double part = static_cast<double>(k) / static_cast<double>(count);
+        const double part = spacing.partAt(k, count);
         const Point straight = (1.0 - part) * line.from + part * line.to;
         const int id = static_cast<int>(line.first + k * step);
         addNode(reader, id,
@@ -160,16 +200,8 @@ bool readBounds(DeckReader& reader, Fields& fields, std::vector<Member>& nodes) 
 struct FillRequest {
     int intervals = 1;
     int step = 1;
-    double bias = 1.0;
+    Spacing spacing;
 };
-
-// Lengths of intervals are in a constant ratio to the next one.
-double partAt(const FillRequest& fill, int k) {
-    if (fill.bias == 1.0)
-        return static_cast<double>(k) / fill.intervals;
-    const double growth = 1.0 / fill.bias;
-    return (std::pow(growth, k) - 1.0) / (std::pow(growth, fill.intervals) - 1.0);
-}
 
 void fillBetween(DeckReader& reader, const std::vector<Member>& from, const std::vector<Member>& to,
                  const FillRequest& fill, IdSet* set) {
@@ -183,7 +215,7 @@ void fillBetween(DeckReader& reader, const std::vector<Member>& from, const std:
             const std::int64_t id = from[i].id + std::int64_t{k} * fill.step;
             if (!std::in_range<int>(id))
                 return reader.refuse(Finding::kGenerationInvalid);
-            const double part = partAt(fill, k);
+            const double part = fill.spacing.partAt(k, fill.intervals);
             addNode(reader, static_cast<int>(id), (1.0 - part) * a + part * b);
             addTo(set, static_cast<int>(id));
         }
@@ -199,8 +231,30 @@ struct CopyRequest {
     Placement placement;
 };
 
+// A node or a point, from which each node is moved away to twice its distance.
+bool readPole(DeckReader& reader, Placement& placement) {
+    if (!reader.lines.nextData())
+        return false;
+    Fields fields(reader.lines.line());
+    std::string_view field;
+    Point pole{};
+    int id = 0;
+    if (fields.next(field) && !field.empty()) {
+        if (!readInteger(field, id) || !pointOf(reader.scope(), id, pole))
+            return false;
+    } else {
+        for (double& coordinate : pole)
+            if (fields.next(field) && !field.empty() && !readReal(field, coordinate))
+                return false;
+    }
+    placement = Placement{{{{2, 0, 0}, {0, 2, 0}, {0, 0, 2}}}, -1.0 * pole, false};
+    return true;
+}
+
 // The data lines of a copy.
 bool readCopyPlacement(DeckReader& reader, Placement& placement) {
+    if (reader.statement.has("POLE"))
+        return readPole(reader, placement);
     std::array<double, 7> a{};
     std::array<double, 7> b{};
     if (reader.lines.nextData() && !readReals(reader.lines.line(), a.data(), a.size()))
@@ -238,26 +292,29 @@ bool readCopy(DeckReader& reader, CopyRequest& copy) {
 
 void readNodeLines(DeckReader& reader) {
     const std::string kind = reader.statement.name("LINE");
-    reader.lines.change(Finding::kNodesGenerated, reader.lines.line(), "NGEN");
+    reader.lines.changeStatement(Finding::kNodesGenerated, "NGEN");
+    Spacing spacing;
+    const bool isKnown = kind.empty() || kind == "C" || kind == "P";
+    if (!isKnown || !readSpacing(reader.statement, spacing))
+        return reader.refuseStatement(Finding::kStatementUnread);
     IdSet* const set = namedSet(reader, "NSET");
     while (reader.lines.nextData()) {
         NodeLineRequest line;
         if (readLine(reader, !kind.empty(), line))
-            generateNodes(reader, line, kind, set);
+            generateNodes(reader, line, kind, spacing, set);
         else
             reader.refuse(Finding::kGenerationInvalid);
     }
 }
 
 void readNodeFill(DeckReader& reader) {
-    reader.lines.change(Finding::kNodesGenerated, reader.lines.line(), "NFILL");
-    FillRequest fill;
-    const bool hasBias = reader.statement.has("BIAS");
-    if (reader.statement.has("SINGULAR") || reader.statement.has("TWOSTEP") ||
-        (hasBias && !(readReal(reader.statement.value("BIAS"), fill.bias) && fill.bias > 0.0)))
-        return reader.refuse(Finding::kStatementUnread);
+    reader.lines.changeStatement(Finding::kNodesGenerated, "NFILL");
+    Spacing spacing;
+    if (!readSpacing(reader.statement, spacing))
+        return reader.refuseStatement(Finding::kStatementUnread);
     IdSet* const set = namedSet(reader, "NSET");
     while (reader.lines.nextData()) {
+        FillRequest fill{1, 1, spacing};
         Fields fields(reader.lines.line());
         std::vector<Member> from;
         std::vector<Member> to;
@@ -271,12 +328,10 @@ void readNodeFill(DeckReader& reader) {
 }
 
 void readNodeCopy(DeckReader& reader) {
-    reader.lines.change(Finding::kNodesGenerated, reader.lines.line(), "NCOPY");
-    if (reader.statement.has("POLE"))
-        return reader.refuse(Finding::kStatementUnread);
+    reader.lines.changeStatement(Finding::kNodesGenerated, "NCOPY");
     CopyRequest copy;
     if (!readCopy(reader, copy) || copy.times < 1)
-        return reader.refuse(Finding::kGenerationInvalid);
+        return reader.refuseStatement(Finding::kGenerationInvalid);
     if (!reader.generate(copy.nodes.size() * static_cast<std::size_t>(copy.times)))
         return;
     IdSet* const set = namedSet(reader, "NEWSET");
@@ -286,7 +341,7 @@ void readNodeCopy(DeckReader& reader) {
             const std::int64_t id = member.id + std::int64_t{k} * copy.shift;
             Point point{};
             if (!std::in_range<int>(id) || !pointOf(reader.scope(), member.id, point))
-                return reader.refuse(Finding::kGenerationInvalid);
+                return reader.refuseStatement(Finding::kGenerationInvalid);
             addNode(reader, static_cast<int>(id), placement(point));
             addTo(set, static_cast<int>(id));
         }

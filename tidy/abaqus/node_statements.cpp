@@ -65,15 +65,20 @@ bool readNode(DeckReader& reader, NodeLine& node) {
     node = {};
     Fields fields(reader.lines.line());
     std::string_view field;
-    if (!fields.next(field) || !readInteger(field, node.id))
+    const bool isId = fields.next(field) && readInteger(field, node.id);
+    if (!isId) {
+        reader.refuse(Finding::kNumberInvalid, field);
         return false;
+    }
     bool isPlain = field.find_first_not_of("+-0123456789") == std::string_view::npos;
     for (double& coordinate : node.point) {
         isPlain = isPlain && !field.empty();
         if (!fields.next(field))
             break;
-        if (!field.empty() && !readReal(field, coordinate))
+        if (!field.empty() && !readReal(field, coordinate)) {
+            reader.refuse(Finding::kNumberInvalid, field);
             return false;
+        }
         isPlain = isPlain && field.find_first_of("dD") == std::string_view::npos;
     }
     if (!reader.lines.tellTabs() && !isPlain)
@@ -97,7 +102,7 @@ void addNode(DeckReader& reader, int id, const Point& point) {
         nodes.points[nodes.rows.find(id)] = point;
         return reader.lines.change(Finding::kNodeRepeated, reader.lines.line());
     }
-    nodes.files.add(nodes.ids.size(), reader.lines.place().file);
+    nodes.files.add(nodes.ids.size(), reader.lines.file());
     nodes.ids.push_back(id);
     nodes.points.push_back(point);
 }
@@ -108,17 +113,15 @@ void readNodes(DeckReader& reader) {
     const Coordinates coordinates = coordinatesOf(reader.statement);
     const bool isGlobal = reader.system.isIdentity && coordinates == Coordinates::kRectangular;
     if (!isGlobal)
-        lines.change(Finding::kSystem, lines.line());
+        lines.changeStatement(Finding::kSystem, {});
     IdSet* const set = reader.statement.has("NSET")
                            ? &reader.scope().nodeSets[reader.statement.name("NSET")]
                            : nullptr;
     lines.includeInput(reader.statement);
     NodeLine node;
     while (lines.nextData()) {
-        if (!readPlainNode(lines.line(), node) && !readNode(reader, node)) {
-            reader.refuse(Finding::kNumberInvalid);
+        if (!readPlainNode(lines.line(), node) && !readNode(reader, node))
             continue;
-        }
         if (!isGlobal)
             node.point = reader.system(rectangular(node.point, coordinates));
         addNode(reader, node.id, node.point);
@@ -147,7 +150,7 @@ void readSystem(DeckReader& reader) {
     else
         isRead = isRead && localSystem(a, b, c, reader.system);
     if (!isRead)
-        reader.refuse(Finding::kGenerationInvalid);
+        reader.refuseStatement(Finding::kGenerationInvalid);
 }
 
 }  // namespace kvocaeio::tidy::abaqus

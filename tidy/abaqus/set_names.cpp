@@ -21,11 +21,17 @@ template <class Visit>
 void forEachName(const Scope& scope, const Visit& visit) {
     for (const Block& block : scope.blocks)
         if (!block.elset.empty())
-            visit(block.elset);
+            visit(block.elset, scope.elementSets.at(block.elset).place);
     for (const auto& [name, set] : scope.elementSets)
-        visit(name);
+        visit(name, set.place);
     for (const ShellSection& section : scope.shellSections)
-        visit(section.elset);
+        visit(section.elset, section.place);
+}
+
+std::string foldedName(const std::string& name) {
+    std::string folded;
+    text::foldToUpper(name, folded);
+    return folded;
 }
 
 }  // namespace
@@ -38,27 +44,31 @@ std::string linkedName(std::string name) {
 SetNames::SetNames(const Frames& frames, DeckLines& lines) {
     std::map<std::string, Owners> owners;
     for (const Frame& frame : frames.all())
-        forEachName(*frame.scope, [&](const std::string& name) {
+        forEachName(*frame.scope, [&](const std::string& name, const Place&) {
             const auto [known, isNew] = owners.try_emplace(name, Owners{frame.instance});
             if (known->second.first != frame.instance)
                 known->second.areMany = true;
         });
-    for (const Frame& frame : frames.all())
-        forEachName(*frame.scope, [&](const std::string& name) {
-            add(frame, name, owners.at(name).areMany, lines);
-        });
+    // Those that can stay as they are come first.
+    for (const bool isChanged : {false, true})
+        for (const Frame& frame : frames.all())
+            forEachName(*frame.scope, [&](const std::string& name, const Place& place) {
+                const bool isPrefixed = owners.at(name).areMany && frame.instance != kOwnScope;
+                const std::string written =
+                    writtenName(isPrefixed ? std::string(frame.name) + "." + name : name);
+                if (isChanged || written == foldedName(name))
+                    add({frame.instance, name}, written, place, lines);
+            });
 }
 
-void SetNames::add(const Frame& frame, const std::string& name, bool isShared, DeckLines& lines) {
-    const auto [entry, isNew] = names_.try_emplace({frame.instance, name});
+void SetNames::add(const Key& key, const std::string& written, const Place& place,
+                   DeckLines& lines) {
+    const auto [entry, isNew] = names_.try_emplace(key);
     if (!isNew)
         return;
-    const bool isPrefixed = isShared && frame.instance != kOwnScope;
-    entry->second = unique(writtenName(isPrefixed ? std::string(frame.name) + "." + name : name));
-    std::string folded;
-    text::foldToUpper(name, folded);
-    if (entry->second != folded)
-        lines.changeAt(Finding::kNameChanged, {}, entry->second, name);
+    entry->second = unique(written);
+    if (entry->second != foldedName(key.second))
+        lines.changeAt(Finding::kNameChanged, place, entry->second, key.second);
 }
 
 // Two names that differ in blanks alone are one in places.

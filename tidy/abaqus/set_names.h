@@ -25,10 +25,12 @@ class SetNames {
     std::string makeNew(std::string_view name);
 
   private:
-    void add(const Frame& frame, const std::string& name, bool isShared, DeckLines& lines);
+    using Key = std::pair<int, std::string>;  // a frame's instance, and the name there
+
+    void add(const Key& key, const std::string& written, const Place& place, DeckLines& lines);
     std::string unique(const std::string& name);
 
-    std::map<std::pair<int, std::string>, std::string> names_;
+    std::map<Key, std::string> names_;
     std::set<std::string> taken_;
 };
 

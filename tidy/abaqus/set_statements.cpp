@@ -21,7 +21,7 @@ int namedInstance(DeckReader& reader) {
     const auto found = reader.model.instanceRows.find(name);
     if (found != reader.model.instanceRows.end())
         return found->second;
-    reader.lines.note(Finding::kPartMissing, reader.lines.line(), name);
+    reader.lines.noteStatement(Finding::kPartMissing, name);
     return kOwnScope;
 }
 
@@ -35,11 +35,13 @@ void addRange(DeckReader& reader, IdSet& set, int instance) {
         reader.lines.setNeeded();
     while (taken < range.size() && fields.next(field)) {
         if (!field.empty() && !readInteger(field, range[taken]))
-            return reader.refuse(Finding::kNumberInvalid);
+            return reader.refuse(Finding::kNumberInvalid, field);
         ++taken;
     }
     if (taken == 1)
         range[1] = range[0];
+    if (range[0] == range[1])
+        range[2] = 1;  // whatever the step
     if (range[1] < range[0] || range[2] < 1)
         return reader.refuse(Finding::kNumberInvalid);
     set.runs.push_back({instance, range[0], range[1], range[2]});
@@ -84,6 +86,7 @@ std::size_t readMembers(DeckReader& reader, IdSet& set, bool isRead) {
     const bool isGenerated = reader.statement.has("GENERATE");
     const int instance = namedInstance(reader);
     set.isUnsorted = reader.statement.has("UNSORTED");
+    reader.lines.includeInput(reader.statement);
     std::size_t rows = 0;
     while (reader.lines.nextData()) {
         if (isRead)
@@ -111,7 +114,8 @@ void addSurfaceItem(DeckReader& reader, Surface& surface) {
     const int face = faceOf(label, 'S');
     if (face == 0 && !label.empty())
         return reader.lines.note(Finding::kFaceUnread, label, nameOf(label));
-    surface.items.push_back({targetOf(reader.model, item, kOwnScope), face, reader.lines.place()});
+    surface.items.push_back(
+        {targetOf(reader.model, item, kOwnScope), face, reader.lines.place(item)});
 }
 
 void addOperands(DeckReader& reader, Surface& surface) {
@@ -137,18 +141,36 @@ void addLoad(DeckReader& reader) {
     std::string_view label;
     std::string_view value;
     reader.lines.tellTabs();
-    Load load{{}, 0, 0.0, reader.lines.place()};
     fields.next(target);
+    Load load;
+    load.place = reader.lines.place(target);
     fields.next(label);
     load.face = faceOf(label, 'P');
     if (load.face == 0)
         return reader.lines.note(Finding::kLoadUnread, label, nameOf(label));
     if (fields.next(value) && !value.empty() && !readReal(value, load.value))
-        return reader.refuse(Finding::kNumberInvalid);
+        return reader.refuse(Finding::kNumberInvalid, value);
     load.target = targetOf(reader.model, target, kOwnScope);
     if (label[0] == 'p' || value.find_first_of("dD") != std::string_view::npos)
         reader.lines.change(Finding::kNumberForm, label);
     reader.model.loads.push_back(load);
+}
+
+void addSurfaceLoad(DeckReader& reader) {
+    Fields fields(reader.lines.line());
+    std::string_view surface;
+    std::string_view label;
+    std::string_view value;
+    fields.next(surface);
+    fields.next(label);
+    Load load;
+    load.target.name = nameOf(surface);
+    load.place = reader.lines.place(surface);
+    if (nameOf(label) != "P")
+        return reader.lines.note(Finding::kLoadUnread, label, nameOf(label));
+    if (fields.next(value) && !value.empty() && !readReal(value, load.value))
+        return reader.refuse(Finding::kNumberInvalid, value);
+    reader.model.loads.push_back(std::move(load));
 }
 
 // The first number of a line of a section; false without one.
@@ -187,10 +209,10 @@ void readElementSet(DeckReader& reader) {
     set.isRepeated = set.isListed;
     set.isListed = true;
     set.isInternal = set.isInternal || reader.statement.has("INTERNAL");
-    set.place = reader.lines.place();
+    set.place = reader.lines.statementPlace();
     // On this line alone a blank ends the value for the reader.
     if (name.find(' ') != std::string::npos)
-        reader.lines.change(Finding::kKeywordForm, reader.lines.line(), "ELSET");
+        reader.lines.changeStatement(Finding::kKeywordForm, "ELSET");
     const bool isGenerated = reader.statement.has("GENERATE");
     set.isGenerated = set.isGenerated || isGenerated;
     const std::size_t rows = readMembers(reader, set, true);
@@ -202,20 +224,20 @@ void readSurface(DeckReader& reader) {
     DeckLines& lines = reader.lines;
     Surface surface;
     surface.name = reader.statement.name("NAME");
-    surface.place = lines.place();
+    surface.place = lines.statementPlace();
     if (reader.statement.has("COMBINE")) {
         surface.combination = combinationOf(reader.statement.name("COMBINE"));
-        lines.change(Finding::kSurfaceCombined, lines.line(), surface.name);
+        lines.changeStatement(Finding::kSurfaceCombined, surface.name);
         if (surface.combination == Combination::kNone)
-            return reader.refuse(Finding::kStatementUnread);
+            return reader.refuseStatement(Finding::kStatementUnread);
         while (lines.nextData())
             addOperands(reader, surface);
     } else {
         const std::string type = reader.statement.name("TYPE");
         if (!type.empty() && type != "ELEMENT")
-            return lines.change(Finding::kSurfaceUnread, lines.line(), surface.name);
+            return lines.changeStatement(Finding::kSurfaceUnread, surface.name);
         if (type.empty())
-            lines.change(Finding::kKeywordForm, lines.line(), "SURFACE");
+            lines.changeStatement(Finding::kKeywordForm, "SURFACE");
         lines.expectPlain(reader.statement);
         lines.includeInput(reader.statement);
         while (lines.nextData())
@@ -231,14 +253,20 @@ void readLoads(DeckReader& reader) {
         addLoad(reader);
 }
 
+void readSurfaceLoads(DeckReader& reader) {
+    reader.lines.includeInput(reader.statement);
+    while (reader.lines.nextData())
+        addSurfaceLoad(reader);
+}
+
 void readShellSection(DeckReader& reader) {
     DeckLines& lines = reader.lines;
     const bool isLayered = reader.statement.has("COMPOSITE");
-    ShellSection section{reader.statement.name("ELSET"), reader.statement.name("MATERIAL"), 0.0};
+    ShellSection section{reader.statement.name("ELSET"), reader.statement.name("MATERIAL"), 0.0,
+                         lines.statementPlace()};
     lines.expectPlain(reader.statement, "ELSET");
     if (isLayered || !reader.statement.has("MATERIAL"))
-        lines.change(Finding::kShellSection, lines.line(), section.elset);
-    const Place place = lines.place();
+        lines.changeStatement(Finding::kShellSection, section.elset);
     bool isRead = false;
     for (std::size_t row = 0; lines.nextData(); ++row) {
         double thickness = 0.0;
@@ -251,17 +279,16 @@ void readShellSection(DeckReader& reader) {
         section.thickness += thickness;
     }
     if (!isRead)
-        lines.noteAt(Finding::kThicknessUnread, place, {}, section.elset);
+        lines.noteStatement(Finding::kThicknessUnread, section.elset);
     reader.scope().shellSections.push_back(std::move(section));
 }
 
 void readShellGeneralSection(DeckReader& reader) {
     // Without a material the lines hold a stiffness.
     if (!reader.statement.has("MATERIAL") && !reader.statement.has("COMPOSITE"))
-        return reader.lines.note(Finding::kThicknessUnread, reader.lines.line(),
-                                 reader.statement.name("ELSET"));
-    reader.lines.change(Finding::kShellSection, reader.lines.line(),
-                        reader.statement.name("ELSET"));
+        return reader.lines.noteStatement(Finding::kThicknessUnread,
+                                          reader.statement.name("ELSET"));
+    reader.lines.changeStatement(Finding::kShellSection, reader.statement.name("ELSET"));
     readShellSection(reader);
 }
 

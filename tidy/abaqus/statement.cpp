@@ -5,6 +5,7 @@
 
 #include "text/ascii.h"
 #include "text/scan.h"
+#include "text/tokens.h"
 
 namespace kvocaeio::tidy::abaqus {
 
@@ -40,10 +41,7 @@ bool isSpelledPlainly(std::string_view text, std::string_view keyword) {
            (!isShellSection || text[5] == ' ');
 }
 
-bool isQuoted(std::string_view text) {
-    return text.size() > 1 && (text.front() == '"' || text.front() == '\'') &&
-           text.back() == text.front();
-}
+constexpr text::Delimiters kBlank(" ");
 
 }  // namespace
 
@@ -57,11 +55,16 @@ std::string_view trimmed(std::string_view text) {
 
 std::string nameOf(std::string_view text) {
     text = trimmed(text);
-    if (isQuoted(text))
+    if (text.starts_with('\'') && text.size() > 1 && text.ends_with('\''))
         return std::string(trimmed(text.substr(1, text.size() - 2)));
     std::string name;
-    text::foldToUpper(text, name);
-    return name;
+    bool isQuoted = false;
+    for (const char c : text)
+        if (c == '"')
+            isQuoted = !isQuoted;
+        else
+            name += isQuoted ? c : text::toUpper(c);
+    return std::string(trimmed(name));
 }
 
 std::string writtenName(std::string_view name) {
@@ -98,13 +101,28 @@ void Statement::parse(std::string_view line) {
     }
 }
 
+// Whether a word in a value before the parameter of that name, or without one, is taken for it.
+bool Statement::isMistaken(std::string_view name) const {
+    for (const Parameter& parameter : parameters) {
+        if (parameter.name == name)
+            return false;
+        std::string folded;
+        text::foldToUpper(parameter.value, folded);
+        text::Tokens words(folded);
+        for (std::string_view word; words.next(kBlank, word);)
+            if (word == name)
+                return true;
+    }
+    return false;
+}
+
 bool Statement::isPlain(std::string_view kept) const {
-    return isKeywordPlain && std::ranges::all_of(parameters, [&](const Parameter& parameter) {
-               const std::string value = foldedWithoutBlanks(parameter.value);
-               const bool isMistaken = value.find("TYPE") != std::string::npos ||
-                                       value.find("ELSET") != std::string::npos;
-               return parameter.isNamePlain && !isMistaken &&
-                      (parameter.name != kept || parameter.isValuePlain);
+    const bool hasType = keyword == "ELEMENT" || keyword == "SURFACE";
+    const bool hasElset = keyword != "SURFACE";
+    return isKeywordPlain && !(hasType && isMistaken("TYPE")) &&
+           !(hasElset && isMistaken("ELSET")) &&
+           std::ranges::all_of(parameters, [&](const Parameter& parameter) {
+               return parameter.isNamePlain && (parameter.name != kept || parameter.isValuePlain);
            });
 }
 

@@ -14,7 +14,8 @@ inline constexpr std::size_t kMostName = 79;
 /// `text` without white space at both ends.
 std::string_view trimmed(std::string_view text);
 
-/// A name as it is looked up: unquoted in upper case, quoted as it stands between its quotes.
+/// A name as it is looked up: unquoted in upper case, quoted as it stands between its quotes. Parts
+/// of a name may be quoted, as in "Part 1-1".Set-1.
 std::string nameOf(std::string_view text);
 
 /// A name in the characters that the reader takes, cut to as many as it hands out.
@@ -47,6 +48,9 @@ struct Statement {
     std::string_view value(std::string_view name) const;
     /// The value as a name that is looked up.
     std::string name(std::string_view name) const { return nameOf(value(name)); }
+
+  private:
+    bool isMistaken(std::string_view name) const;
 };
 
 }  // namespace kvocaeio::tidy::abaqus
