@@ -20,7 +20,7 @@ struct Outcome {
     bool isNeeded = false;   ///< whether anything had to be changed; if not, nothing was written
     double deviation = 0.0;  ///< largest difference of a coordinate to that of the original
     Origins origins;
-    std::vector<std::filesystem::path> files;  ///< all that were read
+    std::vector<Deck> files;  ///< all that were read
 };
 
 }  // namespace kvocaeio::tidy

@@ -64,9 +64,9 @@ bool noteOutput(const OutputFile& out, const text::Listener& listener) {
 
 // Whether the target is a file that was read.
 bool isSource(const fs::path& target, const Outcome& outcome) {
-    return std::ranges::any_of(outcome.files, [&](const fs::path& file) {
+    return std::ranges::any_of(outcome.files, [&](const Deck& file) {
         std::error_code error;
-        return fs::equivalent(target, file, error);
+        return fs::equivalent(target, file.path, error);
     });
 }
 

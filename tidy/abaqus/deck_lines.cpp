@@ -11,8 +11,6 @@ namespace {
 // Of longer lines, with their ends, the reader takes the rest for further lines.
 constexpr std::size_t kMostPiece = 509;
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 // Whether a line can continue a keyword line that ends with a comma: it names a parameter. Data
 // would begin with a number in nearly all cases.
 bool continuesKeyword(std::string_view line) {
@@ -31,6 +29,10 @@ bool DeckLines::take() {
     }
     if (!files_.next())
         return false;
+    if (files_.hasReturnsAlone())
+        setNeeded();
+    if (files_.hasByteOrderMark())
+        change(Finding::kByteOrderMark, line());
     if (line().size() > kMostPiece)
         change(Finding::kLineSplit, line());
     return true;
@@ -39,12 +41,7 @@ bool DeckLines::take() {
 // Whether the line taken last is data of the present statement. Otherwise it is passed over, or it
 // is a statement that is kept for later.
 bool DeckLines::isData() {
-    std::string_view line = files_.line();
-    if (isFirst_ && line.starts_with(kByteOrderMark)) {
-        change(Finding::kByteOrderMark, line);
-        line.remove_prefix(kByteOrderMark.size());
-    }
-    isFirst_ = false;
+    const std::string_view line = files_.line();
     std::size_t at = 0;
     while (at < line.size() && text::isSpace(line[at]))
         ++at;

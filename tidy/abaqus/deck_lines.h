@@ -86,7 +86,6 @@ class DeckLines {
     bool isInside_ = false;
     bool isNeeded_ = false;
     bool hasFailed_ = false;
-    bool isFirst_ = true;
 };
 
 }  // namespace kvocaeio::tidy::abaqus

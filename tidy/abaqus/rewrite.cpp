@@ -18,7 +18,7 @@ bool rewriteDeck(const Deck& deck, OutputFile& out, Outcome& outcome,
     DeckLines lines(files);
     Model model;
     readDeck(lines, model);
-    outcome.files = files.opened();
+    outcome.files = files.files();
     if (lines.hasFailed() || listener.hasStopped())
         return false;
     const Frames frames(model, lines);

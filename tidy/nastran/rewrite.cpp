@@ -48,7 +48,7 @@ bool isPlain(const Deck& deck, Outcome& outcome, const text::Listener& listener)
     const std::uint32_t source = found.origins.sourceOf({}, deck.name);
     std::vector<NotedShell> shells;
     while (sources.next()) {
-        if (!plain.take(sources.line()))
+        if (sources.hasByteOrderMark() || sources.hasReturnsAlone() || !plain.take(sources.line()))
             return false;
         if (plain.thing() == PlainDeck::Thing::kNone)
             continue;
@@ -60,7 +60,7 @@ bool isPlain(const Deck& deck, Outcome& outcome, const text::Listener& listener)
     }
     if (!plain.isWhole() || sources.isIncomplete())
         return false;
-    found.files = sources.opened();
+    found.files = sources.files();
     outcome = std::move(found);
     noteShells(shells, deck, listener);
     return true;
@@ -72,12 +72,14 @@ bool writeDeck(const Deck& deck, DeckContent& content, OutputFile& out, Outcome&
     if (!sources.open())
         return false;
     CardReader cards(sources, content.strayLines);
+    if (content.hasControl)
+        cards.skipControl();
     DeckWriter writer(sources, cards, content, out, outcome);
     writer.begin();
     while (cards.next())
         writer.writeCard();
     writer.finish();
-    outcome.files = sources.opened();
+    outcome.files = sources.files();
     bool isWhole = !cards.isIncomplete();
     if (isWhole && outcome.origins.nodes.count() == 0) {
         listener.note(Finding::kNoNodes, {});
