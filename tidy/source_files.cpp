@@ -85,11 +85,15 @@ void SourceFiles::push(std::uint32_t row, text::File stream) {
         noteAt(Finding::kReturnsAlone, row, 1, 0, {});
 }
 
-std::vector<Deck> SourceFiles::files() const {
-    std::vector<Deck> files;
+std::vector<fs::path> SourceFiles::opened() const {
+    std::vector<fs::path> paths;
     for (const KnownFile& file : known_)
-        files.push_back({file.path, file.name});
-    return files;
+        paths.push_back(file.path);
+    return paths;
+}
+
+std::uint32_t SourceFiles::fileRowOf(const fs::path& file) {
+    return rowOfFile(file, displayed(file));
 }
 
 // Takes it off the line taken last.
@@ -179,6 +183,8 @@ bool SourceFiles::include(std::string_view given) {
     IncludePath found = findInclude(name, known_[file_].path.parent_path());
     if (found.path.empty())
         found = findInclude(name, deck_.path.parent_path());
+    if (found.path.empty())
+        found = findInclude(name, {});
     if (found.path.empty())
         return refuse(Finding::kIncludeMissing, name);
     std::uint32_t row = 0;

@@ -75,9 +75,9 @@ class SourceFiles {
     /// Whether anything was found that makes the deck incomplete.
     bool isIncomplete() const { return isIncomplete_; }
     /// The files opened so far, each once, by their rows.
-    std::vector<Deck> files() const;
-    /// The row in this pass of a file of another one. It need not be opened yet.
-    std::uint32_t fileRowOf(const Deck& file) { return rowOfFile(file.path, file.name); }
+    std::vector<std::filesystem::path> opened() const;
+    /// The row in this pass of a file that another one has opened.
+    std::uint32_t fileRowOf(const std::filesystem::path& file);
 
     /// Notes the line taken last, or a part of it: the column is that of `field` in it.
     template <class Kind>

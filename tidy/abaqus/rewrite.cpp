@@ -18,7 +18,7 @@ bool rewriteDeck(const Deck& deck, OutputFile& out, Outcome& outcome,
     DeckLines lines(files);
     Model model;
     readDeck(lines, model);
-    outcome.files = files.files();
+    outcome.files = files.opened();
     if (lines.hasFailed() || listener.hasStopped())
         return false;
     const Frames frames(model, lines);

@@ -23,7 +23,7 @@ struct StrayLines {
         LineInFile place;
     };
     std::unordered_map<std::string, Line> byMark;
-    std::vector<Deck> files;  ///< of their places
+    std::vector<std::filesystem::path> files;  ///< of their places
     bool areWanted = false;  ///< a card needs one
     bool areKnown = false;   ///< the first pass is over
 };

@@ -102,7 +102,7 @@ bool scanRound(const Deck& deck, const text::Listener& listener, Round round,
             scanGridPoint(card, content);
     }
     if (!content.strayLines.areKnown)
-        content.strayLines.files = sources.files();
+        content.strayLines.files = sources.opened();
     return true;
 }
 

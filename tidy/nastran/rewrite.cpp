@@ -60,7 +60,7 @@ bool isPlain(const Deck& deck, Outcome& outcome, const text::Listener& listener)
     }
     if (!plain.isWhole() || sources.isIncomplete())
         return false;
-    found.files = sources.files();
+    found.files = sources.opened();
     outcome = std::move(found);
     noteShells(shells, deck, listener);
     return true;
@@ -79,7 +79,7 @@ bool writeDeck(const Deck& deck, DeckContent& content, OutputFile& out, Outcome&
     while (cards.next())
         writer.writeCard();
     writer.finish();
-    outcome.files = sources.files();
+    outcome.files = sources.opened();
     bool isWhole = !cards.isIncomplete();
     if (isWhole && outcome.origins.nodes.count() == 0) {
         listener.note(Finding::kNoNodes, {});
