@@ -22,6 +22,7 @@ enum class Finding : std::size_t {
     kIncludeDeep,
     kIncludeLarge,
     kLineLong,
+    kReturnsAlone,
     kCount
 };
 
