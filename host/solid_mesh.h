@@ -10,15 +10,9 @@
 
 #include "import_findings.h"
 #include "kind_counts.h"
+#include "note.h"
 
 namespace kvocaeio::host {
-
-/// What the user has to know of a conversion.
-struct Note {
-    std::string code;    ///< for programs: small letters and hyphens
-    std::size_t number;  ///< of what was found; 1 where nothing is counted
-    std::string text;    ///< for people, with the number
-};
 
 struct SolidMesh {
     struct Element {
