@@ -3,6 +3,10 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
+#include <vector>
+
+#include "kind_counts.h"
 
 namespace kvocaeio::host {
 
@@ -11,5 +15,13 @@ struct Note {
     std::size_t number;  ///< of what was found; 1 where nothing is counted
     std::string text;    ///< for people, with the number
 };
+
+/// Notes that `number` things are left out, "1 pyramid"; none are not worth a note. `things` is a
+/// plural, `rest` goes after it.
+void leaveOut(std::vector<Note>& losses, std::string_view code, std::size_t number,
+              std::string_view things, std::string_view rest = "");
+
+/// The same of elements by kind.
+void leaveOut(std::vector<Note>& losses, const KindCounts& kinds);
 
 }  // namespace kvocaeio::host

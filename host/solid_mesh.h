@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "import_findings.h"
-#include "kind_counts.h"
 #include "note.h"
 
 namespace kvocaeio::host {
@@ -53,13 +52,5 @@ struct MeshWriter {
 
 /// The nodes of an element as OIDs.
 std::array<int, 8> oidsOf(const SolidMesh& mesh, const SolidMesh::Element& element);
-
-/// Notes that `number` things are left out, "1 pyramid"; none are not worth a note. `things` is a
-/// plural, `rest` goes after it.
-void leaveOut(SolidMesh& mesh, std::string_view code, std::size_t number, std::string_view things,
-              std::string_view rest = "");
-
-/// The same of elements by kind.
-void leaveOut(SolidMesh& mesh, const KindCounts& kinds);
 
 }  // namespace kvocaeio::host

@@ -10,7 +10,7 @@
 #include <tuple>
 #include <utility>
 
-#include "abaqus/node_rows.h"
+#include "node_rows.h"
 
 namespace kvocaeio::host {
 

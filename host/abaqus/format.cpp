@@ -5,6 +5,7 @@
 
 #include "abaqus/debug_logs.h"
 #include "abaqus/deck.h"
+#include "abaqus/mesh.h"
 #include "abaqus/report.h"
 #include "abaqus/solids.h"
 #include "file_head.h"
@@ -59,8 +60,8 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 
 }  // namespace
 
-const Format kAbaqusFormat = {
-    "Abaqus input deck",  "abaqus", kExtensions, recognises, read, check, takeAbaqusSolids,
-    CKVODeckTidy::kAbaqus};
+const Format kAbaqusFormat = {"Abaqus input deck", "abaqus",       kExtensions,
+                              recognises,          read,           check,
+                              takeAbaqusSolids,    takeAbaqusMesh, CKVODeckTidy::kAbaqus};
 
 }  // namespace kvocaeio::host

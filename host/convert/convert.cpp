@@ -6,13 +6,13 @@
 #include <new>
 #include <optional>
 
-#include "clean_name.h"
 #include "convert/oids.h"
 #include "convert/report.h"
 #include "convert/rounding.h"
 #include "counted.h"
 #include "formats.h"
 #include "input_file.h"
+#include "mesh/refusals.h"
 #include "mesh_checks.h"
 #include "nastran/mesh_writer.h"
 #include "patran/mesh_writer.h"
@@ -50,7 +50,8 @@ void compact(SolidMesh& mesh) {
         return std::any_of(element.nodes.begin(), element.nodes.begin() + element.corners,
                            [&](int node) { return node < 0 || node >= nodeCount; });
     });
-    leaveOut(mesh, "elements-of-missing-nodes", lost, "elements", " of nodes that are not there");
+    leaveOut(mesh.losses, "elements-of-missing-nodes", lost, "elements",
+             " of nodes that are not there");
     std::vector<int> newRows(mesh.nodes.size(), -1);
     for (const SolidMesh::Element& element : mesh.elements)
         for (int i = 0; i < element.corners; ++i)
@@ -63,7 +64,7 @@ void compact(SolidMesh& mesh) {
         mesh.nodeOids[used] = mesh.nodeOids[row];
         mesh.nodes[used++] = mesh.nodes[row];
     }
-    leaveOut(mesh, "unused-nodes", mesh.nodes.size() - used, "nodes",
+    leaveOut(mesh.losses, "unused-nodes", mesh.nodes.size() - used, "nodes",
              " that no written element has");
     mesh.nodes.resize(used);
     mesh.nodeOids.resize(used);
@@ -74,43 +75,27 @@ void compact(SolidMesh& mesh) {
         }
 }
 
-void refuseInfinitePlaces(const SolidMesh& mesh) {
-    const auto bad = std::count_if(mesh.nodes.begin(), mesh.nodes.end(),
-                                   [](const auto& place) { return !isFinitePlace(place.data()); });
-    if (bad != 0)
-        throw FileError("has " + counted(static_cast<std::size_t>(bad), "nodes") +
-                            " with coordinates that are no finite numbers",
-                        "not-finite");
-}
-
 void scale(SolidMesh& mesh, double factor) {
     for (auto& place : mesh.nodes)
         for (double& value : place)
             value *= factor;
 }
 
-/// Refuses numbers that the deck defines again, of which tidying has kept the last definition.
-void refuseRepeats(const TidiedDeck& deck) {
-    for (const ImportFinding& finding : deck.findings().findings)
-        if (finding.code == "tidy.abaqus-node-repeated" ||
-            finding.code == "tidy.abaqus-element-repeated")
-            throw FileError("is not converted: " + finding.text + " (" +
-                                counted(static_cast<std::size_t>(finding.count), "times") +
-                                ", first in line " + std::to_string(finding.places.front().line) +
-                                "): give each a number of its own, or --force to take the last "
-                                "definition",
-                            "defined-twice");
+/// Gives nodes and elements the OIDs of the original.
+void restoreOids(TidiedDeck& deck, SolidMesh& mesh) {
+    std::vector<int> oids;
+    for (const SolidMesh::Element& element : mesh.elements)
+        oids.push_back(element.oid);
+    if (!oids.empty() && oids.front() == 0)  // the normalised mesh has none
+        oids.clear();
+    deck.restoreOids(mesh.nodeOids, oids, mesh.remarks);
+    for (std::size_t row = 0; row < oids.size(); ++row)
+        mesh.elements[row].oid = oids[row];
 }
 
-/// Says that the mesh is that of a tidied deck, and what that deck left out.
-void takeTidied(TidiedDeck& deck, SolidMesh& mesh) {
-    if (!deck.isTidied())
-        return;
-    deck.restoreOids(mesh);
-    const std::size_t warnings = deck.findings().tally().of(Level::kWarning);
-    leaveOut(mesh, "left-out-by-tidying", warnings, "warnings",
-             " of the tidying say what; kvocaeio check --tidy lists them");
-    mesh.remarks.push_back({"tidied", 1, deck.remark()});
+std::size_t countInfinitePlaces(const SolidMesh& mesh) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        mesh.nodes, [](const auto& place) { return !isFinitePlace(place.data()); }));
 }
 
 SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
@@ -130,27 +115,13 @@ SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
                       options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
     deck.giveBack(mesh.imported);
     compact(mesh);
-    takeTidied(deck, mesh);
+    restoreOids(deck, mesh);
+    deck.takeNotes(mesh.losses, mesh.remarks);
     if (mesh.elements.empty())
         throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
     scale(mesh, options.scale);
-    refuseInfinitePlaces(mesh);
+    refuseInfinitePlaces(countInfinitePlaces(mesh));
     return mesh;
-}
-
-/// A source that was read wrongly makes a wrong mesh.
-void refuseErrors(const SolidMesh& mesh, const std::string& source) {
-    const ImportFinding* const first = mesh.imported.firstError();
-    if (first == nullptr)
-        return;
-    const long long line = first->places.front().line;
-    const std::size_t errors = mesh.imported.tally().of(Level::kError);
-    throw FileError("is not converted for " + counted(errors, "errors") + " of the import, " +
-                        (errors > 1 ? "the first of " : "") + "which is" +
-                        (line == 0 ? "" : " in line " + std::to_string(line)) + ": " +
-                        cleanName(first->text) + "; kvocaeio check " + cleanName(source) +
-                        " shows all, and --force converts what was read",
-                    "import-errors");
 }
 
 void write(SolidMesh& mesh, const ConvertOptions& options) {
@@ -200,7 +171,7 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Soli
     if (!failure)
         failure = attempt(options.source, [&] {
             if (!options.force)
-                refuseErrors(mesh, options.source);
+                refuseErrors(mesh.imported, options.source);
         });
     if (!failure)
         failure = attempt(options.target, [&] { write(mesh, options); });

@@ -46,4 +46,7 @@ struct CellShape {
 
 const CellShape& cellShape(CellKind kind);
 
+/// The kind of so many nodes; null where there is none.
+const CellShape* findCellShape(int dimension, std::size_t nodes);
+
 }  // namespace kvocaeio::host

@@ -51,6 +51,9 @@ struct Mesh {
 
     std::size_t nodes() const { return places.size() / 3; }
     std::size_t elements() const;
+    /// The section of that kind among those from `first` on, which is made like `model` where it is
+    /// not there.
+    MeshSection& sectionOf(CellKind kind, std::size_t first, const MeshSection& model);
     const double* place(int node) const {
         return places.data() + 3 * static_cast<std::size_t>(node);
     }

@@ -139,6 +139,6 @@ std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTa
 // A design is a database: nothing in its first bytes is known, its extension must do.
 const Format kCadenceFormat = {
     "Cadence design", "cadence",   kExtensions, [](std::string_view) { return false; },
-    refuse,           refuseCheck, nullptr};
+    refuse,           refuseCheck, nullptr,     nullptr};
 
 }  // namespace kvocaeio::host

@@ -85,6 +85,7 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 
 }  // namespace
 
-const Format k3diFormat = {"3DI package", "3di", kExtensions, recognises, read, check, nullptr};
+const Format k3diFormat = {"3DI package", "3di", kExtensions, recognises,
+                           read,          check, nullptr,     nullptr};
 
 }  // namespace kvocaeio::host
