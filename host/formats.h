@@ -36,9 +36,11 @@ struct Format {
     ImportFindings (*check)(const std::string& path, PrintTarget progress,
                             CKVOImportReport& report);
     /// The file's solids, for `convert`; null where the format is not converted.
-    SolidMesh (*takeSolids)(const std::string& path, const MeshRequest& request);
+    SolidMesh (*takeSolids)(const std::string& path, const MeshRequest& request) = nullptr;
     /// All that the reader returns, for `loadMesh`; null where the format holds no mesh.
-    Mesh (*takeMesh)(const std::string& path, const MeshRequest& request);
+    Mesh (*takeMesh)(const std::string& path, const MeshRequest& request) = nullptr;
+    /// The bodies and wires, for `loadScene`; null where the format holds no package.
+    PackageScene (*takeScene)(const std::string& path, const MeshRequest& request) = nullptr;
     /// Of `CKVODeckTidy::Format`; 0 where files need no tidying.
     int tidyFormat = 0;
 };

@@ -60,8 +60,16 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 
 }  // namespace
 
-const Format kAbaqusFormat = {"Abaqus input deck", "abaqus",       kExtensions,
-                              recognises,          read,           check,
-                              takeAbaqusSolids,    takeAbaqusMesh, CKVODeckTidy::kAbaqus};
+const Format kAbaqusFormat = {
+    .name = "Abaqus input deck",
+    .code = "abaqus",
+    .extensions = kExtensions,
+    .recognises = recognises,
+    .read = read,
+    .check = check,
+    .takeSolids = takeAbaqusSolids,
+    .takeMesh = takeAbaqusMesh,
+    .tidyFormat = CKVODeckTidy::kAbaqus,
+};
 
 }  // namespace kvocaeio::host

@@ -9,6 +9,11 @@ namespace kvocaeio::host {
 
 namespace {
 
+MeshRequest requestOf(const LoadOptions& options) {
+    return {options.normalised, options.force,
+            options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere};
+}
+
 void restoreOids(TidiedDeck& deck, Mesh& mesh) {
     if (!deck.isTidied())
         return;
@@ -43,9 +48,7 @@ Mesh loadMesh(const InputFile& file, const std::string& name, const Format& form
     deck.requireGood("; --as-is takes what is read of the deck as it is");
     if (!options.force)
         refuseRepeats(deck);
-    Mesh mesh = format.takeMesh(
-        deck.path(), {options.normalised, options.force,
-                      options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
+    Mesh mesh = format.takeMesh(deck.path(), requestOf(options));
     deck.giveBack(mesh.imported);
     restoreOids(deck, mesh);
     deck.takeNotes(mesh.losses, mesh.remarks);
@@ -55,6 +58,18 @@ Mesh loadMesh(const InputFile& file, const std::string& name, const Format& form
     if (!options.force)
         refuseErrors(mesh.imported, name);
     return mesh;
+}
+
+PackageScene loadScene(const InputFile& file, const std::string& name, const Format& format,
+                       const LoadOptions& options) {
+    if (format.takeScene == nullptr)
+        throw FileError("is of a format that holds no package (" + std::string(format.name) + ")",
+                        "not-converted");
+    PackageScene scene = format.takeScene(file.path(), requestOf(options));
+    scene.imported.rename(file.path(), name);
+    if (!options.force)
+        refuseErrors(scene.imported, name);
+    return scene;
 }
 
 }  // namespace kvocaeio::host

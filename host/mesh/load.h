@@ -1,9 +1,10 @@
-/// The mesh of a file, for the commands that show it or write it in another format.
+/// The mesh or package of a file, for the commands that show it or write it in another format.
 #pragma once
 
 #include "formats.h"
 #include "input_file.h"
 #include "mesh/mesh.h"
+#include "package/scene.h"
 
 namespace kvocaeio::host {
 
@@ -19,5 +20,9 @@ struct LoadOptions {
 /// mesh to take, and without `force` where it would not be that of the source.
 Mesh loadMesh(const InputFile& file, const std::string& name, const Format& format,
               const LoadOptions& options);
+
+/// The same for a package.
+PackageScene loadScene(const InputFile& file, const std::string& name, const Format& format,
+                       const LoadOptions& options);
 
 }  // namespace kvocaeio::host

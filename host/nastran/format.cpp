@@ -108,14 +108,15 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 
 }  // namespace
 
-const Format kNastranFormat = {"Nastran bulk data",
-                               "nastran",
-                               kExtensions,
-                               recognises,
-                               read,
-                               check,
-                               nullptr,
-                               takeNastranMesh,
-                               CKVODeckTidy::kNastran};
+const Format kNastranFormat = {
+    .name = "Nastran bulk data",
+    .code = "nastran",
+    .extensions = kExtensions,
+    .recognises = recognises,
+    .read = read,
+    .check = check,
+    .takeMesh = takeNastranMesh,
+    .tidyFormat = CKVODeckTidy::kNastran,
+};
 
 }  // namespace kvocaeio::host

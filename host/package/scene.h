@@ -1,5 +1,5 @@
-/// The bodies and wires of a chip package, for the commands that show them or write them in another
-/// format. All lengths are millimetres.
+/// The bodies and wires of a chip package, for the report, and for the commands that show them or
+/// write them in another format. All lengths are millimetres.
 #pragma once
 
 #include <array>
@@ -15,33 +15,52 @@ class CKVOCadenceReader;
 
 namespace kvocaeio::host {
 
-struct PackageScene {
-    struct Body {
-        std::string kind;  ///< "die", "solder ball", as the report names them
-        std::string name;
-        std::array<double, 3> center;
-        std::array<double, 3> size;  ///< none is negative; of a ball all three are the diameter
-        bool isBall;
-        std::optional<unsigned> color;  ///< packed, red in the lowest byte; Cadence has none
-    };
-    struct Wire {
-        int profile;  ///< number of the wire model
-        double diameter;
-        std::vector<double> path;  ///< x, y, z of each point
-    };
-    /// The wires of one profile.
-    struct Profile {
-        int number;
-        std::optional<std::string> name;  ///< none where the file has no such wire model
-        std::optional<unsigned> color;
-    };
+enum class PackageSource { k3di, kCadence };
 
-    std::vector<Body> bodies;
-    std::vector<Wire> wires;
-    std::vector<Profile> profiles;  ///< all that wires name, by their numbers
+struct PackageBody {
+    std::string kind;
+    std::string name;
+    std::array<double, 3> center;
+    std::array<double, 3> size;     ///< x, y, z; of a ball all three are the diameter
+    std::optional<unsigned> color;  ///< packed, red in the lowest byte; Cadence designs have none
+    bool isBall;
+};
+
+struct PackageWire {
+    int profile;
+    double diameter;
+    std::vector<double> path;  ///< x, y, z of each point
+};
+
+/// The wires of one profile.
+struct WireProfile {
+    int number = 0;
+    std::optional<std::string> name;  ///< none where the file has no such wire model
+    std::size_t wires = 0;
+    std::size_t points = 0;
+    double smallestDiameter = 0.0;
+    double largestDiameter = 0.0;
+    double length = 0.0;  ///< of all wires together
+    std::optional<unsigned> color;
+};
+
+struct PackageScene {
+    std::vector<PackageBody> bodies;
+    std::vector<PackageWire> wires;
+    std::vector<WireProfile> profiles;  ///< by number; wires name no others
     std::vector<Note> losses;
     std::vector<Note> remarks;
     ImportFindings imported;
 };
+
+/// The bodies as the reader returns them: a size is negative where the file exchanges the ends, and
+/// of a ball only the first has a meaning.
+std::vector<PackageBody> takeBodies(CKVOCadenceReader& reader, PackageSource source);
+
+/// The profiles that wires name, and all that the file describes, by number.
+std::vector<WireProfile> takeProfiles(CKVOCadenceReader& reader);
+
+/// All that an import has left, but bodies and wires without a place or an extent.
+PackageScene takeScene(CKVOCadenceReader& reader, PackageSource source);
 
 }  // namespace kvocaeio::host

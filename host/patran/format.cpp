@@ -136,7 +136,14 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 }  // namespace
 
 const Format kPatranFormat = {
-    "Patran neutral file", "patran",      kExtensions, recognises, read, check,
-    takePatranSolids,      takePatranMesh};
+    .name = "Patran neutral file",
+    .code = "patran",
+    .extensions = kExtensions,
+    .recognises = recognises,
+    .read = read,
+    .check = check,
+    .takeSolids = takePatranSolids,
+    .takeMesh = takePatranMesh,
+};
 
 }  // namespace kvocaeio::host
