@@ -1,139 +1,23 @@
-/// The command `kvocaeio convert`: solids of one format written in another.
+/// The command `kvocaeio convert`: the mesh or package of a file written in another format.
 #include "convert/convert.h"
 
-#include <algorithm>
 #include <iostream>
 #include <new>
 #include <optional>
 
-#include "convert/oids.h"
 #include "convert/report.h"
-#include "convert/rounding.h"
-#include "counted.h"
+#include "convert/solids.h"
+#include "convert/targets.h"
 #include "formats.h"
 #include "input_file.h"
+#include "mesh/load.h"
 #include "mesh/refusals.h"
 #include "mesh_checks.h"
-#include "nastran/mesh_writer.h"
-#include "patran/mesh_writer.h"
 #include "replacement_file.h"
-#include "tidy/tidied_deck.h"
 
 namespace kvocaeio::host {
 
 namespace {
-
-struct Target {
-    std::string_view extension;
-    const MeshWriter* writer;
-};
-
-constexpr std::array<Target, 3> kTargets = {{
-    {".nas", &kNastranWriter},
-    {".bdf", &kNastranWriter},
-    {".pat", &kPatranWriter},
-}};
-
-const MeshWriter& writerOf(const std::string& path) {
-    const std::string extension = extensionOf(path);
-    for (const Target& target : kTargets)
-        if (target.extension == extension)
-            return *target.writer;
-    throw FileError("cannot be written: its name must end in .nas, .bdf (Nastran) or .pat (Patran)",
-                    "unknown-target");
-}
-
-/// Drops elements of nodes that are not there and nodes that no element has.
-void compact(SolidMesh& mesh) {
-    const auto nodeCount = static_cast<int>(mesh.nodes.size());
-    const std::size_t lost = std::erase_if(mesh.elements, [&](const SolidMesh::Element& element) {
-        return std::any_of(element.nodes.begin(), element.nodes.begin() + element.corners,
-                           [&](int node) { return node < 0 || node >= nodeCount; });
-    });
-    leaveOut(mesh.losses, "elements-of-missing-nodes", lost, "elements",
-             " of nodes that are not there");
-    std::vector<int> newRows(mesh.nodes.size(), -1);
-    for (const SolidMesh::Element& element : mesh.elements)
-        for (int i = 0; i < element.corners; ++i)
-            newRows[static_cast<std::size_t>(element.nodes[static_cast<std::size_t>(i)])] = 0;
-    std::size_t used = 0;
-    for (std::size_t row = 0; row < newRows.size(); ++row) {
-        if (newRows[row] < 0)
-            continue;
-        newRows[row] = static_cast<int>(used);
-        mesh.nodeOids[used] = mesh.nodeOids[row];
-        mesh.nodes[used++] = mesh.nodes[row];
-    }
-    leaveOut(mesh.losses, "unused-nodes", mesh.nodes.size() - used, "nodes",
-             " that no written element has");
-    mesh.nodes.resize(used);
-    mesh.nodeOids.resize(used);
-    for (SolidMesh::Element& element : mesh.elements)
-        for (int i = 0; i < element.corners; ++i) {
-            int& node = element.nodes[static_cast<std::size_t>(i)];
-            node = newRows[static_cast<std::size_t>(node)];
-        }
-}
-
-void scale(SolidMesh& mesh, double factor) {
-    for (auto& place : mesh.nodes)
-        for (double& value : place)
-            value *= factor;
-}
-
-/// Gives nodes and elements the OIDs of the original.
-void restoreOids(TidiedDeck& deck, SolidMesh& mesh) {
-    std::vector<int> oids;
-    for (const SolidMesh::Element& element : mesh.elements)
-        oids.push_back(element.oid);
-    if (!oids.empty() && oids.front() == 0)  // the normalised mesh has none
-        oids.clear();
-    deck.restoreOids(mesh.nodeOids, oids, mesh.remarks);
-    for (std::size_t row = 0; row < oids.size(); ++row)
-        mesh.elements[row].oid = oids[row];
-}
-
-std::size_t countInfinitePlaces(const SolidMesh& mesh) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        mesh.nodes, [](const auto& place) { return !isFinitePlace(place.data()); }));
-}
-
-SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
-    const Format& format = findFormatToTidy(file.path(), !options.asIs);
-    if (format.takeSolids == nullptr)
-        throw FileError("is of a format that is not converted (" + std::string(format.name) +
-                            "); Abaqus decks and Patran neutral files are",
-                        "not-converted");
-    TidiedDeck deck(file.path(), options.source);
-    if (!options.asIs)
-        deck.tidy(format);
-    deck.requireGood("; --as-is converts what is read of the deck as it is");
-    if (!options.force)
-        refuseRepeats(deck);
-    SolidMesh mesh = format.takeSolids(
-        deck.path(), {options.normalised, options.force,
-                      options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
-    deck.giveBack(mesh.imported);
-    compact(mesh);
-    restoreOids(deck, mesh);
-    deck.takeNotes(mesh.losses, mesh.remarks);
-    if (mesh.elements.empty())
-        throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
-    scale(mesh, options.scale);
-    refuseInfinitePlaces(countInfinitePlaces(mesh));
-    return mesh;
-}
-
-void write(SolidMesh& mesh, const ConvertOptions& options) {
-    const MeshWriter& writer = writerOf(options.target);
-    chooseOids(mesh, writer);
-    checkRounding(mesh, writer, options.unit);
-    ReplacementFile file(options.target);
-    if (!writer.write(mesh, file.path(), options.unit) || !file.endsWith(writer.ending))
-        throw FileError("cannot be written as a whole: the disk may be full", "cannot-be-written");
-    file.finish();
-    writer.takeNotes(mesh);
-}
 
 /// A failure, with the file that it is of.
 struct Failure {
@@ -155,10 +39,96 @@ std::optional<Failure> attempt(const std::string& file, const Step& step) {
     }
 }
 
-std::optional<Failure> convert(const ConvertOptions& options, std::optional<SolidMesh>& written) {
-    SolidMesh mesh;
+void scale(Mesh& mesh, double factor) {
+    for (double& value : mesh.places)
+        value *= factor;
+    std::size_t infinite = 0;
+    for (std::size_t node = 0; node < mesh.nodes(); ++node)
+        if (!isFinitePlace(mesh.place(static_cast<int>(node))))
+            ++infinite;
+    refuseInfinitePlaces(infinite);
+    for (MeshSection& section : mesh.sections)
+        section.thickness *= factor;
+}
+
+void scale(PackageScene& scene, double factor) {
+    const auto apply = [&](auto& lengths) {
+        for (double& length : lengths)
+            length *= factor;
+    };
+    for (PackageBody& body : scene.bodies) {
+        apply(body.center);
+        apply(body.size);
+    }
+    for (PackageWire& wire : scene.wires) {
+        wire.diameter *= factor;
+        apply(wire.path);
+    }
+}
+
+/// Takes content from the source and puts it into the target.
+template <class Take, class Put>
+std::optional<Failure> carry(const ConvertOptions& options, std::optional<Conversion>& written,
+                             const Take& take, const Put& put) {
+    decltype(take()) content;
+    std::optional<Failure> failure = attempt(options.source, [&] { content = take(); });
+    if (!failure)
+        failure = attempt(options.target, [&] {
+            ReplacementFile file(options.target);
+            put(content, file);
+            file.finish();
+        });
+    if (!failure)
+        written = conversionOf(std::move(content));
+    return failure;
+}
+
+/// The same for content that a writer of the host's own puts into the target.
+template <class Take, class Write>
+std::optional<Failure> carryScaled(const ConvertOptions& options,
+                                   std::optional<Conversion>& written, const Take& take,
+                                   const Write& write) {
+    return carry(
+        options, written,
+        [&] {
+            auto content = take();
+            scale(content, options.scale);
+            return content;
+        },
+        [&](auto& content, const ReplacementFile& file) { write(content, file.path(), options); });
+}
+
+std::optional<Failure> convert(const InputFile& source, const Format& format, const Target& target,
+                               const ConvertOptions& options, std::optional<Conversion>& written) {
+    const LoadOptions load = {options.normalised, options.force, options.asIs, options.verbose};
+    if (format.takeScene != nullptr) {
+        if (target.writeScene == nullptr)
+            return Failure{shownName(options.source),
+                           "is a package, which can be written as " + sceneTargets(),
+                           "not-converted"};
+        return carryScaled(
+            options, written, [&] { return loadScene(source, options.source, format, load); },
+            target.writeScene);
+    }
+    if (target.solids != nullptr && !options.wideNastran)
+        return carry(
+            options, written, [&] { return takeSolids(source, format, options); },
+            [&](SolidMesh& mesh, const ReplacementFile& file) {
+                writeSolids(mesh, *target.solids, file, options.unit);
+            });
+    if (target.writeMesh == nullptr)
+        return Failure{shownName(options.source),
+                       "is a mesh, which can be written as " + meshTargets(), "not-converted"};
+    return carryScaled(
+        options, written, [&] { return loadMesh(source, options.source, format, load); },
+        target.writeMesh);
+}
+
+std::optional<Failure> convert(const ConvertOptions& options, std::optional<Conversion>& written) {
+    const Target* target = nullptr;
+    const Format* format = nullptr;
     std::optional<InputFile> source;
-    std::optional<Failure> failure = attempt(options.target, [&] { writerOf(options.target); });
+    std::optional<Failure> failure = attempt(options.target, [&] { target = &targetOf(options); });
     if (!failure)
         failure = attempt(options.source, [&] { source.emplace(options.source); });
     if (!failure)
@@ -167,23 +137,15 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Soli
                 throw FileError("cannot be written: it is the file that is read", "same-file");
         });
     if (!failure)
-        failure = attempt(options.source, [&] { mesh = takeSolids(*source, options); });
-    if (!failure)
-        failure = attempt(options.source, [&] {
-            if (!options.force)
-                refuseErrors(mesh.imported, options.source);
-        });
-    if (!failure)
-        failure = attempt(options.target, [&] { write(mesh, options); });
-    if (!failure)
-        written = std::move(mesh);
-    return failure;
+        failure = attempt(options.source,
+                          [&] { format = &findFormatToTidy(source->path(), !options.asIs); });
+    return failure ? failure : convert(*source, *format, *target, options, written);
 }
 
 }  // namespace
 
 bool runConvert(const ConvertOptions& options) {
-    std::optional<SolidMesh> written;
+    std::optional<Conversion> written;
     std::optional<Failure> failure = convert(options, written);
     if (!failure && options.strict && !written->losses.empty())
         failure = {shownName(options.target),

@@ -27,32 +27,35 @@ std::string lines(const char* kind, const std::vector<Note>& notes) {
 
 }  // namespace
 
-std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options) {
-    return cleanName(options.target) + ": " + counted(mesh.nodes.size(), "nodes") + ", " +
-           counted(mesh.elements.size(), "elements") + " in " +
-           counted(mesh.sections.size(), "sections") + '\n' + lines("left out", mesh.losses) +
-           lines("note", mesh.remarks) +
-           closingLine(mesh.imported.tally(), 1, !options.asIs, styleOfOutput());
+std::string conversionText(const Conversion& conversion, const ConvertOptions& options) {
+    std::string sizes;
+    for (const auto& [things, number] : conversion.written)
+        sizes += (sizes.empty()          ? ": "
+                  : things == "sections" ? " in "
+                                         : ", ") +
+                 counted(number, things);
+    return cleanName(options.target) + sizes + '\n' + lines("left out", conversion.losses) +
+           lines("note", conversion.remarks) +
+           closingLine(conversion.imported.tally(), 1, !options.asIs, styleOfOutput());
 }
 
-std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
+std::string conversionJson(const Conversion* conversion, const ConvertOptions& options,
                            const std::optional<Note>& failure) {
     std::vector<Finding> findings;
     if (failure)
         findings.push_back({Finding::Level::kError, failure->code, failure->number, failure->text});
-    Json size;
+    Json sizes;
     Json import;
-    if (mesh != nullptr) {
-        add(findings, Finding::Level::kWarning, mesh->losses);
-        add(findings, Finding::Level::kNote, mesh->remarks);
-        size = {{"nodes", mesh->nodes.size()},
-                {"elements", mesh->elements.size()},
-                {"sections", mesh->sections.size()}};
-        import = asJson(mesh->imported);
+    if (conversion != nullptr) {
+        add(findings, Finding::Level::kWarning, conversion->losses);
+        add(findings, Finding::Level::kNote, conversion->remarks);
+        for (const auto& [things, number] : conversion->written)
+            sizes[std::string(things)] = number;
+        import = asJson(conversion->imported);
     }
     const Json report = {{"version", kJsonVersion},      {"library", libraryVersion()},
                          {"source", options.source},     {"target", options.target},
-                         {"status", statusOf(findings)}, {"written", size},
+                         {"status", statusOf(findings)}, {"written", sizes},
                          {"findings", asJson(findings)}, {"import", import}};
     // Names may be of any encoding; bytes that are no UTF-8 become replacement characters.
     return report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";

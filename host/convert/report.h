@@ -4,17 +4,17 @@
 #include <optional>
 #include <string>
 
+#include "convert/conversion.h"
 #include "convert/convert.h"
-#include "solid_mesh.h"
 
 namespace kvocaeio::host {
 
-/// For a person; `mesh` as it was written.
-std::string conversionText(const SolidMesh& mesh, const ConvertOptions& options);
+/// For a person.
+std::string conversionText(const Conversion& conversion, const ConvertOptions& options);
 
-/// For programs, in the layout of docs/convert.schema.json; `mesh` is null where nothing was
-/// written.
-std::string conversionJson(const SolidMesh* mesh, const ConvertOptions& options,
+/// For programs, in the layout of docs/convert.schema.json; `conversion` is null where nothing
+/// was written.
+std::string conversionJson(const Conversion* conversion, const ConvertOptions& options,
                            const std::optional<Note>& failure);
 
 }  // namespace kvocaeio::host

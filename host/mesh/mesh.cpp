@@ -24,6 +24,12 @@ std::size_t Mesh::elements() const {
     return number;
 }
 
+std::size_t Mesh::dropFaces() {
+    const std::size_t all = elements();
+    std::erase_if(sections, [](const MeshSection& section) { return section.isOfFaces(); });
+    return all - elements();
+}
+
 MeshSection& Mesh::sectionOf(CellKind kind, std::size_t first, const MeshSection& model) {
     const auto known =
         std::find_if(sections.begin() + static_cast<std::ptrdiff_t>(first), sections.end(),

@@ -1,0 +1,64 @@
+/// The table of targets, and the choice among them.
+#include "convert/targets.h"
+
+#include <algorithm>
+#include <array>
+
+#include "abaqus/mesh_writer.h"
+#include "file_report.h"
+#include "formats.h"
+#include "nastran/mesh_writer.h"
+#include "nastran/wide_writer.h"
+#include "patran/mesh_writer.h"
+
+namespace kvocaeio::host {
+
+namespace {
+
+// Those of one name stand together.
+constexpr std::array<Target, 4> kTargets = {{
+    {".nas", "Nastran", &kNastranWriter, writeWideNastran, nullptr},
+    {".bdf", "Nastran", &kNastranWriter, writeWideNastran, nullptr},
+    {".pat", "Patran", &kPatranWriter, nullptr, nullptr},
+    {".inp", "Abaqus", nullptr, writeAbaqusDeck, nullptr},
+}};
+
+/// ".nas, .bdf (Nastran), .inp (Abaqus)": the targets that are wanted.
+template <class Wanted>
+std::string extensionsOf(const Wanted& isWanted) {
+    std::string names;
+    std::string_view name;
+    for (const Target& target : kTargets) {
+        if (!isWanted(target))
+            continue;
+        if (!name.empty() && name != target.name)
+            names += " (" + std::string(name) + ")";
+        names += (names.empty() ? "" : ", ") + std::string(target.extension);
+        name = target.name;
+    }
+    return names + " (" + std::string(name) + ")";
+}
+
+}  // namespace
+
+const Target& targetOf(const ConvertOptions& options) {
+    const auto* const target = std::ranges::find(
+        kTargets, std::string_view(extensionOf(options.target)), &Target::extension);
+    if (target == kTargets.end())
+        throw FileError("cannot be written: its name must end in " +
+                            extensionsOf([](const Target&) { return true; }),
+                        "unknown-target");
+    return *target;
+}
+
+std::string meshTargets() {
+    return extensionsOf([](const Target& target) {
+        return target.solids != nullptr || target.writeMesh != nullptr;
+    });
+}
+
+std::string sceneTargets() {
+    return extensionsOf([](const Target& target) { return target.writeScene != nullptr; });
+}
+
+}  // namespace kvocaeio::host
