@@ -159,7 +159,7 @@ void takeThicknesses(const DeckTables& tables, Mesh& mesh) {
             }
         lost += isTaken ? 0 : 1;
     }
-    leaveOut(mesh.losses, "shell-thicknesses", lost, "shell thicknesses",
+    leaveOut(mesh.losses, "shell-thicknesses", lost, "thickness values",
              " of sets that are no section of shells");
 }
 

@@ -1,9 +1,11 @@
-/// The command `kvocaeio convert`: the mesh or package of a file written in another format.
+/// The command `kvocaeio convert`: the mesh or package of one format written in another.
 #include "convert/convert.h"
 
+#include <algorithm>
 #include <iostream>
 #include <new>
 #include <optional>
+#include <variant>
 
 #include "convert/report.h"
 #include "convert/solids.h"
@@ -18,6 +20,70 @@
 namespace kvocaeio::host {
 
 namespace {
+
+/// What goes from the source to the target.
+using Content = std::variant<SolidMesh, Mesh, PackageScene>;
+
+void scale(Mesh& mesh, double factor) {
+    for (double& value : mesh.places)
+        value *= factor;
+    std::size_t infinite = 0;
+    for (std::size_t node = 0; node < mesh.nodes(); ++node)
+        if (!isFinitePlace(mesh.place(static_cast<int>(node))))
+            ++infinite;
+    refuseInfinitePlaces(infinite);
+    for (MeshSection& section : mesh.sections)
+        section.thickness *= factor;
+}
+
+Mesh takeMesh(const InputFile& file, const Format& format, const ConvertOptions& options) {
+    Mesh mesh = loadMesh(file, options.source, format,
+                         {options.normalised, options.force, options.asIs, options.verbose});
+    mesh.lengthUnit = options.unit;
+    if (options.scale != 1.0)
+        scale(mesh, options.scale);
+    return mesh;
+}
+
+PackageScene takeScene(const InputFile& file, const Format& format, const ConvertOptions& options) {
+    PackageScene scene = loadScene(file, options.source, format,
+                                   {options.normalised, options.force, true, options.verbose});
+    if (options.scale != 1.0)
+        scale(scene, options.scale);
+    if (!options.unit.empty())
+        scene.lengthUnit = options.unit;
+    return scene;
+}
+
+Content take(const InputFile& file, const ConvertOptions& options) {
+    const Target& target = targetOf(options.target);
+    if (target.solids != nullptr && !options.wideNastran)
+        return takeSolids(file, options);
+    const Format& format = findFormatToTidy(file.path(), !options.asIs);
+    if (format.takeScene != nullptr && target.writeScene == nullptr)
+        throw FileError("is a package, which is not written as " + std::string(target.extension) +
+                            " but as " + sceneTargets(),
+                        "not-converted");
+    if (format.takeScene == nullptr && target.writeMesh == nullptr)
+        throw FileError("is a mesh, which is not written as " + std::string(target.extension) +
+                            " but as " + meshTargets(),
+                        "not-converted");
+    if (format.takeScene != nullptr)
+        return takeScene(file, format, options);
+    return takeMesh(file, format, options);
+}
+
+void write(Content& content, const ConvertOptions& options) {
+    const Target& target = targetOf(options.target);
+    if (auto* const solids = std::get_if<SolidMesh>(&content))
+        return writeSolids(*solids, *target.solids, options);
+    ReplacementFile file(options.target);
+    if (auto* const mesh = std::get_if<Mesh>(&content))
+        target.writeMesh(*mesh, file.path(), options);
+    else
+        target.writeScene(std::get<PackageScene>(content), file.path(), options);
+    file.finish();
+}
 
 /// A failure, with the file that it is of.
 struct Failure {
@@ -39,96 +105,10 @@ std::optional<Failure> attempt(const std::string& file, const Step& step) {
     }
 }
 
-void scale(Mesh& mesh, double factor) {
-    for (double& value : mesh.places)
-        value *= factor;
-    std::size_t infinite = 0;
-    for (std::size_t node = 0; node < mesh.nodes(); ++node)
-        if (!isFinitePlace(mesh.place(static_cast<int>(node))))
-            ++infinite;
-    refuseInfinitePlaces(infinite);
-    for (MeshSection& section : mesh.sections)
-        section.thickness *= factor;
-}
-
-void scale(PackageScene& scene, double factor) {
-    const auto apply = [&](auto& lengths) {
-        for (double& length : lengths)
-            length *= factor;
-    };
-    for (PackageBody& body : scene.bodies) {
-        apply(body.center);
-        apply(body.size);
-    }
-    for (PackageWire& wire : scene.wires) {
-        wire.diameter *= factor;
-        apply(wire.path);
-    }
-}
-
-/// Takes content from the source and puts it into the target.
-template <class Take, class Put>
-std::optional<Failure> carry(const ConvertOptions& options, std::optional<Conversion>& written,
-                             const Take& take, const Put& put) {
-    decltype(take()) content;
-    std::optional<Failure> failure = attempt(options.source, [&] { content = take(); });
-    if (!failure)
-        failure = attempt(options.target, [&] {
-            ReplacementFile file(options.target);
-            put(content, file);
-            file.finish();
-        });
-    if (!failure)
-        written = conversionOf(std::move(content));
-    return failure;
-}
-
-/// The same for content that a writer of the host's own puts into the target.
-template <class Take, class Write>
-std::optional<Failure> carryScaled(const ConvertOptions& options,
-                                   std::optional<Conversion>& written, const Take& take,
-                                   const Write& write) {
-    return carry(
-        options, written,
-        [&] {
-            auto content = take();
-            scale(content, options.scale);
-            return content;
-        },
-        [&](auto& content, const ReplacementFile& file) { write(content, file.path(), options); });
-}
-
-std::optional<Failure> convert(const InputFile& source, const Format& format, const Target& target,
-                               const ConvertOptions& options, std::optional<Conversion>& written) {
-    const LoadOptions load = {options.normalised, options.force, options.asIs, options.verbose};
-    if (format.takeScene != nullptr) {
-        if (target.writeScene == nullptr)
-            return Failure{shownName(options.source),
-                           "is a package, which can be written as " + sceneTargets(),
-                           "not-converted"};
-        return carryScaled(
-            options, written, [&] { return loadScene(source, options.source, format, load); },
-            target.writeScene);
-    }
-    if (target.solids != nullptr && !options.wideNastran)
-        return carry(
-            options, written, [&] { return takeSolids(source, format, options); },
-            [&](SolidMesh& mesh, const ReplacementFile& file) {
-                writeSolids(mesh, *target.solids, file, options.unit);
-            });
-    if (target.writeMesh == nullptr)
-        return Failure{shownName(options.source),
-                       "is a mesh, which can be written as " + meshTargets(), "not-converted"};
-    return carryScaled(
-        options, written, [&] { return loadMesh(source, options.source, format, load); },
-        target.writeMesh);
-}
-
 std::optional<Failure> convert(const ConvertOptions& options, std::optional<Conversion>& written) {
-    const Target* target = nullptr;
-    const Format* format = nullptr;
+    Content content;
     std::optional<InputFile> source;
-    std::optional<Failure> failure = attempt(options.target, [&] { target = &targetOf(options); });
+    std::optional<Failure> failure = attempt(options.target, [&] { targetOf(options.target); });
     if (!failure)
         failure = attempt(options.source, [&] { source.emplace(options.source); });
     if (!failure)
@@ -137,9 +117,12 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Conv
                 throw FileError("cannot be written: it is the file that is read", "same-file");
         });
     if (!failure)
-        failure = attempt(options.source,
-                          [&] { format = &findFormatToTidy(source->path(), !options.asIs); });
-    return failure ? failure : convert(*source, *format, *target, options, written);
+        failure = attempt(options.source, [&] { content = take(*source, options); });
+    if (!failure)
+        failure = attempt(options.target, [&] { write(content, options); });
+    if (!failure)
+        written = std::visit([](auto& taken) { return conversionOf(std::move(taken)); }, content);
+    return failure;
 }
 
 }  // namespace

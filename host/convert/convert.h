@@ -12,7 +12,7 @@ inline constexpr std::array<const char*, 4> kLengthUnits = {"m", "cm", "mm", "in
 struct ConvertOptions {
     std::string source;        ///< "-" is standard input
     std::string target;        ///< its extension names the format
-    std::string unit = "mm";   ///< length unit that the header of a Nastran deck names
+    std::string unit;          ///< length unit of the coordinates; empty where it was not told
     double scale = 1.0;        ///< coordinates are multiplied by it
     bool wideNastran = false;  ///< Nastran decks of any elements in wide fields
     bool normalised = false;   ///< take the normalised mesh of an Abaqus deck
@@ -22,6 +22,8 @@ struct ConvertOptions {
     bool quiet = false;        ///< no report
     bool asIs = false;         ///< read the source as it is, without tidying
     bool verbose = false;      ///< the library's progress lines go to standard error, else nowhere
+
+    std::string lengthUnit() const { return unit.empty() ? "mm" : unit; }
 };
 
 /// Writes the mesh or package of the source as the target. Reports on standard output what was

@@ -1,12 +1,15 @@
-/// The solids that are left of a file's elements, checked and written.
+/// Solids between the library's reader and its writer.
 #include "convert/solids.h"
 
 #include <algorithm>
 
 #include "convert/oids.h"
 #include "convert/rounding.h"
+#include "file_report.h"
+#include "formats.h"
 #include "mesh/refusals.h"
 #include "mesh_checks.h"
+#include "replacement_file.h"
 #include "tidy/tidied_deck.h"
 
 namespace kvocaeio::host {
@@ -70,12 +73,13 @@ std::size_t countInfinitePlaces(const SolidMesh& mesh) {
 
 }  // namespace
 
-SolidMesh takeSolids(const InputFile& source, const Format& format, const ConvertOptions& options) {
+SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
+    const Format& format = findFormatToTidy(file.path(), !options.asIs);
     if (format.takeSolids == nullptr)
         throw FileError("is of a format that is not converted (" + std::string(format.name) +
                             "); Abaqus decks and Patran neutral files are",
                         "not-converted");
-    TidiedDeck deck(source.path(), options.source);
+    TidiedDeck deck(file.path(), options.source);
     if (!options.asIs)
         deck.tidy(format);
     deck.requireGood("; --as-is converts what is read of the deck as it is");
@@ -97,12 +101,14 @@ SolidMesh takeSolids(const InputFile& source, const Format& format, const Conver
     return mesh;
 }
 
-void writeSolids(SolidMesh& mesh, const MeshWriter& writer, const ReplacementFile& file,
-                 const std::string& unit) {
+void writeSolids(SolidMesh& mesh, const MeshWriter& writer, const ConvertOptions& options) {
+    const std::string unit = options.lengthUnit();
     chooseOids(mesh, writer);
     checkRounding(mesh, writer, unit);
+    ReplacementFile file(options.target);
     if (!writer.write(mesh, file.path(), unit) || !file.endsWith(writer.ending))
         throw FileError("cannot be written as a whole: the disk may be full", "cannot-be-written");
+    file.finish();
     writer.takeNotes(mesh);
 }
 

@@ -10,17 +10,27 @@
 #include "nastran/mesh_writer.h"
 #include "nastran/wide_writer.h"
 #include "patran/mesh_writer.h"
+#include "vtk/mesh_file.h"
+#include "vtk/package_file.h"
 
 namespace kvocaeio::host {
 
 namespace {
 
 // Those of one name stand together.
-constexpr std::array<Target, 4> kTargets = {{
-    {".nas", "Nastran", &kNastranWriter, writeWideNastran, nullptr},
-    {".bdf", "Nastran", &kNastranWriter, writeWideNastran, nullptr},
-    {".pat", "Patran", &kPatranWriter, nullptr, nullptr},
-    {".inp", "Abaqus", nullptr, writeAbaqusDeck, nullptr},
+constexpr std::array<Target, 6> kTargets = {{
+    {.extension = ".nas",
+     .name = "Nastran",
+     .solids = &kNastranWriter,
+     .writeMesh = writeWideNastran},
+    {.extension = ".bdf",
+     .name = "Nastran",
+     .solids = &kNastranWriter,
+     .writeMesh = writeWideNastran},
+    {.extension = ".pat", .name = "Patran", .solids = &kPatranWriter},
+    {.extension = ".inp", .name = "Abaqus", .writeMesh = writeAbaqusDeck},
+    {.extension = ".vtu", .name = "VTK", .writeMesh = writeVtkMesh},
+    {.extension = ".vtp", .name = "VTK, packages", .writeScene = writeVtkPackage},
 }};
 
 /// ".nas, .bdf (Nastran), .inp (Abaqus)": the targets that are wanted.
@@ -41,9 +51,9 @@ std::string extensionsOf(const Wanted& isWanted) {
 
 }  // namespace
 
-const Target& targetOf(const ConvertOptions& options) {
-    const auto* const target = std::ranges::find(
-        kTargets, std::string_view(extensionOf(options.target)), &Target::extension);
+const Target& targetOf(const std::string& path) {
+    const auto* const target =
+        std::ranges::find(kTargets, std::string_view(extensionOf(path)), &Target::extension);
     if (target == kTargets.end())
         throw FileError("cannot be written: its name must end in " +
                             extensionsOf([](const Target&) { return true; }),

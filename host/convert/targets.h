@@ -25,8 +25,8 @@ struct Target {
                        const ConvertOptions& options) = nullptr;
 };
 
-/// The target that the name of the file to write tells. Throws `FileError`.
-const Target& targetOf(const ConvertOptions& options);
+/// The target that the name of the file at `path` tells. Throws `FileError`.
+const Target& targetOf(const std::string& path);
 
 /// ".glb (glTF), .vtp (VTK)": the targets for meshes, or those for packages.
 std::string meshTargets();

@@ -201,7 +201,7 @@ class WideDeckWriter {
 void writeWideNastran(Mesh& mesh, const std::string& path, const ConvertOptions& options) {
     leaveOut(mesh.losses, "faces", mesh.dropFaces(), "faces", " of loads and surfaces");
     chooseOids(mesh, kLargestWideOid);
-    WideDeckWriter(mesh, path).write(options.unit);
+    WideDeckWriter(mesh, path).write(options.lengthUnit());
 }
 
 }  // namespace kvocaeio::host
