@@ -64,16 +64,17 @@ class MeshFile {
     }
 
     void write(const std::string& source) {
-        file_.open("FieldData");
-        file_.byteRows("SetNames", setNames_);
-        writeThicknesses();
-        writeImportFields(file_, mesh_.imported, source, mesh_.lengthUnit);
-        file_.close();
         file_.open("Piece", " NumberOfPoints=\"" + std::to_string(mesh_.nodes()) +
                                 "\" NumberOfCells=\"" + std::to_string(cells_) + "\"");
+        writeCells();
         writePoints();
         writeCellData();
-        writeCells();
+        writePointData();
+        file_.close();
+        file_.open("FieldData");
+        writeImportFields(file_, mesh_.imported, source, mesh_.lengthUnit);
+        writeThicknesses();
+        file_.byteRows("SetNames", setNames_);
         file_.close();
         file_.finish();
     }
@@ -89,11 +90,14 @@ class MeshFile {
             file_.array("SetThicknesses", std::span<const double>(thicknesses));
     }
 
-    void writePoints() {
+    void writePointData() {
         file_.open("PointData");
         if (!mesh_.nodeOids.empty())
             file_.array("OID", std::span<const int>(mesh_.nodeOids));
         file_.close();
+    }
+
+    void writePoints() {
         file_.open("Points");
         file_.array("Points", std::span<const double>(mesh_.places), 3);
         file_.close();
@@ -110,6 +114,13 @@ class MeshFile {
     void writeCellData() {
         const auto& sections = mesh_.sections;
         file_.open("CellData");
+        using std::int32_t;
+        writeSectionData<std::uint8_t>("Origin", [&](std::size_t s) { return sections[s].origin; });
+        writeSectionData<std::uint8_t>("GeometryType",
+                                       [&](std::size_t s) { return geometryTypeOf(sections[s]); });
+        writeSectionData<int32_t>("Property", [&](std::size_t s) { return sections[s].property; });
+        writeSectionData<int32_t>("Set", [&](std::size_t s) { return sets_[s]; });
+        writeSectionData<int32_t>("Section", [&](std::size_t s) { return sections[s].source; });
         if (std::ranges::any_of(sections, [](const auto& each) { return !each.oids.empty(); })) {
             file_.beginArray<int>("OID", cells_);
             for (const MeshSection& section : sections) {
@@ -117,13 +128,6 @@ class MeshFile {
                 file_.append(0, section.elements() - section.oids.size());
             }
         }
-        using std::int32_t;
-        writeSectionData<int32_t>("Section", [&](std::size_t s) { return sections[s].source; });
-        writeSectionData<int32_t>("Set", [&](std::size_t s) { return sets_[s]; });
-        writeSectionData<int32_t>("Property", [&](std::size_t s) { return sections[s].property; });
-        writeSectionData<std::uint8_t>("GeometryType",
-                                       [&](std::size_t s) { return geometryTypeOf(sections[s]); });
-        writeSectionData<std::uint8_t>("Origin", [&](std::size_t s) { return sections[s].origin; });
         file_.close();
     }
 
@@ -132,15 +136,15 @@ class MeshFile {
         for (const MeshSection& section : mesh_.sections)
             connectivity += section.nodes.size();
         file_.open("Cells");
-        file_.beginArray<int>("connectivity", connectivity);
-        for (const MeshSection& section : mesh_.sections)
-            writeConnectivity(section);
+        writeSectionData<std::uint8_t>(
+            "types", [&](std::size_t s) { return vtkCell(mesh_.sections[s].kind).type; });
         if (connectivity <= std::size_t{std::numeric_limits<std::int32_t>::max()})
             writeOffsets<std::int32_t>();
         else
             writeOffsets<std::int64_t>();
-        writeSectionData<std::uint8_t>(
-            "types", [&](std::size_t s) { return vtkCell(mesh_.sections[s].kind).type; });
+        file_.beginArray<int>("connectivity", connectivity);
+        for (const MeshSection& section : mesh_.sections)
+            writeConnectivity(section);
         file_.close();
     }
 

@@ -80,21 +80,22 @@ class PackageFile {
             points_ += surfaceOf(body).points.size();
         }
         for (const PackageWire& wire : scene.wires)
-            points_ += wire.path.size() / 3;
+            pointsOfWires_ += wire.path.size() / 3;
+        points_ += pointsOfWires_;
     }
 
     void write(const std::string& source) {
-        writeTables(source);
         file_.open("Piece", " NumberOfPoints=\"" + std::to_string(points_) +
                                 "\" NumberOfVerts=\"0\" NumberOfLines=\"" +
                                 std::to_string(scene_.wires.size()) +
                                 "\" NumberOfStrips=\"0\" NumberOfPolys=\"" +
                                 std::to_string(polygons_) + "\"");
-        writeCellData();
-        writePoints();
-        writeLines();
         writePolygons();
+        writeLines();
+        writePoints();
+        writeCellData();
         file_.close();
+        writeTables(source);
         file_.finish();
     }
 
@@ -115,11 +116,11 @@ class PackageFile {
             numbers.push_back(profile.number);
         }
         file_.open("FieldData");
-        file_.strings("BodyNames", names);
-        file_.strings("BodyKinds", kinds);
-        file_.strings("ProfileNames", profiles);
-        file_.array("ProfileNumbers", std::span<const std::int32_t>(numbers));
         writeImportFields(file_, scene_.imported, source, scene_.lengthUnit);
+        file_.array("ProfileNumbers", std::span<const std::int32_t>(numbers));
+        file_.strings("ProfileNames", profiles);
+        file_.strings("BodyKinds", kinds);
+        file_.strings("BodyNames", names);
         file_.close();
     }
 
@@ -193,17 +194,16 @@ class PackageFile {
                 points.push_back(static_cast<std::int64_t>(points.size()));
             ends.push_back(static_cast<std::int64_t>(points.size()));
         }
-        pointsOfWires_ = static_cast<std::int64_t>(points.size());
         file_.open("Lines");
-        file_.array("connectivity", std::span<const std::int64_t>(points));
         file_.array("offsets", std::span<const std::int64_t>(ends));
+        file_.array("connectivity", std::span<const std::int64_t>(points));
         file_.close();
     }
 
     void writePolygons() {
         std::vector<std::int64_t> points;
         std::vector<std::int64_t> ends;
-        std::int64_t first = pointsOfWires_;
+        auto first = static_cast<std::int64_t>(pointsOfWires_);
         for (const PackageBody& body : scene_.bodies) {
             for (const auto& polygon : surfaceOf(body).polygons) {
                 for (const std::int32_t point : polygon)
@@ -213,8 +213,8 @@ class PackageFile {
             first += static_cast<std::int64_t>(surfaceOf(body).points.size());
         }
         file_.open("Polys");
-        file_.array("connectivity", std::span<const std::int64_t>(points));
         file_.array("offsets", std::span<const std::int64_t>(ends));
+        file_.array("connectivity", std::span<const std::int64_t>(points));
         file_.close();
     }
 
@@ -224,7 +224,7 @@ class PackageFile {
     Surface ball_;
     std::size_t points_ = 0;
     std::size_t polygons_ = 0;
-    std::int64_t pointsOfWires_ = 0;
+    std::size_t pointsOfWires_ = 0;
 };
 
 }  // namespace

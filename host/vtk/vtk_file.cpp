@@ -28,45 +28,42 @@ VtkFile::VtkFile(const std::string& path, std::string_view dataSet) : file_(open
         throw FileError("cannot be written: " + systemFailure(), "cannot-be-written");
     const std::string room(kHeadRoom, ' ');
     write(room.data(), room.size());
-    head_ = "<?xml version=\"1.0\"?>\n";
     open("VTKFile", " type=\"" + std::string(dataSet) + "\" version=\"1.0\" byte_order=\"" +
                         std::string(kByteOrder) + "\" header_type=\"UInt64\"");
+    lines_.clear();  // it ends after the arrays
     open(dataSet);
 }
 
-void VtkFile::indent() {
-    head_.append(2 * open_.size(), ' ');
+void VtkFile::addLine(const std::string& line) {
+    lines_.push_back(std::string(2 * open_.size(), ' ') + line + '\n');
 }
 
 void VtkFile::open(std::string_view element, const std::string& attributes) {
-    indent();
-    head_.append("<").append(element).append(attributes).append(">\n");
-    open_.emplace_back(element);
+    addLine("</" + std::string(element) + ">");
+    open_.emplace_back(element, attributes);
 }
 
 void VtkFile::close() {
-    const std::string element = open_.back();
+    const auto [element, attributes] = open_.back();
     open_.pop_back();
-    indent();
-    head_ += "</" + element + ">\n";
+    addLine("<" + element + attributes + ">");
 }
 
 void VtkFile::begin(std::string_view element, std::string_view name, std::string_view type,
                     std::size_t size, std::size_t components, std::size_t bytes) {
+    std::string line = "<" + std::string(element);
     const auto attribute = [&](std::string_view key, std::string_view value) {
-        head_.append(" ").append(key).append("=\"").append(value).append("\"");
+        line.append(" ").append(key).append("=\"").append(value).append("\"");
     };
-    indent();
-    head_.append("<").append(element);
     attribute("type", type);
     attribute("Name", name);
     if (components != 1)
         attribute("NumberOfComponents", std::to_string(components));
-    if (open_.back() == "FieldData")
+    if (open_.back().first == "FieldData")
         attribute("NumberOfTuples", std::to_string(size / components));
     attribute("format", "appended");
     attribute("offset", std::to_string(offset_));
-    head_ += "/>\n";
+    addLine(line + "/>");
     const std::uint64_t length = bytes;
     write(&length, sizeof length);
     offset_ += sizeof length + length;
@@ -100,14 +97,18 @@ void VtkFile::write(const void* bytes, std::size_t size) {
 void VtkFile::finish() {
     constexpr std::string_view kEnd = "\n  </AppendedData>\n</VTKFile>\n";
     write(kEnd.data(), kEnd.size());
-    while (open_.size() > 1)
+    while (!open_.empty())
         close();
-    std::string data = "  <AppendedData encoding=\"raw\">_";
-    if (head_.size() + data.size() > kHeadRoom)
+    addLine("<?xml version=\"1.0\"?>");
+    std::string head;
+    for (auto line = lines_.rbegin(); line != lines_.rend(); ++line)
+        head += *line;
+    const std::string data = "  <AppendedData encoding=\"raw\">_";
+    if (head.size() + data.size() >= kHeadRoom)
         throw std::length_error("the head of a VTK file is longer than its room");
-    head_.append(kHeadRoom - head_.size() - data.size() - 1, ' ').append("\n").append(data);
+    head.append(kHeadRoom - head.size() - data.size() - 1, ' ').append("\n").append(data);
     std::rewind(file_.get());
-    write(head_.data(), head_.size());
+    write(head.data(), head.size());
     if (std::ferror(file_.get()) != 0 || std::fclose(file_.release()) != 0)
         throwCannotWrite();
 }

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "c_file.h"
@@ -25,8 +26,12 @@ inline constexpr std::string_view kVtkType<std::int64_t> = "Int64";
 template <>
 inline constexpr std::string_view kVtkType<double> = "Float64";
 
-/// Elements are opened and closed in the order of the file; arrays go into the element that was
-/// opened last. Nothing tells whether a call could write, but `finish`.
+/// The document is made from its end to its beginning: what is opened or added first stands last.
+/// So the arrays lie in the reverse order of the elements that tell their places. A reader that
+/// changes those places to others, one by one, and looks for each by its number, cannot mistake one
+/// that it has changed for one that it looks for, since it meets the latter first.
+///
+/// Nothing tells whether a call could write, but `finish`.
 class VtkFile {
   public:
     /// Begins a file of one data set ("UnstructuredGrid").
@@ -34,6 +39,7 @@ class VtkFile {
 
     /// `attributes` as they stand in the file, with a blank before each.
     void open(std::string_view element, const std::string& attributes = "");
+    /// Ends the element that was opened last, at its beginning.
     void close();
 
     /// An array of a whole table, `components` to a tuple.
@@ -72,12 +78,12 @@ class VtkFile {
     void begin(std::string_view element, std::string_view name, std::string_view type,
                std::size_t size, std::size_t components, std::size_t bytes);
     void write(const void* bytes, std::size_t size);
-    void indent();
+    void addLine(const std::string& line);
 
     CFile file_;
-    std::string head_;
-    std::vector<std::string> open_;
-    std::uint64_t offset_ = 0;  // of the next array, behind the head
+    std::vector<std::string> lines_;                         // of the head, the last one first
+    std::vector<std::pair<std::string, std::string>> open_;  // with attributes
+    std::uint64_t offset_ = 0;                               // of the next array, behind the head
 };
 
 }  // namespace kvocaeio::host
