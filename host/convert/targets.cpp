@@ -7,6 +7,7 @@
 #include "abaqus/mesh_writer.h"
 #include "file_report.h"
 #include "formats.h"
+#include "gltf/writers.h"
 #include "nastran/mesh_writer.h"
 #include "nastran/wide_writer.h"
 #include "patran/mesh_writer.h"
@@ -18,7 +19,7 @@ namespace kvocaeio::host {
 namespace {
 
 // Those of one name stand together.
-constexpr std::array<Target, 6> kTargets = {{
+constexpr std::array<Target, 7> kTargets = {{
     {.extension = ".nas",
      .name = "Nastran",
      .solids = &kNastranWriter,
@@ -29,6 +30,10 @@ constexpr std::array<Target, 6> kTargets = {{
      .writeMesh = writeWideNastran},
     {.extension = ".pat", .name = "Patran", .solids = &kPatranWriter},
     {.extension = ".inp", .name = "Abaqus", .writeMesh = writeAbaqusDeck},
+    {.extension = ".glb",
+     .name = "glTF",
+     .writeMesh = writeGltfMesh,
+     .writeScene = writeGltfPackage},
     {.extension = ".vtu", .name = "VTK", .writeMesh = writeVtkMesh},
     {.extension = ".vtp", .name = "VTK, packages", .writeScene = writeVtkPackage},
 }};

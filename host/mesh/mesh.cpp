@@ -17,6 +17,11 @@ std::string_view nameOf(Origin origin) {
     return kOriginNames[static_cast<std::size_t>(origin)];
 }
 
+SectionKey sectionKeyOf(const MeshSection& section) {
+    return {section.origin, section.property, section.name,
+            section.name.empty() ? section.source : 0};
+}
+
 std::size_t Mesh::elements() const {
     std::size_t number = 0;
     for (const MeshSection& section : sections)

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "import_findings.h"
@@ -36,6 +37,11 @@ struct MeshSection {
     /// The nodes of the element in `row`, as many as the kind has.
     const int* element(std::size_t row) const { return nodes.data() + row * cellShape(kind).nodes; }
 };
+
+/// The same for sections that are one thing to the user: of one name, origin and property; those
+/// without a name from one section of the source.
+using SectionKey = std::tuple<Origin, int, std::string_view, std::size_t>;
+SectionKey sectionKeyOf(const MeshSection& section);
 
 struct Mesh {
     std::vector<double> places;         ///< x, y, z of each node

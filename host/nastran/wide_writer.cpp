@@ -5,7 +5,6 @@
 #include <array>
 #include <map>
 #include <set>
-#include <tuple>
 
 #include "convert/convert.h"
 #include "convert/number_field.h"
@@ -68,8 +67,6 @@ std::string markOf(char kind, int oid) {
     return mark;
 }
 
-using PropertyKey = std::tuple<int, int, std::string, std::size_t>;
-
 /// What elements of one dimension are made of.
 struct Property {
     int id;
@@ -98,36 +95,29 @@ class WideDeckWriter {
     }
 
   private:
-    /// Elements of one dimension and name share a property; those without a name one that they had
-    /// in the source.
-    static PropertyKey keyOf(const MeshSection& section) {
-        return {cellShape(section.kind).dimension, section.property, section.name,
-                section.name.empty() ? section.source : 0};
-    }
-
     /// Keeps the source's numbers where no two properties have the same.
     void chooseProperties() {
-        std::map<PropertyKey, int> ids;
+        std::map<SectionKey, int> ids;
         std::set<int> used;
         const auto add = [&](const MeshSection& section, int id) {
-            ids[keyOf(section)] = id;
+            ids[sectionKeyOf(section)] = id;
             used.insert(id);
             properties_.push_back({id, cellShape(section.kind).dimension, &section});
         };
         for (const MeshSection& section : mesh_.sections)
-            if (!ids.contains(keyOf(section)) && section.property >= 1 &&
+            if (!ids.contains(sectionKeyOf(section)) && section.property >= 1 &&
                 section.property <= kLargestWideOid && !used.contains(section.property))
                 add(section, section.property);
         int next = 1;
         for (const MeshSection& section : mesh_.sections) {
-            if (ids.contains(keyOf(section)))
+            if (ids.contains(sectionKeyOf(section)))
                 continue;
             while (used.contains(next))
                 ++next;
             add(section, next);
         }
         for (const MeshSection& section : mesh_.sections)
-            propertyOf_.push_back(ids[keyOf(section)]);
+            propertyOf_.push_back(ids[sectionKeyOf(section)]);
     }
 
     void writeNode(int oid, const double* place) {
