@@ -11,11 +11,13 @@
 
 namespace kvocaeio::host {
 
+struct Mesh;
+struct PackageScene;
 struct SolidMesh;
 
-/// How a file's solids are taken for `convert`.
-struct SolidsRequest {
-    bool normalised = false;  ///< of an Abaqus deck, those of the normalised mesh
+/// How a file's mesh is taken for another format or a view.
+struct MeshRequest {
+    bool normalised = false;  ///< of an Abaqus deck, the normalised one
     bool force = false;       ///< OIDs that are defined twice with different content are accepted
     PrintTarget progress = PrintTarget::kNowhere;  ///< for the library's progress lines
 };
@@ -34,7 +36,11 @@ struct Format {
     ImportFindings (*check)(const std::string& path, PrintTarget progress,
                             CKVOImportReport& report);
     /// The file's solids, for `convert`; null where the format is not converted.
-    SolidMesh (*takeSolids)(const std::string& path, const SolidsRequest& request);
+    SolidMesh (*takeSolids)(const std::string& path, const MeshRequest& request) = nullptr;
+    /// All that the reader returns, for `loadMesh`; null where the format holds no mesh.
+    Mesh (*takeMesh)(const std::string& path, const MeshRequest& request) = nullptr;
+    /// The bodies and wires, for `loadScene`; null where the format holds no package.
+    PackageScene (*takeScene)(const std::string& path, const MeshRequest& request) = nullptr;
     /// Of `CKVODeckTidy::Format`; 0 where files need no tidying.
     int tidyFormat = 0;
 };

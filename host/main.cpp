@@ -114,7 +114,7 @@ CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
 
 CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     CLI::App* convert =
-        app.add_subcommand("convert", "Writes the solids of IN as OUT.")->group(kCommandsTitle);
+        app.add_subcommand("convert", "Writes the mesh of IN as OUT.")->group(kCommandsTitle);
     convert
         ->add_option("IN", options.source,
                      "An Abaqus input deck or a Patran neutral file; - is standard input.")
@@ -128,7 +128,15 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
                      "Length unit that the header of a Nastran deck names; coordinates stay as "
                      "they are.")
         ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
-        ->capture_default_str();
+        ->default_str("mm");
+    convert
+        ->add_option_function<std::string>(
+            "--nastran",
+            [&options](const std::string& form) { options.wideNastran = form == "wide"; },
+            "Form of a Nastran deck: plain, as the library writes solids, or wide, all elements "
+            "in fixed fields, coordinates in fields of sixteen columns.")
+        ->type_name("FORM")
+        ->check(CLI::IsMember({"plain", "wide"}));
     convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
         ->type_name("FACTOR")
         ->check(CLI::PositiveNumber);

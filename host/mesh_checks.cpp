@@ -14,6 +14,11 @@ void requireMesh(std::size_t nodes, std::size_t elements, std::string_view forma
         throw FileError("holds no nodes and no elements of " + std::string(format), "nothing-read");
 }
 
+void refuseNormalised(bool isWanted) {
+    if (isWanted)
+        throw FileError("has no normalised mesh: only Abaqus decks have one", "not-normalised");
+}
+
 OidRepeats findRepeats(std::span<const int> oids,
                        const std::function<bool(std::size_t first, std::size_t later)>& alike) {
     OidRepeats repeats;

@@ -15,6 +15,9 @@ namespace kvocaeio::host {
 /// article, "a Patran neutral file".
 void requireMesh(std::size_t nodes, std::size_t elements, std::string_view format);
 
+/// Throws `FileError` where the normalised mesh `isWanted` of a file that is no Abaqus deck.
+void refuseNormalised(bool isWanted);
+
 /// Whether x, y, z at `place` are all finite numbers.
 template <class Real>
 bool isFinitePlace(const Real* place) {

@@ -9,16 +9,9 @@
 #include <vector>
 
 #include "import_findings.h"
-#include "kind_counts.h"
+#include "note.h"
 
 namespace kvocaeio::host {
-
-/// What the user has to know of a conversion.
-struct Note {
-    std::string code;    ///< for programs: small letters and hyphens
-    std::size_t number;  ///< of what was found; 1 where nothing is counted
-    std::string text;    ///< for people, with the number
-};
 
 struct SolidMesh {
     struct Element {
@@ -59,13 +52,5 @@ struct MeshWriter {
 
 /// The nodes of an element as OIDs.
 std::array<int, 8> oidsOf(const SolidMesh& mesh, const SolidMesh::Element& element);
-
-/// Notes that `number` things are left out, "1 pyramid"; none are not worth a note. `things` is a
-/// plural, `rest` goes after it.
-void leaveOut(SolidMesh& mesh, std::string_view code, std::size_t number, std::string_view things,
-              std::string_view rest = "");
-
-/// The same of elements by kind.
-void leaveOut(SolidMesh& mesh, const KindCounts& kinds);
 
 }  // namespace kvocaeio::host

@@ -5,6 +5,7 @@
 
 #include "abaqus/debug_logs.h"
 #include "abaqus/deck.h"
+#include "abaqus/mesh.h"
 #include "abaqus/report.h"
 #include "abaqus/solids.h"
 #include "file_head.h"
@@ -60,7 +61,15 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 }  // namespace
 
 const Format kAbaqusFormat = {
-    "Abaqus input deck",  "abaqus", kExtensions, recognises, read, check, takeAbaqusSolids,
-    CKVODeckTidy::kAbaqus};
+    .name = "Abaqus input deck",
+    .code = "abaqus",
+    .extensions = kExtensions,
+    .recognises = recognises,
+    .read = read,
+    .check = check,
+    .takeSolids = takeAbaqusSolids,
+    .takeMesh = takeAbaqusMesh,
+    .tidyFormat = CKVODeckTidy::kAbaqus,
+};
 
 }  // namespace kvocaeio::host

@@ -3,14 +3,13 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 
 #include "abaqus/deck.h"
-#include "abaqus/node_rows.h"
+#include "abaqus/notes.h"
 #include "abaqus/repeats.h"
 #include "abaqus/summary.h"
-#include "counted.h"
-#include "file_report.h"
+#include "kind_counts.h"
+#include "node_rows.h"
 
 namespace kvocaeio::host {
 
@@ -37,27 +36,11 @@ void takeNormalisedElements(const DeckTables& tables, SolidMesh& mesh) {
             mesh.elements.push_back(element);
         }
     }
-    leaveOut(mesh, "pyramids", pyramids, "pyramids");
-    leaveOut(mesh, "blank-row", blank, "rows", " that hold no element");
+    leaveOut(mesh.losses, "pyramids", pyramids, "pyramids");
+    leaveOut(mesh.losses, "blank-row", blank, "rows", " that hold no element");
     mesh.remarks.push_back({"elements-renumbered", mesh.elements.size(),
                             "elements are numbered from 1: those of the normalised mesh have no "
                             "OIDs"});
-}
-
-void takeNormalisedNotes(const DeckSummary& summary, SolidMesh& mesh) {
-    leaveOut(mesh, "in-no-set", summary.otherLeftOut, "elements", " in no generated set");
-    std::size_t repeated = 0;
-    for (const NormalisedSummary& section : summary.normalised)
-        if (section.list == "solid")
-            repeated += section.repeated;
-    if (repeated != 0)
-        mesh.remarks.push_back(
-            {"repeated-element", repeated,
-             counted(repeated, "elements") + " written once more for being in several sets"});
-    if (summary.undefinedNodes != 0)
-        mesh.remarks.push_back({"undefined-node", summary.undefinedNodes,
-                                counted(summary.undefinedNodes, "times") +
-                                    " the first node stands in for one that the deck lacks"});
 }
 
 /// The elements that the deck lists, with OIDs; sections of one name are one.
@@ -91,20 +74,9 @@ void takeListedElements(const DeckTables& tables, SolidMesh& mesh, const OidRepe
             mesh.elements.push_back(element);
         }
     }
-    leaveOut(mesh, other);
-    leaveOut(mesh, "elements-listed-again", again, "elements",
+    leaveOut(mesh.losses, other);
+    leaveOut(mesh.losses, "elements-listed-again", again, "elements",
              " listed again with the same OID and nodes");
-}
-
-/// Sets that the deck makes of elements listed in others, which the normalised mesh shows.
-void takeSetNotes(const DeckTables& tables, SolidMesh& mesh) {
-    std::set<std::string> others;
-    for (std::size_t s = 0; s < tables.solids; ++s)
-        others.insert(tables.normalised[s].elset);
-    for (const Section& section : tables.raw)
-        others.erase(section.elset);
-    leaveOut(mesh, "generated-sets", others.size(), "generated sets",
-             ", which --normalised carries over");
 }
 
 /// What the deck holds beside solids. Where these are those of the normalised mesh, `summary` tells
@@ -127,50 +99,24 @@ void takeOtherNotes(const DeckTables& tables, const DeckSummary* summary, SolidM
     for (const Section& section : tables.normalised)
         if (section.isOfFaces())
             faces += section.elements;
-    leaveOut(mesh, "unknown-type", unknown, "elements", " of unknown type");
-    leaveOut(mesh, "shell-elements", shells, "shell elements");
-    leaveOut(mesh, "shell-thicknesses", tables.thicknesses.size(), "shell thicknesses");
-    leaveOut(mesh, "faces", faces, "faces", " of loads and surfaces");
-    leaveOut(mesh, "mid-side-nodes", reduced, "quadratic elements",
+    leaveOut(mesh.losses, "unknown-type", unknown, "elements", " of unknown type");
+    leaveOut(mesh.losses, "shell-elements", shells, "shell elements");
+    leaveOut(mesh.losses, "shell-thicknesses", tables.thicknesses.size(), "shell thicknesses");
+    leaveOut(mesh.losses, "faces", faces, "faces", " of loads and surfaces");
+    leaveOut(mesh.losses, "mid-side-nodes", reduced, "quadratic elements",
              " without their mid-side nodes");
-}
-
-std::string firstOf(const std::vector<int>& oids) {
-    return counted(oids.size(), "OIDs") + " (" + std::to_string(oids.front()) +
-           (oids.size() > 1 ? " first)" : ")");
-}
-
-/// Refuses OIDs that are defined twice with different content, or remarks what became of them.
-void checkConflicts(const OidRepeats& nodes, const OidRepeats& elements, bool force,
-                    SolidMesh& mesh) {
-    std::string what;
-    if (!nodes.conflicts.empty())
-        what = firstOf(nodes.conflicts) + " of nodes";
-    if (!elements.conflicts.empty())
-        what += (what.empty() ? "" : " and ") + firstOf(elements.conflicts) + " of elements";
-    if (what.empty())
-        return;
-    if (!force)
-        throw FileError(what +
-                            " are defined more than once with different content, as in a deck of "
-                            "several parts: give it in one numbering, or --force to take the last "
-                            "definition of each node and every element",
-                        "defined-twice");
-    mesh.remarks.push_back({"oid-conflicts", nodes.conflicts.size() + elements.conflicts.size(),
-                            what + " are defined more than once with different content: of nodes "
-                                   "the last definition is taken"});
 }
 
 }  // namespace
 
-SolidMesh takeAbaqusSolids(const std::string& path, const SolidsRequest& request) {
+SolidMesh takeAbaqusSolids(const std::string& path, const MeshRequest& request) {
     const AbaqusDeck deck(path, request.progress);
     const DeckTables& tables = deck.tables;
-    if (request.normalised && !deck.sortFailure.empty())
-        throw FileError("the deck cannot be normalised: " + deck.sortFailure, "not-normalised");
+    if (request.normalised)
+        requireNormalised(deck);
     SolidMesh mesh;
     const OidRepeats elements = findRepeatedElements(tables);
-    checkConflicts(findRepeatedNodes(tables), elements, request.force, mesh);
+    checkConflicts(findRepeatedNodes(tables), elements, request.force, mesh.remarks);
     mesh.imported = request.normalised ? deck.imported : deck.listed;
     mesh.nodeOids = tables.nodeIds;
     for (const double* place : tables.places)
@@ -178,18 +124,14 @@ SolidMesh takeAbaqusSolids(const std::string& path, const SolidsRequest& request
     if (request.normalised) {
         const DeckSummary summary = summarise(tables, true);
         takeNormalisedElements(tables, mesh);
-        takeNormalisedNotes(summary, mesh);
+        takeNormalisedNotes(summary, false, mesh.losses, mesh.remarks);
         takeOtherNotes(tables, &summary, mesh);
     } else {
         takeListedElements(tables, mesh, elements);
-        takeSetNotes(tables, mesh);
+        takeSetNotes(tables, mesh.losses);
         takeOtherNotes(tables, nullptr, mesh);
     }
-    if (!deck.sortFailure.empty())
-        mesh.remarks.push_back({"not-normalised", 1,
-                                "loads, surfaces and generated sets are not known: the deck cannot "
-                                "be normalised: " +
-                                    deck.sortFailure});
+    takeSortFailure(deck, mesh.remarks);
     return mesh;
 }
 

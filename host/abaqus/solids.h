@@ -10,6 +10,6 @@ namespace kvocaeio::host {
 
 /// Those that the deck lists, with their OIDs, or those of the normalised mesh. Throws `FileError`
 /// where there is no mesh to take, and where OIDs are defined twice with different content.
-SolidMesh takeAbaqusSolids(const std::string& path, const SolidsRequest& request);
+SolidMesh takeAbaqusSolids(const std::string& path, const MeshRequest& request);
 
 }  // namespace kvocaeio::host

@@ -1,167 +1,88 @@
-/// The command `kvocaeio convert`: solids of one format written in another.
+/// The command `kvocaeio convert`: the mesh or package of one format written in another.
 #include "convert/convert.h"
 
 #include <algorithm>
 #include <iostream>
 #include <new>
 #include <optional>
+#include <variant>
 
-#include "clean_name.h"
-#include "convert/oids.h"
 #include "convert/report.h"
-#include "convert/rounding.h"
-#include "counted.h"
+#include "convert/solids.h"
+#include "convert/targets.h"
 #include "formats.h"
 #include "input_file.h"
+#include "mesh/load.h"
+#include "mesh/refusals.h"
 #include "mesh_checks.h"
-#include "nastran/mesh_writer.h"
-#include "patran/mesh_writer.h"
 #include "replacement_file.h"
-#include "tidy/tidied_deck.h"
 
 namespace kvocaeio::host {
 
 namespace {
 
-struct Target {
-    std::string_view extension;
-    const MeshWriter* writer;
-};
+/// What goes from the source to the target.
+using Content = std::variant<SolidMesh, Mesh, PackageScene>;
 
-constexpr std::array<Target, 3> kTargets = {{
-    {".nas", &kNastranWriter},
-    {".bdf", &kNastranWriter},
-    {".pat", &kPatranWriter},
-}};
-
-const MeshWriter& writerOf(const std::string& path) {
-    const std::string extension = extensionOf(path);
-    for (const Target& target : kTargets)
-        if (target.extension == extension)
-            return *target.writer;
-    throw FileError("cannot be written: its name must end in .nas, .bdf (Nastran) or .pat (Patran)",
-                    "unknown-target");
+void scale(Mesh& mesh, double factor) {
+    for (double& value : mesh.places)
+        value *= factor;
+    std::size_t infinite = 0;
+    for (std::size_t node = 0; node < mesh.nodes(); ++node)
+        if (!isFinitePlace(mesh.place(static_cast<int>(node))))
+            ++infinite;
+    refuseInfinitePlaces(infinite);
+    for (MeshSection& section : mesh.sections)
+        section.thickness *= factor;
 }
 
-/// Drops elements of nodes that are not there and nodes that no element has.
-void compact(SolidMesh& mesh) {
-    const auto nodeCount = static_cast<int>(mesh.nodes.size());
-    const std::size_t lost = std::erase_if(mesh.elements, [&](const SolidMesh::Element& element) {
-        return std::any_of(element.nodes.begin(), element.nodes.begin() + element.corners,
-                           [&](int node) { return node < 0 || node >= nodeCount; });
-    });
-    leaveOut(mesh, "elements-of-missing-nodes", lost, "elements", " of nodes that are not there");
-    std::vector<int> newRows(mesh.nodes.size(), -1);
-    for (const SolidMesh::Element& element : mesh.elements)
-        for (int i = 0; i < element.corners; ++i)
-            newRows[static_cast<std::size_t>(element.nodes[static_cast<std::size_t>(i)])] = 0;
-    std::size_t used = 0;
-    for (std::size_t row = 0; row < newRows.size(); ++row) {
-        if (newRows[row] < 0)
-            continue;
-        newRows[row] = static_cast<int>(used);
-        mesh.nodeOids[used] = mesh.nodeOids[row];
-        mesh.nodes[used++] = mesh.nodes[row];
-    }
-    leaveOut(mesh, "unused-nodes", mesh.nodes.size() - used, "nodes",
-             " that no written element has");
-    mesh.nodes.resize(used);
-    mesh.nodeOids.resize(used);
-    for (SolidMesh::Element& element : mesh.elements)
-        for (int i = 0; i < element.corners; ++i) {
-            int& node = element.nodes[static_cast<std::size_t>(i)];
-            node = newRows[static_cast<std::size_t>(node)];
-        }
-}
-
-void refuseInfinitePlaces(const SolidMesh& mesh) {
-    const auto bad = std::count_if(mesh.nodes.begin(), mesh.nodes.end(),
-                                   [](const auto& place) { return !isFinitePlace(place.data()); });
-    if (bad != 0)
-        throw FileError("has " + counted(static_cast<std::size_t>(bad), "nodes") +
-                            " with coordinates that are no finite numbers",
-                        "not-finite");
-}
-
-void scale(SolidMesh& mesh, double factor) {
-    for (auto& place : mesh.nodes)
-        for (double& value : place)
-            value *= factor;
-}
-
-/// Refuses numbers that the deck defines again, of which tidying has kept the last definition.
-void refuseRepeats(const TidiedDeck& deck) {
-    for (const ImportFinding& finding : deck.findings().findings)
-        if (finding.code == "tidy.abaqus-node-repeated" ||
-            finding.code == "tidy.abaqus-element-repeated")
-            throw FileError("is not converted: " + finding.text + " (" +
-                                counted(static_cast<std::size_t>(finding.count), "times") +
-                                ", first in line " + std::to_string(finding.places.front().line) +
-                                "): give each a number of its own, or --force to take the last "
-                                "definition",
-                            "defined-twice");
-}
-
-/// Says that the mesh is that of a tidied deck, and what that deck left out.
-void takeTidied(TidiedDeck& deck, SolidMesh& mesh) {
-    if (!deck.isTidied())
-        return;
-    deck.restoreOids(mesh);
-    const std::size_t warnings = deck.findings().tally().of(Level::kWarning);
-    leaveOut(mesh, "left-out-by-tidying", warnings, "warnings",
-             " of the tidying say what; kvocaeio check --tidy lists them");
-    mesh.remarks.push_back({"tidied", 1, deck.remark()});
-}
-
-SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
-    const Format& format = findFormatToTidy(file.path(), !options.asIs);
-    if (format.takeSolids == nullptr)
-        throw FileError("is of a format that is not converted (" + std::string(format.name) +
-                            "); Abaqus decks and Patran neutral files are",
-                        "not-converted");
-    TidiedDeck deck(file.path(), options.source);
-    if (!options.asIs)
-        deck.tidy(format);
-    deck.requireGood("; --as-is converts what is read of the deck as it is");
-    if (!options.force)
-        refuseRepeats(deck);
-    SolidMesh mesh = format.takeSolids(
-        deck.path(), {options.normalised, options.force,
-                      options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
-    deck.giveBack(mesh.imported);
-    compact(mesh);
-    takeTidied(deck, mesh);
-    if (mesh.elements.empty())
-        throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
-    scale(mesh, options.scale);
-    refuseInfinitePlaces(mesh);
+Mesh takeMesh(const InputFile& file, const Format& format, const ConvertOptions& options) {
+    Mesh mesh = loadMesh(file, options.source, format,
+                         {options.normalised, options.force, options.asIs, options.verbose});
+    mesh.lengthUnit = options.unit;
+    if (options.scale != 1.0)
+        scale(mesh, options.scale);
     return mesh;
 }
 
-/// A source that was read wrongly makes a wrong mesh.
-void refuseErrors(const SolidMesh& mesh, const std::string& source) {
-    const ImportFinding* const first = mesh.imported.firstError();
-    if (first == nullptr)
-        return;
-    const long long line = first->places.front().line;
-    const std::size_t errors = mesh.imported.tally().of(Level::kError);
-    throw FileError("is not converted for " + counted(errors, "errors") + " of the import, " +
-                        (errors > 1 ? "the first of " : "") + "which is" +
-                        (line == 0 ? "" : " in line " + std::to_string(line)) + ": " +
-                        cleanName(first->text) + "; kvocaeio check " + cleanName(source) +
-                        " shows all, and --force converts what was read",
-                    "import-errors");
+PackageScene takeScene(const InputFile& file, const Format& format, const ConvertOptions& options) {
+    PackageScene scene = loadScene(file, options.source, format,
+                                   {options.normalised, options.force, true, options.verbose});
+    if (options.scale != 1.0)
+        scale(scene, options.scale);
+    if (!options.unit.empty())
+        scene.lengthUnit = options.unit;
+    return scene;
 }
 
-void write(SolidMesh& mesh, const ConvertOptions& options) {
-    const MeshWriter& writer = writerOf(options.target);
-    chooseOids(mesh, writer);
-    checkRounding(mesh, writer, options.unit);
+Content take(const InputFile& file, const ConvertOptions& options) {
+    const Target& target = targetOf(options.target);
+    if (target.solids != nullptr && !options.wideNastran)
+        return takeSolids(file, options);
+    const Format& format = findFormatToTidy(file.path(), !options.asIs);
+    if (format.takeScene != nullptr && target.writeScene == nullptr)
+        throw FileError("is a package, which is not written as " + std::string(target.extension) +
+                            " but as " + sceneTargets(),
+                        "not-converted");
+    if (format.takeScene == nullptr && target.writeMesh == nullptr)
+        throw FileError("is a mesh, which is not written as " + std::string(target.extension) +
+                            " but as " + meshTargets(),
+                        "not-converted");
+    if (format.takeScene != nullptr)
+        return takeScene(file, format, options);
+    return takeMesh(file, format, options);
+}
+
+void write(Content& content, const ConvertOptions& options) {
+    const Target& target = targetOf(options.target);
+    if (auto* const solids = std::get_if<SolidMesh>(&content))
+        return writeSolids(*solids, *target.solids, options);
     ReplacementFile file(options.target);
-    if (!writer.write(mesh, file.path(), options.unit) || !file.endsWith(writer.ending))
-        throw FileError("cannot be written as a whole: the disk may be full", "cannot-be-written");
+    if (auto* const mesh = std::get_if<Mesh>(&content))
+        target.writeMesh(*mesh, file.path(), options);
+    else
+        target.writeScene(std::get<PackageScene>(content), file.path(), options);
     file.finish();
-    writer.takeNotes(mesh);
 }
 
 /// A failure, with the file that it is of.
@@ -184,10 +105,10 @@ std::optional<Failure> attempt(const std::string& file, const Step& step) {
     }
 }
 
-std::optional<Failure> convert(const ConvertOptions& options, std::optional<SolidMesh>& written) {
-    SolidMesh mesh;
+std::optional<Failure> convert(const ConvertOptions& options, std::optional<Conversion>& written) {
+    Content content;
     std::optional<InputFile> source;
-    std::optional<Failure> failure = attempt(options.target, [&] { writerOf(options.target); });
+    std::optional<Failure> failure = attempt(options.target, [&] { targetOf(options.target); });
     if (!failure)
         failure = attempt(options.source, [&] { source.emplace(options.source); });
     if (!failure)
@@ -196,23 +117,18 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Soli
                 throw FileError("cannot be written: it is the file that is read", "same-file");
         });
     if (!failure)
-        failure = attempt(options.source, [&] { mesh = takeSolids(*source, options); });
+        failure = attempt(options.source, [&] { content = take(*source, options); });
     if (!failure)
-        failure = attempt(options.source, [&] {
-            if (!options.force)
-                refuseErrors(mesh, options.source);
-        });
+        failure = attempt(options.target, [&] { write(content, options); });
     if (!failure)
-        failure = attempt(options.target, [&] { write(mesh, options); });
-    if (!failure)
-        written = std::move(mesh);
+        written = std::visit([](auto& taken) { return conversionOf(std::move(taken)); }, content);
     return failure;
 }
 
 }  // namespace
 
 bool runConvert(const ConvertOptions& options) {
-    std::optional<SolidMesh> written;
+    std::optional<Conversion> written;
     std::optional<Failure> failure = convert(options, written);
     if (!failure && options.strict && !written->losses.empty())
         failure = {shownName(options.target),

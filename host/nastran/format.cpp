@@ -6,6 +6,8 @@
 
 #include "counted.h"
 #include "file_head.h"
+#include "nastran/deck.h"
+#include "nastran/mesh.h"
 #include "nastran/report.h"
 #include "timed.h"
 #include <kvocaeio/nastran.h>
@@ -30,10 +32,7 @@ bool recognises(std::string_view head) {
 }
 
 std::string_view kindOf(const int* slots) {
-    int corners = 8;
-    while (corners > 1 && slots[corners - 2] == slots[corners - 1])
-        --corners;
-    switch (corners) {
+    switch (cornersOf(slots)) {
         case 2:
             return "bars";
         case 4:
@@ -78,37 +77,12 @@ void takeElements(KVONASTRAN_Reader& reader, NastranReport& report) {
                 "no such node: " + counted(undefinedNodes, "times") + " in elements");
 }
 
-constexpr std::string_view kFixedOnly =
-    "; only fixed fields of eight columns are read as they are meant";
-
-/// Why the reader refused the deck.
-FileError refusalOf(CKVOImportReport& findings, std::size_t freeCards) {
-    CKVOImportReport::FindingData failure{};
-    findings.GetFailure(&failure);
-    if (std::string_view(failure.code) == "file.out-of-memory")
-        return FileError(
-            "cannot be read: there is not enough memory for its rows, one for each "
-            "OID up to the largest",
-            "out-of-memory");
-    if (freeCards != 0)
-        return FileError(
-            "has free or large fields on " + counted(freeCards, "cards") + std::string(kFixedOnly),
-            "free-fields");
-    return FileError("cannot be read: " + std::string(failure.text), "nothing-read");
-}
-
 std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
     auto report = std::make_unique<NastranReport>();
-    KVONASTRAN_Reader reader;
-    CKVOImportReport findings;
-    bool good = false;
-    report->importSeconds =
-        timed(progress, [&] { good = reader.SetFilePath(path.c_str(), &findings); });
-    report->imported.take(findings, good);
-    const std::size_t freeCards = report->imported.countOf("nastran.free-field") +
-                                  report->imported.countOf("nastran.large-field");
-    if (!good)
-        throw refusalOf(findings, freeCards);
+    NastranDeck deck(path, progress);
+    KVONASTRAN_Reader& reader = deck.reader;
+    report->importSeconds = deck.importSeconds;
+    report->imported = std::move(deck.imported);
     takeNodes(reader, *report);
     takeElements(reader, *report);
     const int* section = reader.GetSectionVector();
@@ -117,9 +91,9 @@ std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) 
             report->sections.push_back({section[0], section[1], section[2]});
     report->materials = reader.GetPropertiesCout();
     report->warnOfNonFinite(report->box.nonFinite, "nodes");
-    report->find(Finding::Level::kError, "free-fields", freeCards,
+    report->find(Finding::Level::kError, "free-fields", deck.freeCards,
                  "has free or large fields, which are read wrongly, on " +
-                     counted(freeCards, "cards") + std::string(kFixedOnly));
+                     counted(deck.freeCards, "cards") + std::string(kFixedFieldsOnly));
     return report;
 }
 
@@ -135,7 +109,14 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 }  // namespace
 
 const Format kNastranFormat = {
-    "Nastran bulk data",   "nastran", kExtensions, recognises, read, check, nullptr,
-    CKVODeckTidy::kNastran};
+    .name = "Nastran bulk data",
+    .code = "nastran",
+    .extensions = kExtensions,
+    .recognises = recognises,
+    .read = read,
+    .check = check,
+    .takeMesh = takeNastranMesh,
+    .tidyFormat = CKVODeckTidy::kNastran,
+};
 
 }  // namespace kvocaeio::host

@@ -86,6 +86,13 @@ std::unique_ptr<FileReport> refuse(const std::string&, PrintTarget) {
                     "needs-tool");
 }
 
+PackageScene refuseScene(const std::string&, const MeshRequest&) {
+    throw FileError(
+        "is a design that needs an extraction tool: run kvocaeio info with --tool and --temp, then "
+        "take that folder with its reports instead of the design",
+        "needs-tool");
+}
+
 ImportFindings refuseCheck(const std::string&, PrintTarget, CKVOImportReport&) {
     throw FileError(
         "is a design that needs an extraction tool: run kvocaeio info with --tool and "
@@ -138,7 +145,13 @@ std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTa
 
 // A design is a database: nothing in its first bytes is known, its extension must do.
 const Format kCadenceFormat = {
-    "Cadence design", "cadence",   kExtensions, [](std::string_view) { return false; },
-    refuse,           refuseCheck, nullptr};
+    .name = "Cadence design",
+    .code = "cadence",
+    .extensions = kExtensions,
+    .recognises = [](std::string_view) { return false; },
+    .read = refuse,
+    .check = refuseCheck,
+    .takeScene = refuseScene,
+};
 
 }  // namespace kvocaeio::host

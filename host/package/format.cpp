@@ -7,6 +7,7 @@
 
 #include "file_head.h"
 #include "memory_watch.h"
+#include "mesh_checks.h"
 #include "package/report.h"
 #include "timed.h"
 #include <kvocaeio/package.h>
@@ -33,39 +34,61 @@ bool recognises(std::string_view head) {
     });
 }
 
-std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
+/// A package file, imported.
+struct Import {
+    Import(const std::string& path, PrintTarget progress) {
+        CKVOImportReport findings;
+        bool isImported = false;
+        seconds = timed(progress, [&] {
+            const MemoryWatch memory;
+            try {
+                isImported = reader.Import3DIFile(path.c_str(), &findings);
+                if (isImported)
+                    return;
+                if (memory.ranOut())
+                    throw std::bad_alloc();
+                failure.code = "no-symbol-or-outline";
+                failure.text = "its object table has no SYMBOL or its layer table no OUTLINE";
+                if (!MemoryWatch::kSeesLibrary)
+                    failure.text += " (or there is not enough memory)";
+            } catch (const std::out_of_range&) {
+                failure.code = "unknown-colour-or-layer";
+                failure.text =
+                    "a body has no colour of the colour table, or no name and no layer; bodies "
+                    "after it and all wires are missing";
+            }
+        });
+        imported.take(findings, isImported);
+        if (failure.code.empty() && reader.GetComponentCount() == 0 &&
+            reader.GetWireLineCount() == 0)
+            failure = {Finding::Level::kError, "nothing-read", 1,
+                       "holds no bodies and no wires of a 3DI package"};
+    }
+
     CKVOCadenceReader reader;
-    CKVOImportReport findings;
-    bool isImported = false;
-    Finding failure{Finding::Level::kError, "", 1, ""};
-    const double seconds = timed(progress, [&] {
-        const MemoryWatch memory;
-        try {
-            isImported = reader.Import3DIFile(path.c_str(), &findings);
-            if (isImported)
-                return;
-            if (memory.ranOut())
-                throw std::bad_alloc();
-            failure.code = "no-symbol-or-outline";
-            failure.text = "its object table has no SYMBOL or its layer table no OUTLINE";
-            if (!MemoryWatch::kSeesLibrary)
-                failure.text += " (or there is not enough memory)";
-        } catch (const std::out_of_range&) {
-            failure.code = "unknown-colour-or-layer";
-            failure.text =
-                "a body has no colour of the colour table, or no name and no layer; bodies after "
-                "it and all wires are missing";
-        }
-    });
-    auto report = std::make_unique<PackageReport>(reader, PackageSource::k3di);
-    report->importSeconds = seconds;
-    report->imported.take(findings, isImported);
-    if (failure.code.empty() && report->isEmpty())
-        failure = {Finding::Level::kError, "nothing-read", 1,
-                   "holds no bodies and no wires of a 3DI package"};
-    if (!failure.code.empty())
-        report->findings.push_back(std::move(failure));
+    ImportFindings imported;
+    double seconds = 0.0;
+    Finding failure{Finding::Level::kError, "", 1, ""};  ///< without a code where it is good
+};
+
+std::unique_ptr<FileReport> read(const std::string& path, PrintTarget progress) {
+    Import import(path, progress);
+    auto report = std::make_unique<PackageReport>(import.reader, PackageSource::k3di);
+    report->importSeconds = import.seconds;
+    report->imported = std::move(import.imported);
+    if (!import.failure.code.empty())
+        report->findings.push_back(std::move(import.failure));
     return report;
+}
+
+PackageScene takePackage(const std::string& path, const MeshRequest& request) {
+    refuseNormalised(request.normalised);
+    Import import(path, request.progress);
+    if (!import.failure.code.empty() && !request.force)
+        throw FileError(import.failure.text, import.failure.code);
+    PackageScene scene = takeScene(import.reader, PackageSource::k3di);
+    scene.imported = std::move(import.imported);
+    return scene;
 }
 
 ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportReport& report) {
@@ -85,6 +108,14 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 
 }  // namespace
 
-const Format k3diFormat = {"3DI package", "3di", kExtensions, recognises, read, check, nullptr};
+const Format k3diFormat = {
+    .name = "3DI package",
+    .code = "3di",
+    .extensions = kExtensions,
+    .recognises = recognises,
+    .read = read,
+    .check = check,
+    .takeScene = takePackage,
+};
 
 }  // namespace kvocaeio::host

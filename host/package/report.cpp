@@ -22,23 +22,16 @@ namespace kvocaeio::host {
 
 namespace {
 
-// The longest name that a file or report can give, terminator included.
-constexpr std::size_t kNameRoom = 1024;
-
-double lengthOf(const std::vector<double>& points) {
-    double length = 0.0;
-    for (std::size_t i = 3; i + 2 < points.size(); i += 3)
-        length += std::hypot(points[i] - points[i - 3], points[i + 1] - points[i - 2],
-                             points[i + 2] - points[i - 1]);
-    return length;
-}
-
 /// "#rrggbb"; the first colour value is in the lowest byte.
 std::string colorText(unsigned color) {
     char digits[8];
     std::snprintf(digits, sizeof digits, "#%02x%02x%02x", color & 0xffu, color >> 8 & 0xffu,
                   color >> 16 & 0xffu);
     return digits;
+}
+
+std::string colorText(const std::optional<unsigned>& color) {
+    return color ? colorText(*color) : "";
 }
 
 std::string number(double value) {
@@ -53,29 +46,11 @@ std::string range(double low, double high) {
 
 }  // namespace
 
-// The reader hands out no kinds but that of a ball. A 3DI file's own names tell the others.
-std::string PackageReport::kindOf(const PackageBody& body) const {
-    if (body.isBall)
-        return "solder ball";
-    if (body.name == "SUBSTRATE")
-        return "substrate";
-    if (source_ == PackageSource::kCadence)
-        return "stack member";
-    if (body.name == "PACKAGECAP")
-        return "package cap";
-    if (body.name.find("INTERPOSER") != std::string::npos)
-        return "interposer";
-    return body.name.find("SPACER") != std::string::npos ? "spacer" : "die";
-}
-
-// Cadence designs give no colours.
-std::string PackageReport::colorOf(const PackageBody& body) const {
-    return source_ == PackageSource::k3di ? colorText(body.color) : "";
-}
-
-PackageReport::PackageReport(CKVOCadenceReader& reader, PackageSource source) : source_(source) {
-    takeBodies(reader);
-    takeWires(reader);
+PackageReport::PackageReport(CKVOCadenceReader& reader, PackageSource source)
+    : bodies_(takeBodies(reader, source)),
+      profiles_(takeProfiles(reader)),
+      wires_(static_cast<std::size_t>(std::max(0, reader.GetWireLineCount()))),
+      source_(source) {
     warnOfNonFinite(static_cast<std::size_t>(
                         std::ranges::count_if(bodies_,
                                               [](const PackageBody& body) {
@@ -83,60 +58,6 @@ PackageReport::PackageReport(CKVOCadenceReader& reader, PackageSource source) : 
                                                          !isFinitePlace(body.size.data());
                                               })),
                     "bodies");
-}
-
-void PackageReport::takeBodies(CKVOCadenceReader& reader) {
-    char name[kNameRoom];
-    for (int i = 0; i < reader.GetComponentCount(); ++i) {
-        PackageBody body{};
-        int isBall = 0;
-        reader.GetComponentData(i, name, isBall, body.center.data(), body.size.data(), body.color);
-        body.name = name;
-        body.isBall = isBall != 0;
-        body.kind = kindOf(body);
-        bodies_.push_back(std::move(body));
-    }
-}
-
-void PackageReport::takeWires(CKVOCadenceReader& reader) {
-    std::map<int, WireProfile> profiles;
-    std::vector<double> points;
-    for (int i = 0; i < reader.GetWireLineCount(); ++i) {
-        int profile = 0;
-        double diameter = 0.0;
-        reader.GetWirePolyLine(i, points, profile, diameter);
-        WireProfile& sum = profiles[profile];
-        sum.smallestDiameter = sum.wires == 0 ? diameter : std::min(sum.smallestDiameter, diameter);
-        sum.largestDiameter = sum.wires == 0 ? diameter : std::max(sum.largestDiameter, diameter);
-        ++sum.wires;
-        sum.points += points.size() / 3;
-        sum.length += lengthOf(points);
-        ++wires_;
-    }
-    // Models come first, without a gap: the first number that has none ends them.
-    const auto describe = [&](int profileNumber) {
-        const char* name = nullptr;
-        double diameter = 0.0;
-        unsigned color = 0;
-        bool isUsed = false;
-        try {
-            isUsed = reader.GetWireProfileData(profileNumber, name, diameter, color);
-        } catch (const std::out_of_range&) {
-            // No such model, or no colour at the place that the profile's number names.
-        }
-        if (name == nullptr)
-            return false;
-        profiles[profileNumber].name = name;
-        if (isUsed)
-            profiles[profileNumber].color = color;
-        return true;
-    };
-    for (int n = 1; describe(n); ++n) {
-    }
-    for (auto& [profileNumber, profile] : profiles) {
-        profile.number = profileNumber;
-        profiles_.push_back(std::move(profile));
-    }
 }
 
 void PackageReport::print(std::ostream& out, const PageStyle& style) const {
@@ -166,7 +87,7 @@ void PackageReport::printBodies(std::ostream& out, const PageStyle& style) const
         table.add(
             {body.kind, cleanName(body.name), asText(body.center),
              number(body.size[0]) + " x " + number(body.size[1]) + " x " + number(body.size[2]),
-             colorOf(body)});
+             colorText(body.color)});
     }
     if (!areAny)
         return;
@@ -184,7 +105,7 @@ void PackageReport::printBalls(std::ostream& out, const PageStyle& style) const 
     for (const PackageBody& body : bodies_) {
         if (!body.isBall)
             continue;
-        Balls& group = balls[{cleanName(body.name), number(body.size[0]), colorOf(body)}];
+        Balls& group = balls[{cleanName(body.name), number(body.size[0]), colorText(body.color)}];
         ++group.number;
         group.centers.add(body.center.data());
     }
@@ -225,7 +146,7 @@ void PackageReport::addTo(Json& object) const {
         else
             entry["size"] = {body.size[0], body.size[1], body.size[2]};
         if (source_ == PackageSource::k3di)
-            entry["color"] = colorOf(body);
+            entry["color"] = colorText(body.color);
         bodies.push_back(std::move(entry));
     }
     Json profiles = Json::array();

@@ -9,6 +9,7 @@
 
 #include "mesh_checks.h"
 #include "patran/arrays.h"
+#include "patran/mesh.h"
 #include "patran/report.h"
 #include "patran/solids.h"
 #include "timed.h"
@@ -134,7 +135,15 @@ ImportFindings check(const std::string& path, PrintTarget progress, CKVOImportRe
 
 }  // namespace
 
-const Format kPatranFormat = {"Patran neutral file", "patran", kExtensions, recognises, read, check,
-                              takePatranSolids};
+const Format kPatranFormat = {
+    .name = "Patran neutral file",
+    .code = "patran",
+    .extensions = kExtensions,
+    .recognises = recognises,
+    .read = read,
+    .check = check,
+    .takeSolids = takePatranSolids,
+    .takeMesh = takePatranMesh,
+};
 
 }  // namespace kvocaeio::host

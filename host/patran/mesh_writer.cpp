@@ -27,7 +27,7 @@ bool write(const SolidMesh& mesh, const std::string& path, const std::string&) {
 }
 
 void takeNotes(SolidMesh& mesh) {
-    leaveOut(mesh, "sections", mesh.sections.size(), "sections",
+    leaveOut(mesh.losses, "sections", mesh.sections.size(), "sections",
              ": elements have no property in the file");
 }
 

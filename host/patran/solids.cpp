@@ -12,9 +12,8 @@
 
 namespace kvocaeio::host {
 
-SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request) {
-    if (request.normalised)
-        throw FileError("has no normalised mesh: only Abaqus decks have one", "not-normalised");
+SolidMesh takePatranSolids(const std::string& path, const MeshRequest& request) {
+    refuseNormalised(request.normalised);
     CPatranReader reader;
     SolidMesh mesh;
     timed(request.progress, [&] { import(reader, path, mesh.imported); });
@@ -42,7 +41,7 @@ SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request
             mesh.sections.push_back("property " + std::to_string(element.property));
         mesh.elements.push_back({section->second, shape.corners, element.nodes, 0});
     }
-    leaveOut(mesh, others);
+    leaveOut(mesh.losses, others);
     mesh.remarks.push_back({"oids-unknown", 1,
                             "the library does not return the OIDs of a Patran file: nodes and "
                             "elements are numbered from 1"});

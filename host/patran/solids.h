@@ -9,6 +9,6 @@
 namespace kvocaeio::host {
 
 /// Throws `FileError` where there is no mesh to take.
-SolidMesh takePatranSolids(const std::string& path, const SolidsRequest& request);
+SolidMesh takePatranSolids(const std::string& path, const MeshRequest& request);
 
 }  // namespace kvocaeio::host

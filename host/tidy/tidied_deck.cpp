@@ -8,7 +8,6 @@
 #include "file_report.h"
 #include "file_system.h"
 #include "formats.h"
-#include "solid_mesh.h"
 #include "tidy/original_oids.h"
 
 namespace kvocaeio::host {
@@ -115,26 +114,27 @@ void TidiedDeck::restoreNumbers(FileReport& report) {
         report.restoreNumbers(OriginalOids(tidy_));
 }
 
-void TidiedDeck::restoreOids(SolidMesh& mesh) {
+void TidiedDeck::restoreOids(std::vector<int>& nodes, std::vector<int>& elements,
+                             std::vector<Note>& remarks) {
     if (!isTidied())
         return;
     const OriginalOids originals(tidy_);
     const auto remark = [&](const std::string& things, std::size_t number) {
-        mesh.remarks.push_back({things + "-of-several-parts", number,
-                                things + " are numbered anew: parts of the source number theirs "
-                                         "alike"});
+        remarks.push_back({things + "-of-several-parts", number,
+                           things + " are numbered anew: parts of the source number theirs alike"});
     };
-    if (!originals.restoreNodes(mesh.nodeOids))
-        remark("nodes", mesh.nodeOids.size());
-    std::vector<int> oids;
-    for (const SolidMesh::Element& element : mesh.elements)
-        oids.push_back(element.oid);
-    if (oids.empty() || oids.front() == 0)  // the normalised mesh has none
+    if (!originals.restoreNodes(nodes))
+        remark("nodes", nodes.size());
+    if (!originals.restoreElements(elements))
+        remark("elements", elements.size());
+}
+
+void TidiedDeck::takeNotes(std::vector<Note>& losses, std::vector<Note>& remarks) const {
+    if (!isTidied())
         return;
-    if (!originals.restoreElements(oids))
-        remark("elements", oids.size());
-    for (std::size_t row = 0; row < oids.size(); ++row)
-        mesh.elements[row].oid = oids[row];
+    leaveOut(losses, "left-out-by-tidying", findings().tally().of(Level::kWarning), "warnings",
+             " of the tidying say what; kvocaeio check --tidy lists them");
+    remarks.push_back({"tidied", 1, remark()});
 }
 
 }  // namespace kvocaeio::host

@@ -4,7 +4,9 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "note.h"
 #include "temporary_path.h"
 #include "tidy/tidy_run.h"
 #include <kvocaeio/tidy.h>
@@ -13,7 +15,6 @@ namespace kvocaeio::host {
 
 class FileReport;
 struct Format;
-struct SolidMesh;
 
 /// The file to read in the place of a deck: a tidy one, which goes away with its holder, or the
 /// original where nothing needs to be changed or its format is not tidied.
@@ -43,10 +44,14 @@ class TidiedDeck {
     /// of tidy come first, and places in the tidy deck, which nobody sees, become the numbers that
     /// nodes and elements have in the original.
     void giveBack(ImportFindings& import);
-    /// Gives nodes and elements the OIDs of the original where no two of them are alike.
-    void restoreOids(SolidMesh& mesh);
     /// Gives what `report` names the numbers of the original.
     void restoreNumbers(FileReport& report);
+    /// Gives nodes and elements the OIDs of the original where no two of them are alike, else
+    /// remarks it. Does nothing where the deck is not tidied.
+    void restoreOids(std::vector<int>& nodes, std::vector<int>& elements,
+                     std::vector<Note>& remarks);
+    /// Notes that the mesh is that of a tidied deck, and what that deck left out.
+    void takeNotes(std::vector<Note>& losses, std::vector<Note>& remarks) const;
 
   private:
     void write(int format);

@@ -1,5 +1,5 @@
 /// Facts of the look-up of nodes by OID, in tables and in lists.
-#include "abaqus/node_rows.h"
+#include "node_rows.h"
 
 #include <climits>
 #include <gtest/gtest.h>

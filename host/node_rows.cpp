@@ -1,5 +1,5 @@
 /// The choice between table and list, and the look-up in the list.
-#include "abaqus/node_rows.h"
+#include "node_rows.h"
 
 #include <algorithm>
 #include <iterator>
