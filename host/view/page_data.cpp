@@ -114,6 +114,7 @@ Json kindsAsJson() {
             faces.push_back(std::vector<int>(face.places.begin(),
                                              face.places.begin() + cellShape(face.kind).nodes));
         kinds.push_back({{"name", shape.name},
+                         {"singular", count(1, shape.name)[1]},
                          {"nodes", shape.nodes},
                          {"dimension", shape.dimension},
                          {"faces", std::move(faces)}});

@@ -1,6 +1,7 @@
 /// The cutting plane, and the cut faces that close what it opens.
 import * as THREE from 'three';
 import { colourOf, partsOf } from './palette.js';
+import { cornersOf } from './viewer.js';
 
 const axes = { x: [1, 0, 0], y: [0, 1, 0], z: [0, 0, 1] };
 
@@ -78,10 +79,7 @@ export class Cut {
     /// Along the normal, the smallest and largest coordinate of the model, and that of the plane.
     get range() {
         const box = this.viewer.shownBox;
-        const values = [];
-        for (let i = 0; i < 8; ++i)
-            values.push(this.normal.dot(new THREE.Vector3(
-                i & 1 ? box.max.x : box.min.x, i & 2 ? box.max.y : box.min.y, i & 4 ? box.max.z : box.min.z)));
+        const values = cornersOf(box).map((corner) => this.normal.dot(corner));
         const low = Math.min(...values);
         const high = Math.max(...values);
         return { low, high, at: low + (high - low) * this.position };

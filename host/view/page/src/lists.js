@@ -12,7 +12,10 @@ export const nameOfSection = (section) => section.name || '(no name)';
 export function detailsOf(part) {
     if (part.section) {
         const { section } = part;
-        const kinds = section.groups.map((group) => `${counted(group.total)} ${group.shape.name}`);
+        const totals = new Map();
+        for (const { shape, total } of section.groups)
+            totals.set(shape, (totals.get(shape) ?? 0) + total);
+        const kinds = [...totals].map(([shape, total]) => `${counted(total)} ${total === 1 ? shape.singular : shape.name}`);
         const origin = originNames[section.origin];
         const property = section.property ? `property ${section.property}` : '';
         const thickness = section.thickness ? `thickness ${shortest(section.thickness)}` : '';
@@ -31,6 +34,7 @@ export function detailsOf(part) {
 }
 
 export const nameOfPart = (part) => (part.section ? nameOfSection(part.section) : part.name || '(no name)');
+const kindOfPart = (part) => (part.kind ? [make('small', {}, ` ${part.kind}${part.bodies?.length > 1 ? 's' : ''}`)] : []);
 export const styleOfPart = (part) => part.style ?? { colour: part.colour, pattern: 0 };
 
 function partRow(part, changed) {
@@ -136,7 +140,7 @@ function rowsOfElement(hit, nodes, origin) {
     const rows = [tableRow('Section', nameOfPart(part))];
     rows.push(group.hasOids ? tableRow('Element OID', String(group.oids[element]))
         : tableRow('Element', `row ${group.oids[element]} of the section`));
-    rows.push(tableRow('Kind', shape.name + (originNames[part.section.origin] ? ` (${originNames[part.section.origin]})` : '')));
+    rows.push(tableRow('Kind', shape.singular + (originNames[part.section.origin] ? ` (${originNames[part.section.origin]})` : '')));
     if (shape.dimension === 3)
         rows.push(tableRow('Face', String(face + 1)));
     if (part.section.property)
@@ -181,7 +185,10 @@ export function showPicked(hit, data) {
         content.push(make('table', {}, ...rowsOfBody(hit)));
     else
         content.push(...rowsOfElement(hit, data.nodes, origin));
-    const place = hit.place.toArray().map((value, axis) => length(value + origin[axis])).join(', ');
+    // What is left of a coordinate by rounding is none.
+    const least = 1e-6 * Math.max(...[0, 1, 2].map((axis) => data.box.max[axis] - data.box.min[axis]));
+    const place = hit.place.toArray().map((value, axis) => value + origin[axis])
+        .map((value) => length(Math.abs(value) < least ? 0 : value)).join(', ');
     content[0].append(tableRow('At', `${place}${data.unit ? ' ' + data.unit : ''}`));
     byId('picked').querySelector('div').replaceChildren(...content);
 }
@@ -191,7 +198,7 @@ export function showLegend(data, parts, finding) {
     const swatches = parts.filter((part) => part.visible).slice(0, 14).map((part) => {
         const swatch = make('span', { class: 'swatch' });
         swatch.style.background = swatchOf(styleOfPart(part));
-        return make('li', {}, swatch, nameOfPart(part));
+        return make('li', {}, swatch, make('span', {}, nameOfPart(part), ...kindOfPart(part)));
     });
     const more = parts.filter((part) => part.visible).length - swatches.length;
     const content = [make('h1', {}, data.title), make('ul', {}, ...swatches)];

@@ -12,6 +12,9 @@ import { listenToKeys, showKeys } from './keys.js';
 import { screenshot } from './screenshot.js';
 import { directions, Viewer } from './viewer.js';
 
+// Colours are what the files and this page name, to the bit.
+THREE.ColorManagement.enabled = false;
+
 const themes = {
     light: { back: '#eef1f4', edge: '#20262c', text: '#1d2329', label: '#ffffff', line: '#6b7680' },
     dark: { back: '#15191d', edge: '#0b0e10', text: '#e6eaee', label: '#1e2429', line: '#7d8a95' },
@@ -129,6 +132,9 @@ class Page {
 
     /// `along`: "x", "y", "z", "eye" for across the line of sight, or "".
     setCut(along) {
+        // What hides the cut from the eye is taken away.
+        this.cut.isFlipped = (this.viewer.direction['xyz'.indexOf(along)] ?? 1) < 0;
+        byId('flip').setAttribute('aria-pressed', this.cut.isFlipped);
         this.cut.setAxis(along === 'eye' ? this.viewer.direction : along || null, this.model);
         for (const button of document.querySelectorAll('[data-cut]'))
             button.setAttribute('aria-pressed', button.dataset.cut === along);

@@ -1,24 +1,10 @@
 /// The sections of a mesh as things to draw, and what a finding or a pick marks of it.
 import * as THREE from 'three';
-import { LineMaterial } from 'three/examples/jsm/lines/LineMaterial.js';
-import { LineSegments2 } from 'three/examples/jsm/lines/LineSegments2.js';
-import { LineSegmentsGeometry } from 'three/examples/jsm/lines/LineSegmentsGeometry.js';
-import { edgesOf, edgesOfElement, Triangles } from './faces.js';
+import { eachFace, edgesOf, edgesOfElement, Triangles } from './faces.js';
+import { onTop, thickLinesBetween } from './lines.js';
 import { markColour, selectionColour, styleOf } from './palette.js';
 import { setOpacity, surfaceMaterial } from './surface_material.js';
 import { nearestTriangle } from './ray.js';
-
-/// Segments of a width in pixels; `pairs` are rows of `places`.
-function thickLines(pairs, places, colour, width, options = {}) {
-    const ends = new Float32Array(3 * pairs.length);
-    for (let i = 0; i < pairs.length; ++i)
-        for (let axis = 0; axis < 3; ++axis)
-            ends[3 * i + axis] = places[3 * pairs[i] + axis];
-    const geometry = new LineSegmentsGeometry().setPositions(ends);
-    const lines = new LineSegments2(geometry, new LineMaterial({ color: colour, linewidth: width, ...options }));
-    lines.frustumCulled = false;
-    return lines;
-}
 
 /// Elements, drawn on top of everything as faces and edges.
 class Marks {
@@ -51,7 +37,7 @@ class Marks {
         const triangles = new Triangles(groups);
         this.addFaces(triangles, opacity);
         if (pairs.length > 0) {
-            const lines = thickLines(pairs, this.nodes.places, this.colour, 2.5, { depthTest: false, transparent: true });
+            const lines = thickLinesBetween(pairs, this.nodes.places, this.colour, 2.5, onTop);
             lines.renderOrder = 902;
             this.object.add(lines);
         }
@@ -106,6 +92,36 @@ function roundPoint() {
     return new THREE.CanvasTexture(canvas);
 }
 
+/// Faces of loads and surfaces name corners alone: where they lie on a curved face of a solid, they
+/// take its other nodes as well. `curved` has those faces by their corners.
+function bent(group, curved, kinds) {
+    const { shape, nodes, elements } = group;
+    const wide = kinds.find((kind) => kind.dimension === 2 && kind.nodes === 2 * shape.nodes);
+    if (curved.size === 0 || wide === undefined)
+        return [group];
+    const faces = [];
+    for (let row = 0; row < elements; ++row)
+        faces.push(curved.get(keyOf(nodes.subarray(row * shape.nodes, (row + 1) * shape.nodes))));
+    // A section with faces of both kinds stays as it is.
+    if (faces.some((face) => face === undefined))
+        return [group];
+    return [{ ...group, shape: { ...wide, faces: [] }, nodes: Int32Array.from(faces.flat()) }];
+}
+
+const keyOf = (corners) => [...corners].sort((a, b) => a - b).join();
+
+function curvedFacesOf(sections) {
+    const curved = new Map();
+    for (const section of sections)
+        for (const group of section.groups)
+            if (group.shape.dimension === 3)
+                eachFace(group, group.outer, (nodes) => {
+                    if (nodes.length === 6 || nodes.length === 8)
+                        curved.set(keyOf(nodes.subarray(0, nodes.length / 2)), [...nodes]);
+                });
+    return curved;
+}
+
 class SectionView {
     constructor(section, style, scene) {
         this.section = section;
@@ -115,7 +131,9 @@ class SectionView {
         this.object = new THREE.Group();
         const inFront = section.origin === 'load' || section.origin === 'surface';
         this.isClosed = section.origin === 'solid';
-        const faceGroups = section.groups.filter((group) => group.shape.dimension > 1);
+        let faceGroups = section.groups.filter((group) => group.shape.dimension > 1);
+        if (inFront)
+            faceGroups = faceGroups.flatMap((group) => bent(group, scene.curved, scene.data.kinds));
         this.triangles = new Triangles(faceGroups);
         this.faceGroups = faceGroups;
         this.material = surfaceMaterial({ ...style, planes: scene.planes, front: inFront ? 1 : 0 });
@@ -133,7 +151,7 @@ class SectionView {
         const pairs = this.section.groups.filter((group) => group.shape.dimension === 1)
             .flatMap((group) => [...Array(group.elements).keys()].flatMap((row) => edgesOfElement(group, row)));
         if (pairs.length > 0)
-            this.object.add(thickLines(pairs, this.scene.nodes.places, this.style.colour, 3, { clippingPlanes: this.scene.planes }));
+            this.object.add(thickLinesBetween(pairs, this.scene.nodes.places, this.style.colour, 3, { clippingPlanes: this.scene.planes }));
     }
 
     /// Edges are made when they are wanted first.
@@ -151,7 +169,7 @@ class SectionView {
     }
 
     makeFeatures(colour) {
-        return thickLines(this.pairs.features, this.scene.nodes.places, colour, 1.6, { clippingPlanes: this.scene.planes });
+        return thickLinesBetween(this.pairs.features, this.scene.nodes.places, colour, 1.6, { clippingPlanes: this.scene.planes });
     }
 
     makeAll(colour) {
@@ -181,6 +199,8 @@ export class MeshScene {
         this.nodes = data.nodes;
         this.nodes.attribute = new THREE.BufferAttribute(this.nodes.places, 3);
         this.object = new THREE.Group();
+        const isOnFaces = data.sections.some(({ origin }) => origin === 'load' || origin === 'surface');
+        this.curved = isOnFaces ? curvedFacesOf(data.sections) : new Map();
         const indices = {};
         this.parts = data.sections.map((section) => {
             const table = section.origin === 'load' || section.origin === 'surface' ? section.origin : 'mesh';

@@ -1,8 +1,6 @@
 /// The bodies and wires of a chip package as things to draw.
 import * as THREE from 'three';
-import { LineMaterial } from 'three/examples/jsm/lines/LineMaterial.js';
-import { LineSegments2 } from 'three/examples/jsm/lines/LineSegments2.js';
-import { LineSegmentsGeometry } from 'three/examples/jsm/lines/LineSegmentsGeometry.js';
+import { onTop, thickLines } from './lines.js';
 import { sectionColours, selectionColour } from './palette.js';
 import { setOpacity, surfaceMaterial } from './surface_material.js';
 import { tubesOf } from './tubes.js';
@@ -33,24 +31,28 @@ class Part {
         this.object.add(mesh);
     }
 
-    material_(smooth) {
+    makeMaterial(smooth) {
         return surfaceMaterial({ colour: this.colour, smooth, planes: this.planes });
     }
+}
+
+/// The ends of all segments of the wires' paths.
+function middlesOf(wires) {
+    const ends = [];
+    for (const { path } of wires)
+        for (let i = 3; i < path.length; i += 3)
+            ends.push(...path.subarray(i - 3, i + 3));
+    return ends;
 }
 
 function boxPart(body, colour, planes) {
     const part = new Part(body.name, body.kind, colour, planes);
     part.bodies = [body];
     const geometry = new THREE.BoxGeometry(...body.size).translate(...body.center);
-    part.addMesh(new THREE.Mesh(geometry, part.material_(false)), () => body);
+    part.addMesh(new THREE.Mesh(geometry, part.makeMaterial(false)), () => body);
     const edges = new THREE.EdgesGeometry(geometry);
-    const lines = new LineSegments2(
-        new LineSegmentsGeometry().setPositions(edges.attributes.position.array),
-        new LineMaterial({ color: 0x20262c, linewidth: 1.4, clippingPlanes: planes }));
-    lines.frustumCulled = false;
-    lines.raycast = () => {};
-    part.edges = lines;
-    part.object.add(lines);
+    part.edges = thickLines(edges.attributes.position.array, 0x20262c, 1.4, { clippingPlanes: planes });
+    part.object.add(part.edges);
     return part;
 }
 
@@ -59,7 +61,7 @@ function ballPart(balls, colour, planes) {
     part.bodies = balls;
     const isMany = balls.length > 1500;
     const geometry = new THREE.SphereGeometry(0.5, isMany ? 10 : 20, isMany ? 7 : 14);
-    const mesh = new THREE.InstancedMesh(geometry, part.material_(true), balls.length);
+    const mesh = new THREE.InstancedMesh(geometry, part.makeMaterial(true), balls.length);
     balls.forEach((ball, i) => mesh.setMatrixAt(i, new THREE.Matrix4().compose(
         new THREE.Vector3(...ball.center), new THREE.Quaternion(), new THREE.Vector3().setScalar(ball.size[0]))));
     part.addMesh(mesh, (hit) => balls[hit.instanceId]);
@@ -72,7 +74,9 @@ function wirePart(profile, wires, colour, planes) {
     part.wires = wires;
     const segments = wires.reduce((sum, wire) => sum + wire.points, 0);
     const { geometry, wireOfTriangle } = tubesOf(wires, segments > 20000 ? 6 : 10);
-    part.addMesh(new THREE.Mesh(geometry, part.material_(true)), (hit) => wires[wireOfTriangle[hit.faceIndex]]);
+    part.addMesh(new THREE.Mesh(geometry, part.makeMaterial(true)), (hit) => wires[wireOfTriangle[hit.faceIndex]]);
+    // From far away a tube is thinner than a pixel; its middle line is not.
+    part.object.add(thickLines(middlesOf(wires), colour, 1, { clippingPlanes: planes }));
     return part;
 }
 
@@ -155,10 +159,7 @@ export class PackageScene {
         const box = boxOf(hit.thing);
         const size = box.getSize(new THREE.Vector3());
         const frame = new THREE.EdgesGeometry(new THREE.BoxGeometry(size.x, size.y, size.z).translate(...box.getCenter(new THREE.Vector3()).toArray()));
-        const lines = new LineSegments2(
-            new LineSegmentsGeometry().setPositions(frame.attributes.position.array),
-            new LineMaterial({ color: selectionColour, linewidth: 2.5, depthTest: false, transparent: true }));
-        lines.frustumCulled = false;
+        const lines = thickLines(frame.attributes.position.array, selectionColour, 2.5, onTop);
         lines.renderOrder = 900;
         this.selection.add(lines);
     }

@@ -7,7 +7,7 @@ export const sectionColours = [
 ];
 /// For faces of loads and of surfaces, which always have a pattern.
 export const loadColours = ['#d6006c', '#ff8f8f'];
-export const surfaceColours = ['#00707a', '#7fd6c2'];
+export const surfaceColours = ['#19a0a6', '#7fd6c2'];
 /// For what a finding is about.
 export const markColour = '#e60026';
 export const selectionColour = '#ffd400';

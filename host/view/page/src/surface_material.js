@@ -51,9 +51,9 @@ const fragmentShader = /* glsl */ `
         #else
             vec3 direction = normalize(cross(dFdx(vPlace), dFdy(vPlace)));
         #endif
-        float light = abs(dot(direction, normalize(vec3(-0.3, 0.5, 0.9))));
+        float light = abs(dot(direction, normalize(vec3(-0.35, 0.55, 0.9))));
         float shade = 1.0 - 0.45 * shadeOfPattern();
-        gl_FragColor = vec4(colour * shade * (0.42 + 0.58 * light), opacity);
+        gl_FragColor = vec4(colour * shade * (0.5 + 0.5 * light), opacity);
     }
 `;
 

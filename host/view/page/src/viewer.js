@@ -27,6 +27,10 @@ function isSoftware() {
     return /swiftshader|llvmpipe|software|basic render/i.test(name);
 }
 
+/// The eight corners of a box.
+export const cornersOf = (box) => [0, 1, 2, 3, 4, 5, 6, 7].map((i) => new THREE.Vector3(
+    i & 1 ? box.max.x : box.min.x, i & 2 ? box.max.y : box.min.y, i & 4 ? box.max.z : box.min.z));
+
 export class Viewer {
     /// `box` is that of all that can be shown. Throws where the browser has no WebGL 2.
     constructor(canvas, box) {
@@ -155,22 +159,27 @@ export class Viewer {
         const right = new THREE.Vector3(0, 0, 1).cross(towards).normalize();
         const up = towards.clone().cross(right);
         const slope = Math.tan(THREE.MathUtils.degToRad(fieldOfView / 2)) * 0.86;  // leaves a margin
-        const aspect = this.width / this.height;
-        let distance = 0;
-        let height = 0;
-        for (let i = 0; i < 8; ++i) {
-            const corner = new THREE.Vector3(
-                i & 1 ? box.max.x : box.min.x, i & 2 ? box.max.y : box.min.y,
-                i & 4 ? box.max.z : box.min.z).sub(middle);
-            const extent = Math.max(Math.abs(corner.dot(up)), Math.abs(corner.dot(right)) / aspect);
-            distance = Math.max(distance, corner.dot(towards) + extent / slope);
-            height = Math.max(height, 2 * extent / 0.86);
-        }
-        distance = distance || 1;
+        // The picture's four sides are planes through the eye, each pushed out to the corners.
+        const fitAlong = (axis, sideSlope) => {
+            let high = -Infinity;
+            let low = Infinity;
+            for (const corner of cornersOf(box)) {
+                const offset = corner.sub(middle);
+                const depth = this.isParallel ? 0 : sideSlope * offset.dot(towards);
+                high = Math.max(high, offset.dot(axis) + depth);
+                low = Math.min(low, offset.dot(axis) - depth);
+            }
+            const extent = high - low;
+            return { shift: (high + low) / 2, extent, distance: extent / 2 / sideSlope };
+        };
+        const upright = fitAlong(up, slope);
+        const across = fitAlong(right, slope * this.width / this.height);
+        const distance = Math.max(upright.distance, across.distance) || 1;
+        const target = middle.addScaledVector(up, upright.shift).addScaledVector(right, across.shift);
         return {
-            target: middle,
-            position: middle.clone().addScaledVector(towards, distance),
-            height: height || 1,
+            target,
+            position: target.clone().addScaledVector(towards, distance),
+            height: Math.max(upright.extent, across.extent * this.height / this.width) / 0.86 || 1,
         };
     }
 
