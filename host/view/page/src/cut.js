@@ -30,6 +30,7 @@ class Cap {
             mesh.frustumCulled = false;
             mesh.renderOrder = order;
             this.object.add(mesh);
+            part.counters?.push(mesh);
             return mesh;
         });
         const colour = part.style?.colour ?? part.colour;
@@ -115,6 +116,8 @@ export class Cut {
         this.planes.length = 0;
         for (const cap of this.caps) {
             cap.object.removeFromParent();
+            if (cap.part.counters)
+                cap.part.counters.length = 0;
             cap.dispose();
         }
         this.caps = [];

@@ -35,6 +35,7 @@ class Page {
         this.viewer = new Viewer(byId('picture'), this.box);
         this.model = data.content === 'mesh' ? new MeshScene(data, this.planes) : new PackageScene(data, this.planes);
         this.viewer.model.add(this.model.object);
+        this.viewer.shown = this.model;
         // Marked nodes may be far from all elements.
         this.viewer.reach = this.box.clone().union(new THREE.Box3().setFromArray(data.nodes?.places ?? []));
         this.cut = new Cut(this.viewer, this.planes);

@@ -1,7 +1,8 @@
 /// The sections of a mesh as things to draw, and what a finding or a pick marks of it.
 import * as THREE from 'three';
+import { cellsOf, coarseTriangles } from './coarse.js';
 import { eachFace, edgesOf, edgesOfElement, Triangles } from './faces.js';
-import { onTop, thickLinesBetween } from './lines.js';
+import { onTop, setColour, thickLinesBetween } from './lines.js';
 import { markColour, selectionColour, styleOf } from './palette.js';
 import { setOpacity, surfaceMaterial } from './surface_material.js';
 import { nearestTriangle } from './ray.js';
@@ -131,6 +132,7 @@ class SectionView {
         this.object = new THREE.Group();
         const inFront = section.origin === 'load' || section.origin === 'surface';
         this.isClosed = section.origin === 'solid';
+        this.counters = [];  // what the cutting plane draws with the same geometry
         let faceGroups = section.groups.filter((group) => group.shape.dimension > 1);
         if (inFront)
             faceGroups = faceGroups.flatMap((group) => bent(group, scene.curved, scene.data.kinds));
@@ -151,7 +153,7 @@ class SectionView {
         const pairs = this.section.groups.filter((group) => group.shape.dimension === 1)
             .flatMap((group) => [...Array(group.elements).keys()].flatMap((row) => edgesOfElement(group, row)));
         if (pairs.length > 0)
-            this.object.add(thickLinesBetween(pairs, this.scene.nodes.places, this.style.colour, 3, { clippingPlanes: this.scene.planes }));
+            this.object.add(thickLinesBetween(pairs, this.scene.nodes.places, this.style.colour, 3, { planes: this.scene.planes }));
     }
 
     /// Edges are made when they are wanted first.
@@ -165,11 +167,11 @@ class SectionView {
         if (this.edges[kind] === null)
             return;
         this.edges[kind].visible = isWanted;
-        this.edges[kind].material.color.set(colour);
+        setColour(this.edges[kind], colour);
     }
 
     makeFeatures(colour) {
-        return thickLinesBetween(this.pairs.features, this.scene.nodes.places, colour, 1.6, { clippingPlanes: this.scene.planes });
+        return thickLinesBetween(this.pairs.features, this.scene.nodes.places, colour, 1.6, { planes: this.scene.planes });
     }
 
     makeAll(colour) {
@@ -188,6 +190,28 @@ class SectionView {
         const count = withBetween ? this.triangles.count : this.triangles.outerCount;
         this.geometry.setDrawRange(0, 3 * count);
         this.shownTriangles = count;
+    }
+
+    /// With fewer faces; made anew when others are shown than before.
+    get coarseGeometry() {
+        if (this.coarse?.userData.count !== this.shownTriangles) {
+            this.coarse?.dispose();
+            this.coarse = new THREE.BufferGeometry();
+            this.coarse.userData.count = this.shownTriangles;
+            this.coarse.setAttribute('position', this.scene.nodes.attribute);
+            this.coarse.setIndex(new THREE.BufferAttribute(
+                coarseTriangles(this.triangles.nodes, this.shownTriangles, this.scene.cells), 1));
+        }
+        return this.coarse;
+    }
+
+    /// A picture of a movement has fewer faces, and no edges but those of features.
+    setMoving(isMoving) {
+        const geometry = isMoving ? this.coarseGeometry : this.geometry;
+        for (const mesh of [this.mesh, ...this.counters])
+            mesh.geometry = geometry;
+        if (this.edges?.all)
+            this.edges.all.visible = !isMoving && this.scene.settings.all;
     }
 }
 
@@ -228,6 +252,27 @@ export class MeshScene {
                 part.showEdges('all', all, edgeColour);
             }
         }
+    }
+
+    get shownTriangles() {
+        return this.parts.reduce((sum, part) => sum + (part.visible ? part.shownTriangles : 0), 0);
+    }
+
+    /// `most` triangles are drawn while the picture moves, more or less.
+    setMoving(isMoving, most) {
+        if (isMoving)
+            this.cells ??= this.cellsFor(most);
+        for (const part of this.parts)
+            part.setMoving(isMoving);
+    }
+
+    /// On a surface, the number of triangles grows with the square of that of the cells along a side.
+    cellsFor(most) {
+        const first = 64;
+        const cells = cellsOf(this.nodes.places, this.data.box, first);
+        const count = this.parts.reduce((sum, { triangles }) =>
+            sum + coarseTriangles(triangles.nodes, triangles.outerCount, cells).length / 3, 0);
+        return cellsOf(this.nodes.places, this.data.box, Math.max(8, first * Math.min(2, Math.sqrt(most / count))));
     }
 
     /// The box of what is shown; that of all where nothing is.

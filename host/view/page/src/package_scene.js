@@ -1,6 +1,6 @@
 /// The bodies and wires of a chip package as things to draw.
 import * as THREE from 'three';
-import { onTop, thickLines } from './lines.js';
+import { onTop, setColour, thickLines } from './lines.js';
 import { sectionColours, selectionColour } from './palette.js';
 import { setOpacity, surfaceMaterial } from './surface_material.js';
 import { tubesOf } from './tubes.js';
@@ -51,7 +51,7 @@ function boxPart(body, colour, planes) {
     const geometry = new THREE.BoxGeometry(...body.size).translate(...body.center);
     part.addMesh(new THREE.Mesh(geometry, part.makeMaterial(false)), () => body);
     const edges = new THREE.EdgesGeometry(geometry);
-    part.edges = thickLines(edges.attributes.position.array, 0x20262c, 1.4, { clippingPlanes: planes });
+    part.edges = thickLines(edges.attributes.position.array, '#20262c', 1.4, { planes });
     part.object.add(part.edges);
     return part;
 }
@@ -76,7 +76,7 @@ function wirePart(profile, wires, colour, planes) {
     const { geometry, wireOfTriangle } = tubesOf(wires, segments > 20000 ? 6 : 10);
     part.addMesh(new THREE.Mesh(geometry, part.makeMaterial(true)), (hit) => wires[wireOfTriangle[hit.faceIndex]]);
     // From far away a tube is thinner than a pixel; its middle line is not.
-    part.object.add(thickLines(middlesOf(wires), colour, 1, { clippingPlanes: planes }));
+    part.object.add(thickLines(middlesOf(wires), colour, 1, { planes }));
     return part;
 }
 
@@ -124,7 +124,7 @@ export class PackageScene {
             part.mesh.renderOrder = part.opacity < 1 ? 10 : 0;
             if (part.edges !== undefined) {
                 part.edges.visible = this.settings.features;
-                part.edges.material.color.set(this.settings.edgeColour);
+                setColour(part.edges, this.settings.edgeColour);
             }
         }
     }
@@ -162,6 +162,11 @@ export class PackageScene {
         const lines = thickLines(frame.attributes.position.array, selectionColour, 2.5, onTop);
         lines.renderOrder = 900;
         this.selection.add(lines);
+    }
+
+    /// Bodies have few faces.
+    get shownTriangles() {
+        return 0;
     }
 
     /// Findings of packages are of lines of the file, not of places.

@@ -1,6 +1,7 @@
 /// How faces are drawn: lit from beside the eye, one colour to a section, patterned where colours
 /// begin anew, and cut by the cutting plane.
 import * as THREE from 'three';
+import { partsOf } from './palette.js';
 
 const vertexShader = /* glsl */ `
     #include <clipping_planes_pars_vertex>
@@ -60,16 +61,13 @@ const fragmentShader = /* glsl */ `
 /// One for all materials: the physical pixels that a pixel of the page has.
 export const pixelUniform = { value: 1 };
 
-const rgb = (colour) => new THREE.Vector3(...[16, 8, 0].map((shift) => (colour >> shift & 255) / 255));
-export const vectorOfColour = (colour) => rgb(parseInt(colour.slice(1), 16));
-
 export function surfaceMaterial({ colour, pattern = 0, smooth = false, planes = null, front = 0 }) {
     return new THREE.ShaderMaterial({
         vertexShader,
         fragmentShader,
         defines: smooth ? { SMOOTH: '' } : {},
         uniforms: {
-            colour: { value: vectorOfColour(colour) },
+            colour: { value: new THREE.Vector3(...partsOf(colour)) },
             opacity: { value: 1 },
             pattern: { value: pattern },
             pixel: pixelUniform,

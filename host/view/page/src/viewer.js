@@ -1,6 +1,7 @@
 /// The picture: renderer, the two cameras, turning, fitting and flying, and drawing when needed.
 import * as THREE from 'three';
 import { OrbitControls } from 'three/examples/jsm/controls/OrbitControls.js';
+import { halfPictureUniform } from './lines.js';
 import { pixelUniform } from './surface_material.js';
 
 /// Where the eye is for each standard view, seen from the middle; z points up.
@@ -50,6 +51,8 @@ export class Viewer {
         this.scene.add(this.model);
         this.box = box;
         this.reach = box;  // holds all that may be drawn
+        this.isCoarse = false;
+        this.shown = { shownTriangles: 0 };  // the scene in `model`
         this.cameras = {
             perspective: new THREE.PerspectiveCamera(fieldOfView),
             parallel: new THREE.OrthographicCamera(),
@@ -111,6 +114,8 @@ export class Viewer {
         this.movingRatio ||= this.isSoftware ? 1 : full;
         if (pause > slowFrame && pause < 500)
             this.movingRatio = Math.max(0.5, this.movingRatio * 0.9);
+        else if (pause < slowFrame / 2)
+            this.movingRatio = Math.min(this.isSoftware ? 1 : full, this.movingRatio * 1.05);
         clearTimeout(this.restTimer);
         this.restTimer = setTimeout(() => this.draw(), 200);
         this.draw();
@@ -126,11 +131,23 @@ export class Viewer {
             this.renderer.setSize(this.width, this.height, false);
         }
         pixelUniform.value = ratio;
+        halfPictureUniform.value.set(this.width / 2, this.height / 2);
+        this.setMoving(isMoving);
         this.setDepthRange();
         this.renderer.render(this.scene, this.camera);
         ++this.frames;
         for (const listener of this.drawn)
             listener();
+    }
+
+    /// More faces than can be drawn 20 times a second are fewer while the picture moves.
+    setMoving(isMoving) {
+        const most = this.isSoftware ? 40e3 : 2e6;
+        const isCoarse = isMoving && this.shown.shownTriangles > most;
+        if (isCoarse === this.isCoarse)
+            return;
+        this.isCoarse = isCoarse;
+        this.shown.setMoving(isCoarse, most);
     }
 
     /// The depth range holds what is shown and no more: the buffer's digits are few.
