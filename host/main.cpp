@@ -17,6 +17,7 @@
 #include "tidy/tidy.h"
 #include "tool_run.h"
 #include "version_text.h"
+#include "view/view.h"
 
 namespace {
 
@@ -28,6 +29,7 @@ using kvocaeio::host::CheckOptions;
 using kvocaeio::host::ConvertOptions;
 using kvocaeio::host::InfoOptions;
 using kvocaeio::host::TidyOptions;
+using kvocaeio::host::ViewOptions;
 
 void addTidyFlag(CLI::App& command, bool& isWanted) {
     command.add_flag("--tidy", isWanted,
@@ -191,6 +193,80 @@ CLI::App* addTidy(CLI::App& app, TidyOptions& options) {
     return tidy;
 }
 
+void addViewLook(CLI::App& view, ViewOptions& options) {
+    view.add_option("--view", options.view, "Where the picture is taken from.")
+        ->check(CLI::IsMember(kvocaeio::host::kViewNames))
+        ->capture_default_str();
+    view.add_option("--finding", options.finding,
+                    "Fly to this finding and mark what it is about; kvocaeio check lists the codes.")
+        ->type_name("CODE");
+    view.add_option("--cut", options.cut,
+                    "Cut across this axis, in the middle or at a place from 0 to 1: z, z:0.25.")
+        ->type_name("AXIS[:PLACE]")
+        ->check(CLI::Validator(kvocaeio::host::faultOfCut, "", "cut"));
+    view.add_option("--stretch", options.stretch, "Draw a package higher by this factor.")
+        ->type_name("FACTOR")
+        ->check(CLI::Range(1.0, 50.0));
+    view.add_flag("--parallel", options.parallel, "Parallel instead of perspective projection.");
+    view.add_flag("--edges", options.edges, "Show the edges of all elements.");
+    view.add_option("--theme", options.theme, "Colours of the page; else as the system has them.")
+        ->check(CLI::IsMember({"light", "dark"}));
+}
+
+CLI::App* addView(CLI::App& app, ViewOptions& options) {
+    CLI::App* view =
+        app.add_subcommand("view", "Writes a page or a picture that shows FILE.")
+            ->group(kCommandsTitle);
+    view->add_option("FILE", options.source,
+                     "An Abaqus input deck, a Nastran deck, a Patran neutral file or a 3DI package; "
+                     "- is standard input.")
+        ->required();
+    view->add_option("-o,--output", options.page,
+                     "The page: one HTML file, which any browser opens without a network.")
+        ->type_name("OUT.html");
+    CLI::Option* picture =
+        view->add_option("--picture", options.picture,
+                         "A picture of the same, drawn by an installed Chromium.")
+            ->type_name("OUT.png");
+    view->add_option("--size", options.size, "Size of the picture in pixels.")
+        ->type_name("WIDTHxHEIGHT")
+        ->check(CLI::Validator(kvocaeio::host::faultOfSize, "", "size"))
+        ->needs(picture)
+        ->capture_default_str();
+    view->add_option("--browser", options.browser,
+                     "The program that draws the picture; else KVOCAEIO_BROWSER, or one that is "
+                     "found.")
+        ->type_name("PROGRAM")
+        ->needs(picture);
+    view->add_option("--tool-timeout", options.toolTimeout,
+                     "Seconds after which that program is ended.")
+        ->type_name("SECONDS")
+        ->check(CLI::PositiveNumber)
+        ->needs(picture)
+        ->capture_default_str();
+    addViewLook(*view, options);
+    view->add_flag("--normalised", options.normalised,
+                   "Show the normalised mesh of an Abaqus deck instead of the elements that it "
+                   "lists.");
+    CLI::Option* asIs =
+        view->add_flag("--as-is", options.asIs, "Read a deck as it is, without tidying it first.");
+    view->add_flag("--tidy")
+        ->description("Tidy a deck before it is read, where it needs that; so it is done unless "
+                      "--as-is is given.")
+        ->excludes(asIs);
+    CLI::Option* json =
+        view->add_flag("--json", options.json, "Report as a JSON document, for programs.");
+    view->add_flag("--quiet", options.quiet, "Write no report; failures are still told.")
+        ->excludes(json);
+    view->add_flag("--verbose", options.verbose,
+                   "Show the library's progress lines, on standard error.");
+    view->callback([&options] {
+        if (options.page.empty() && options.picture.empty())
+            throw CLI::RequiredError("-o or --picture");
+    });
+    return view;
+}
+
 bool isCommand(CLI::App& app, const std::string& word) {
     const std::vector<CLI::App*> commands = app.get_subcommands({});
     return std::any_of(commands.begin(), commands.end(),
@@ -224,6 +300,8 @@ int run(int argc, char** argv) {
     const CLI::App* convert = addConvert(app, convertOptions);
     TidyOptions tidyOptions;
     const CLI::App* tidy = addTidy(app, tidyOptions);
+    ViewOptions viewOptions;
+    const CLI::App* view = addView(app, viewOptions);
     kvocaeio::host::addManual(app);
     if (argc == 1 || (*argv[1] != '-' && !isCommand(app, argv[1]))) {
         const std::string word = argc == 1 ? "" : kvocaeio::host::cleanName(argv[1]);
@@ -248,6 +326,8 @@ int run(int argc, char** argv) {
         return kvocaeio::host::runConvert(convertOptions) ? 0 : kFailed;
     if (tidy->parsed())
         return kvocaeio::host::runTidyCommand(tidyOptions) ? 0 : kFailed;
+    if (view->parsed())
+        return kvocaeio::host::runView(viewOptions) ? 0 : kFailed;
     return kvocaeio::host::runInfo(infoOptions) ? 0 : kFailed;
 }
 

@@ -24,6 +24,9 @@ std::vector<ToolRun> parseRuns(const std::string& report);
 /// Whether `path` is a program that can be started, also one that the system searches for.
 bool isProgram(const std::string& path);
 
+/// Starts `launcher`, as `ToolWatch` names it, and waits for its end. What it prints goes nowhere.
+void runLauncher(const std::string& launcher);
+
 /// The system's message on the error that a `ToolRun` holds.
 std::string systemMessage(int error);
 

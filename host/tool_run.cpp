@@ -43,6 +43,12 @@ std::optional<std::vector<std::string>> findTool(const std::string& tool) {
     return std::nullopt;
 }
 
+std::vector<ToolRun> runTool(const std::vector<std::string>& tool, double seconds) {
+    ToolWatch watch(tool, seconds);
+    runLauncher(watch.launcher());
+    return watch.runs();
+}
+
 bool isLauncher(int argc, char** argv) {
     return argc >= 2 && std::strcmp(argv[1], kLauncherWord) == 0;
 }

@@ -47,6 +47,10 @@ class ToolWatch {
     std::unique_ptr<Links> links_;
 };
 
+/// Runs `tool`, as `findTool` found it with its arguments behind it, and waits for its end. What it
+/// prints goes nowhere. Returns nothing where no launcher could be started.
+std::vector<ToolRun> runTool(const std::vector<std::string>& tool, double seconds);
+
 /// Whether this process was started as a launcher.
 bool isLauncher(int argc, char** argv);
 

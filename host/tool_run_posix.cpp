@@ -214,6 +214,20 @@ bool isProgram(const std::string& path) {
     return false;
 }
 
+void runLauncher(const std::string&) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const int null = ::open("/dev/null", O_WRONLY);
+        ::dup2(null, STDOUT_FILENO);
+        ::dup2(null, STDERR_FILENO);
+        ::execlp(kThisProgram, "kvocaeio", kLauncherWord, static_cast<char*>(nullptr));
+        ::_exit(127);
+    }
+    int status = 0;
+    while (child > 0 && ::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+}
+
 std::string systemMessage(int error) {
     return std::generic_category().message(error);
 }

@@ -122,6 +122,20 @@ bool isProgram(const std::string& path) {
     return (GetFileAttributesA(found.data()) & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+void runLauncher(const std::string& launcher) {
+    std::string line = launcher;
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;  // none
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &process))
+        return;
+    WaitForSingleObject(process.hProcess, INFINITE);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
 std::string systemMessage(int error) {
     return std::error_code(error, std::system_category()).default_error_condition().message();
 }
