@@ -44,6 +44,7 @@ class AbaqusContent final : public Content, public NodeRows {
         text::File deck = openRequested(request, status);
         if (deck == nullptr)
             return status;
+        expectPasses(request, 2);
         if (!abaqus::importQuietly(model_, std::move(deck), request.listener()))
             return failImport(request, KVOCAEIO_OUT_OF_MEMORY, "memory ran out");
         auditFor(request, [&](auto& report) { abaqus::auditImport(model_, report); });

@@ -73,6 +73,9 @@ kvocaeio_status recogniseFile(Request& request);
 /// Opens the file to be read. Where that fails, `status` is set, and the reason is kept.
 text::File openRequested(const Request& request, kvocaeio_status& status);
 
+/// Tells the host that follows the import how much there is to read from here on.
+void expectPasses(const Request& request, std::uint64_t passes);
+
 /// Keeps why an import has failed: that the host has stopped it, else the last error that the
 /// report has, else `text`. Returns the status, which is `otherwise` unless it was stopped.
 kvocaeio_status failImport(const Request& request, kvocaeio_status otherwise,

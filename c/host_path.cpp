@@ -41,6 +41,14 @@ text::File openRequested(const Request& request, kvocaeio_status& status) {
     return file;
 }
 
+void expectPasses(const Request& request, std::uint64_t passes) {
+    std::error_code error;
+    if (request.progress == nullptr)
+        return;
+    const std::uintmax_t size = std::filesystem::file_size(request.path, error);
+    request.progress->expect(error ? 0 : passes * size);
+}
+
 kvocaeio_status failImport(const Request& request, kvocaeio_status otherwise,
                            std::string_view text) {
     if (request.listener().hasStopped())

@@ -12,7 +12,9 @@
 namespace kvocaeio::c_interface {
 
 std::unique_ptr<Content> makeContent(std::int32_t format) {
-    return format == KVOCAEIO_FORMAT_ABAQUS ? makeAbaqusContent() : nullptr;
+    constexpr std::array kMakers{makeAbaqusContent, makeNastranContent, makePatranContent,
+                                 make3diContent, makeCadenceContent};
+    return kMakers[static_cast<std::size_t>(format - KVOCAEIO_FORMAT_ABAQUS)]();
 }
 
 namespace {
@@ -36,8 +38,6 @@ kvocaeio_status takeOptions(const kvocaeio_options* options, Request& request) {
 // of and nobody has listened, it is read once more for the reason.
 kvocaeio_status readContent(const Request& request, std::unique_ptr<Content>& content) {
     content = makeContent(request.options.format);
-    if (content == nullptr)
-        return fail(KVOCAEIO_NOT_READ, "files of this format are not read yet", request.name);
     const kvocaeio_status status = content->read(request);
     if (status == KVOCAEIO_NOT_READ && request.report == nullptr) {
         report::ImportReport report;
