@@ -55,7 +55,8 @@ void scanDeck(DeckLines& lines, Sink& sink) {
             continue;
         }
         noteKeywordLine(lines, keywordLine, keyword);
-        std::printf("Reading %s Section...\n", reader->title);
+        if (!lines.isQuiet())
+            std::printf("Reading %s Section...\n", reader->title);
         reader->read(lines, keywordLine, sink);
     }
 }

@@ -44,10 +44,12 @@ void readElementSection(DeckLines& lines, std::string_view keywordLine, Sink& si
     const std::string typeName(typeValue);
     const std::string elset(parameterValue(keywordLine, "ELSET", kOpenValue));
     const ElementType type = elementType(typeName);
-    std::printf("  element type = %s\n", typeName.c_str());
-    std::printf("  geometry type = %d\n", static_cast<int>(type.geometry));
-    std::printf("  node num per element = %d\n", type.nodesPerElem);
-    std::printf("  elset name = %s\n", elset.c_str());
+    if (!lines.isQuiet()) {
+        std::printf("  element type = %s\n", typeName.c_str());
+        std::printf("  geometry type = %d\n", static_cast<int>(type.geometry));
+        std::printf("  node num per element = %d\n", type.nodesPerElem);
+        std::printf("  elset name = %s\n", elset.c_str());
+    }
     noteElementType(lines, keywordLine, typeValue, type);
     sink.beginElements(typeName, elset, type);
     const std::size_t tokens = static_cast<std::size_t>(type.nodesPerElem) + 1;

@@ -103,7 +103,9 @@ void SplitSectionByGeneratedSets(const std::vector<ElsetSection>& elsets,
     for (const ElsetSection& set : elsets) {
         if (!isGenerated(set))
             continue;
-        std::printf("generate found\n  start ID = %d , End ID = %d\n", set.genStart, set.genEnd);
+        if (!listener.isQuiet)
+            std::printf("generate found\n  start ID = %d , End ID = %d\n", set.genStart,
+                        set.genEnd);
         generated.push_back(&set);
     }
     if (generated.empty())

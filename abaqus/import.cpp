@@ -54,6 +54,7 @@ void sizeTables(AbaqusModel& model, const DeckCounts& counts) {
     const auto nodes =
         std::accumulate(counts.nodeBlocks.begin(), counts.nodeBlocks.end(), std::size_t{0});
     hostCount(nodes);
+    hostCount(counts.elementBlocks.size());
     block.ids.resize(std::min(nodes, block.ids.size()));
     block.coords.resize(3 * nodes);
     block.ids.resize(nodes);
@@ -62,6 +63,7 @@ void sizeTables(AbaqusModel& model, const DeckCounts& counts) {
     for (std::size_t i = 0; i < counts.elementBlocks.size(); ++i) {
         const auto [elements, nodesPerElem] = counts.elementBlocks[i];
         ElemSection& section = model.elemSections[i];
+        hostCount(elements);
         section.nodesPerElem = 0;
         section.nodes.resize(elements * nodesPerElem);
         section.ids.resize(elements);
@@ -89,15 +91,17 @@ void buildOidMaps(AbaqusModel& model) {
     model.maxElemOid = static_cast<int>(model.elemOidMap.size() - 1);
 }
 
-// False where the deck cannot be opened, or where the host stops a pass.
-bool readDeck(AbaqusModel& model, const char* path, const DebugFolder& folder,
+void printPass(int pass, const text::Listener& listener) {
+    if (!listener.isQuiet)
+        std::printf("============= Loop %d ==============\n", pass);
+}
+
+// False where the deck could not be opened, or where the host stops a pass.
+bool readDeck(AbaqusModel& model, text::File deck, const DebugFolder& folder,
               const text::Listener& listener) {
-    text::File deck = text::openFile(path, "r+b", listener);
     if (deck == nullptr)
         return false;
-    constexpr const char* kPassHeader = "============= Loop %d ==============\n";
-
-    std::printf(kPassHeader, 1);
+    printPass(1, listener);
     DeckCounts counts;
     {
         DeckLines lines(deck.get(), listener.withoutFindings());
@@ -105,10 +109,11 @@ bool readDeck(AbaqusModel& model, const char* path, const DebugFolder& folder,
     }
     if (listener.hasStopped())
         return false;
-    printSummary(counts);
+    if (!listener.isQuiet)
+        printSummary(counts);
     sizeTables(model, counts);
 
-    std::printf(kPassHeader, 2);
+    printPass(2, listener);
     if (!text::rewindFile(deck.get(), listener))
         return false;
     DeckLines lines(deck.get(), listener);
@@ -133,7 +138,7 @@ bool importDeck(AbaqusModel& model, const char* path, const text::Listener& list
     bool imported = false;
     try {
         folder = findDebugFolder(path);
-        if (readDeck(model, path, folder, listener)) {
+        if (readDeck(model, text::openFile(path, "r+b", listener), folder, listener)) {
             publishTimeSince(start);
             imported = true;
         }
@@ -142,6 +147,16 @@ bool importDeck(AbaqusModel& model, const char* path, const text::Listener& list
     }
     publish(std::move(folder));
     return imported;
+}
+
+bool importQuietly(AbaqusModel& model, text::File deck, const text::Listener& listener) noexcept {
+    try {
+        return readDeck(model, std::move(deck), DebugFolder(),
+                        {listener.findings, listener.watch, true});
+    } catch (const std::exception&) {
+        listener.note(text::FileFinding::kOutOfMemory, {});
+        return false;
+    }
 }
 
 }  // namespace kvocaeio::abaqus

@@ -50,7 +50,11 @@ inline bool hasFlag(std::string_view keywordLine, std::string_view name) {
 class DeckLines : public text::PassLines {
   public:
     DeckLines(std::FILE* deck, const text::Listener& listener)
-        : PassLines(deck, kLineBound, text::LineMode::kBinary, listener, Finding::kLineCut) {}
+        : PassLines(deck, kLineBound, text::LineMode::kBinary, listener, Finding::kLineCut),
+          isQuiet_(listener.isQuiet) {}
+
+    /// Whether no progress lines are to be printed.
+    bool isQuiet() const { return isQuiet_; }
 
     /// Calls `read()` for each data line up to the next keyword line, which is given back, or the
     /// end of the deck. Comment lines are passed over; all other lines are data, blank ones too.
@@ -86,6 +90,7 @@ class DeckLines : public text::PassLines {
     bool isRepeated() const { return isRepeated_; }
 
   private:
+    bool isQuiet_;
     bool ended_ = false;
     bool metKeyword_ = false;
     bool isRepeated_ = false;

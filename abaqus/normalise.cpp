@@ -24,7 +24,7 @@ void noteNothing(const text::Listener& listener) {
 void runStages(AbaqusModel& model, const text::Listener& listener) {
     ExpandElsets(model.elsets, model.elsetIndexMap, model.elsetElems, listener);
     std::vector<SectionSources> solids, shells;
-    selectSections(model.elemSections, solids, shells);
+    selectSections(model.elemSections, solids, shells, listener);
     MergeSectionsByElset(solids, listener);
     MergeSectionsByElset(shells, listener);
     makeSections(solids, model.nodeOidMap, model.solidSections, listener);
@@ -51,6 +51,8 @@ void SortData(AbaqusModel& model, const text::Listener& listener) {
         listener.note(text::FileFinding::kOutOfMemory, {});
         throw;
     }
+    if (listener.isQuiet)
+        return;
     if (const DebugFolder folder = latestDebugFolder(); folder.usable)
         WriteSortLog(model, folder);
     publishTimeSince(start);

@@ -89,20 +89,36 @@ ElemSection makeSection(const SectionSources& sources, const OidMap<int>& nodeOi
     return made;
 }
 
-}  // namespace
-
-void selectSections(const std::vector<ElemSection>& elemSections,
-                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells) {
+void printSections(const std::vector<ElemSection>& elemSections) {
     std::printf("elem sec num = %d\n", static_cast<int>(elemSections.size()));
     int number = 0;
     for (const ElemSection& section : elemSections) {
         std::printf("sec %d , geom type = %d\n", number++, static_cast<int>(section.geometryType));
-        if (section.geometryType == GeometryType::kShell) {
-            shells.push_back({&section});
-        } else if (section.geometryType == GeometryType::kSolid) {
+        if (section.geometryType == GeometryType::kSolid)
             std::printf("element node num = %d\n", section.nodesPerElem);
+    }
+}
+
+void printMerged(const std::string& name, const SectionSources& sources) {
+    const std::size_t total = elementTotal(sources);
+    const auto width = static_cast<std::size_t>(mergedForm(sources).nodesPerElem);
+    std::printf("Elset name = %s , num = %d\n", name.c_str(), static_cast<int>(sources.size()));
+    std::printf("Total Element num = %d , Total node num = %d\n", static_cast<int>(total),
+                static_cast<int>(total * width));
+}
+
+}  // namespace
+
+void selectSections(const std::vector<ElemSection>& elemSections,
+                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells,
+                    const text::Listener& listener) {
+    if (!listener.isQuiet)
+        printSections(elemSections);
+    for (const ElemSection& section : elemSections) {
+        if (section.geometryType == GeometryType::kShell)
+            shells.push_back({&section});
+        else if (section.geometryType == GeometryType::kSolid)
             solids.push_back({&section});
-        }
     }
 }
 
@@ -115,12 +131,8 @@ void MergeSectionsByElset(std::vector<SectionSources>& sections, const text::Lis
     sections.clear();
     for (auto& [name, sources] : byName) {
         if (sources.size() > 1) {
-            const std::size_t total = elementTotal(sources);
-            const auto width = static_cast<std::size_t>(mergedForm(sources).nodesPerElem);
-            std::printf("Elset name = %s , num = %d\n", name.c_str(),
-                        static_cast<int>(sources.size()));
-            std::printf("Total Element num = %d , Total node num = %d\n", static_cast<int>(total),
-                        static_cast<int>(total * width));
+            if (!listener.isQuiet)
+                printMerged(name, sources);
             listener.note(Finding::kSectionsMerged, nameOrNone(name), nameOrNone(name));
         }
         sections.push_back(std::move(sources));

@@ -13,9 +13,10 @@ namespace kvocaeio::abaqus {
 using SectionSources = std::vector<const ElemSection*>;
 
 /// Lists the solids and the shells of the deck apart, in deck order. Says on standard output what
-/// sections it meets.
+/// sections it meets, unless the listener is quiet.
 void selectSections(const std::vector<ElemSection>& elemSections,
-                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells);
+                    std::vector<SectionSources>& solids, std::vector<SectionSources>& shells,
+                    const text::Listener& listener = {});
 
 /// Where a set name stands on two or more sections of the list: puts those of one name together,
 /// and the whole list in the order of the names. Otherwise the list stays as it is.

@@ -16,19 +16,6 @@ namespace kvocaeio::nastran {
 
 namespace {
 
-using Element = std::span<const int, kElemWidth>;
-
-// The nodes of a row, whose last one is repeated up to its end. A solid with fewer corners than
-// its card has shows as what it is.
-std::size_t nodesOf(Element element) {
-    std::size_t nodes = kElemWidth - 1;
-    while (nodes > 1 && element[nodes - 1] == element[nodes])
-        --nodes;
-    if (nodes <= 2)
-        return 2;
-    return nodes <= 4 ? 4 : nodes <= 6 ? 6 : kElemWidth - 1;
-}
-
 class DeckAudit {
   public:
     DeckAudit(const DeckTables& deck, text::Findings& findings)
@@ -39,7 +26,7 @@ class DeckAudit {
 
     void elements() {
         deck_.elementRows.forEach([this](std::size_t row) {
-            element(Element(&deck_.elements[row * kElemWidth], kElemWidth));
+            element(ElementRow(&deck_.elements[row * kElemWidth], kElemWidth));
         });
     }
     void nodes() {
@@ -68,7 +55,7 @@ class DeckAudit {
 
   private:
     // A node of OID 0 was told where it was read.
-    void element(Element element) {
+    void element(ElementRow element) {
         std::array<std::uint32_t, kElemWidth - 1> rows;
         const std::size_t count = nodesOf(element);
         int missing = 0;

@@ -90,17 +90,23 @@ bool importDeck(const char* path, NastranFileInfo& info, const text::Listener& l
     if (deck == nullptr)
         return false;
     info.path[std::string_view(path).copy(info.path, sizeof info.path - 1)] = '\0';
+    return importOpenDeck(deck.get(), info, listener, fastWay);
+}
+
+bool importOpenDeck(std::FILE* deck, NastranFileInfo& info, const text::Listener& listener,
+                    FastWay fastWay) {
+    info.extent = {};
     try {
-        const DeckExtent extent = scanIdentifiers(deck.get(), fastWay, listener.withoutFindings());
+        const DeckExtent extent = scanIdentifiers(deck, fastWay, listener.withoutFindings());
         if (!listener.hasStopped()) {
             info.extent = extent;
             if (std::min({extent.maxNodeId, extent.maxElemId, extent.maxPropId}) < 1) {
-                explainNoTables(deck.get(), extent, fastWay, listener);
+                explainNoTables(deck, extent, fastWay, listener);
                 return false;
             }
-            if (!text::rewindFile(deck.get(), listener))
+            if (!text::rewindFile(deck, listener))
                 return false;
-            DeckTables tables = readCards(deck.get(), extent, fastWay, listener);
+            DeckTables tables = readCards(deck, extent, fastWay, listener);
             if (!listener.hasStopped()) {
                 info.decks.push_back(std::move(tables));
                 return true;

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "text/zeroed_array.h"
@@ -21,6 +22,20 @@ struct DeckExtent {
 inline constexpr std::size_t kNodeWidth = 4;
 inline constexpr std::size_t kElemWidth = 9;
 inline constexpr std::size_t kSectionWidth = 3;
+
+/// Element OID and eight node OIDs.
+using ElementRow = std::span<const int, kElemWidth>;
+
+/// How many nodes of a row count, the last one being repeated up to its end. A solid with fewer
+/// corners than its card has shows as what it is.
+inline std::size_t nodesOf(ElementRow element) {
+    std::size_t nodes = kElemWidth - 1;
+    while (nodes > 1 && element[nodes - 1] == element[nodes])
+        --nodes;
+    if (nodes <= 2)
+        return 2;
+    return nodes <= 4 ? 4 : nodes <= 6 ? 6 : kElemWidth - 1;
+}
 
 /// Property OID, material OID and value of a property card.
 using SectionRow = std::array<int, kSectionWidth>;

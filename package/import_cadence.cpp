@@ -40,11 +40,25 @@ void runTool(std::initializer_list<String> words) {
     text::runProgram(commandLine);
 }
 
-// Extracts the reports of a design, with one form of the paths; the command files are written by
-// the narrow ones. False where no design is given or a command file cannot be opened.
 template <class String>
+bool writeFile(const String& path, const char* content, const text::Listener& listener) {
+    const text::File file = text::openFile(path.c_str(), "w", listener);
+    if (file != nullptr)
+        std::fputs(content, file.get());
+    return file != nullptr;
+}
+
+template <class String>
+bool writeCommands(const ToolPaths<String>& paths, const text::Listener& listener) {
+    return writeFile(paths.commandFiles[0], kGeometryAndLayerViews, listener) &&
+           writeFile(paths.commandFiles[2], kDieStackView, listener);
+}
+
+// Extracts the reports of a design, with one form of the paths; the command files are written by
+// `commandPaths`. False where no design is given or a command file cannot be opened.
+template <class String, class CommandString>
 bool extract(const ToolPaths<String>& paths, const typename String::value_type* designPath,
-             const ToolPaths<std::string>& narrowPaths, const text::Listener& listener) {
+             const ToolPaths<CommandString>& commandPaths, const text::Listener& listener) {
     if (designPath == nullptr) {
         // The form of the tool's path decides which path of the design counts.
         listener.note(text::FileFinding::kCannotOpen, "no path of a design is given");
@@ -54,7 +68,7 @@ bool extract(const ToolPaths<String>& paths, const typename String::value_type* 
         text::deleteFile(paths.commandFiles[i].c_str());
         text::deleteFile(paths.dataFiles[i].c_str());
     }
-    if (!writeCommandFiles(narrowPaths, listener))
+    if (!writeCommands(commandPaths, listener))
         return false;
     const String design = designPath;
     runTool({paths.exe, design, paths.commandFiles[0], paths.dataFiles[0], paths.dataFiles[1]});
@@ -64,11 +78,15 @@ bool extract(const ToolPaths<String>& paths, const typename String::value_type* 
     return true;
 }
 
-bool writeFile(const std::string& path, const char* content, const text::Listener& listener) {
-    const text::File file = text::openFile(path.c_str(), "w", listener);
-    if (file != nullptr)
-        std::fputs(content, file.get());
-    return file != nullptr;
+// The tool leaves its reports where its commands were, not where the data files' paths point.
+template <class String>
+bool readExtracted(const ToolPaths<String>& paths, Model& model, const text::Listener& listener) {
+    InputFile symbols(paths.commandFiles[kSymbolReport].c_str());
+    InputFile layers(paths.commandFiles[kLayerReport].c_str());
+    InputFile dieStack(paths.commandFiles[kDieStackReport].c_str());
+    return readReportFiles(symbols, layers, dieStack, listener, model.reportTables) &&
+           readReportUnits((*model.reportTables)[kSymbolReport], listener, model.unitScale) &&
+           readReports(*model.reportTables, listener, model.unitScale, model.components);
 }
 
 }  // namespace
@@ -82,22 +100,18 @@ bool importCadence(InputFile& design, Model& model, const text::Listener& listen
             : pathsW.exe.empty() || extract(pathsW, design.widePath, paths, listener);
     if (!extracted)
         return false;
-    // The tool leaves its reports where its commands were, not where the data files' paths point.
-    const auto report = [&](std::size_t i) {
-        return pathsW.commandFiles[i].empty() ? InputFile(paths.commandFiles[i].c_str())
-                                              : InputFile(pathsW.commandFiles[i].c_str());
-    };
-    InputFile symbols = report(kSymbolReport);
-    InputFile layers = report(kLayerReport);
-    InputFile dieStack = report(kDieStackReport);
-    return readReportFiles(symbols, layers, dieStack, listener, model.reportTables) &&
-           readReportUnits((*model.reportTables)[kSymbolReport], listener, model.unitScale) &&
-           readReports(*model.reportTables, listener, model.unitScale, model.components);
+    return pathsW.commandFiles[0].empty() ? readExtracted(paths, model, listener)
+                                          : readExtracted(pathsW, model, listener);
+}
+
+bool importCadence(const std::filesystem::path& design, const NativeToolPaths& paths, Model& model,
+                   const text::Listener& listener) {
+    return (paths.exe.empty() || extract(paths, design.c_str(), paths, listener)) &&
+           readExtracted(paths, model, listener);
 }
 
 bool writeCommandFiles(const ToolPaths<std::string>& paths, const text::Listener& listener) {
-    return writeFile(paths.commandFiles[0], kGeometryAndLayerViews, listener) &&
-           writeFile(paths.commandFiles[2], kDieStackView, listener);
+    return writeCommands(paths, listener);
 }
 
 bool readReportFiles(InputFile& symbols, InputFile& layers, InputFile& dieStack,

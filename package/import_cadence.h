@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,13 @@ namespace kvocaeio::package {
 /// Runs the extraction tool over a design, unless no tool was set, and reads its reports. Throws as
 /// `readReports` does.
 bool importCadence(InputFile& design, Model& model, const text::Listener& listener = {});
+
+/// The paths in the form that the system knows any file by.
+using NativeToolPaths = ToolPaths<std::filesystem::path::string_type>;
+
+/// The same with all paths in that form.
+bool importCadence(const std::filesystem::path& design, const NativeToolPaths& paths, Model& model,
+                   const text::Listener& listener);
 
 /// False where a command file cannot be opened.
 bool writeCommandFiles(const ToolPaths<std::string>& paths, const text::Listener& listener = {});

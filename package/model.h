@@ -11,17 +11,9 @@
 #include "package/chunked_list.h"
 #include "package/component_list.h"
 #include "package/id_table.h"
+#include "package/tool_paths.h"
 
 namespace kvocaeio::package {
-
-/// The paths of the extraction tool and its files, in one form, narrow or wide.
-template <class String>
-struct ToolPaths {
-    String exe;
-    String temp;
-    std::array<String, 3> commandFiles;
-    std::array<String, 3> dataFiles;
-};
 
 /// Where the lines of a report are in its file; known only where somebody listens to the reading.
 struct ReportPlaces {

@@ -3,14 +3,13 @@
 #include <cstddef>
 #include <new>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "package/audit.h"
 #include "package/reader_imp.h"
+#include "package/tool_paths.h"
 #include "report/import_report.h"
-#include "text/platform.h"
 #include <kvocaeio/package.h>
 
 using namespace kvocaeio;
@@ -19,7 +18,6 @@ using kvocaeio::package::ComponentShape;
 using kvocaeio::package::ComponentType;
 using kvocaeio::package::InputFile;
 using kvocaeio::package::Model;
-using kvocaeio::package::ToolPaths;
 using kvocaeio::report::runReported;
 
 namespace {
@@ -63,23 +61,6 @@ bool importCadenceFile(CKVOCadenceReaderImp* imp, const Char* path, CKVOImportRe
 template <class Char>
 std::basic_string<Char> stringOf(const Char* path) {
     return path == nullptr ? std::basic_string<Char>() : std::basic_string<Char>(path);
-}
-
-template <class String>
-void setTempPath(ToolPaths<String>& paths, const String& folder) {
-    using Char = typename String::value_type;
-    const auto setLeaves = [&](auto& files, std::string_view name) {
-        for (std::size_t i = 0; i < files.size(); ++i) {
-            files[i] = folder;
-            files[i] += static_cast<Char>(text::kPathSeparator);
-            files[i].append(name.begin(), name.end());
-            files[i] += static_cast<Char>('1' + i);
-            files[i].append({'.', 't', 'x', 't'});
-        }
-    };
-    paths.temp = folder;
-    setLeaves(paths.commandFiles, "CmdFile");
-    setLeaves(paths.dataFiles, "CadenceData");
 }
 
 enum class WireForm { kSegments, kPolyline };
@@ -177,12 +158,12 @@ void CKVOCadenceReader::SetExeFilePath(const wchar_t* path) {
 
 void CKVOCadenceReader::SetTempFilePath(const char* path) {
     if (CKVOCadenceReaderImp* model = GetImp())
-        setTempPath(model->paths, stringOf(path));
+        package::setTempPath(model->paths, stringOf(path));
 }
 
 void CKVOCadenceReader::SetTempFilePath(const wchar_t* path) {
     if (CKVOCadenceReaderImp* model = GetImp())
-        setTempPath(model->pathsW, stringOf(path));
+        package::setTempPath(model->pathsW, stringOf(path));
 }
 
 int CKVOCadenceReader::GetWireLineCount() {

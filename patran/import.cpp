@@ -57,7 +57,7 @@ bool readPackets(PacketLines& lines, IdMap& nodeIds, Mesh& mesh) {
 }
 
 void reportEndOfFile(bool foundEndPacket, const text::Listener& listener) {
-    if (!foundEndPacket && !listener.hasStopped())
+    if (!foundEndPacket && !listener.hasStopped() && !listener.isQuiet)
         std::printf("We have reached end-of-file\n");
 }
 
@@ -161,11 +161,16 @@ bool importFlat(const char* path, const text::Listener& listener, IdMap& nodeIds
         std::printf("File Not Found : %s\n", path);
         return false;
     }
+    return importFlat(file.get(), listener, nodeIds, mesh);
+}
+
+bool importFlat(std::FILE* file, const text::Listener& listener, IdMap& nodeIds,
+                FlatMesh& mesh) noexcept {
     try {
-        nodeIds = IdMap(findNodeDimension(file.get(), listener.withoutFindings()));
-        if (!text::rewindFile(file.get(), listener))
+        nodeIds = IdMap(findNodeDimension(file, listener.withoutFindings()));
+        if (!text::rewindFile(file, listener))
             return false;
-        PacketLines lines(file.get(), listener);
+        PacketLines lines(file, listener);
         reportEndOfFile(readPackets(lines, nodeIds, mesh), listener);
         return !listener.hasStopped();
     } catch (const std::exception&) {

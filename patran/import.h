@@ -20,6 +20,10 @@ bool importLists(std::FILE* file, const text::Listener& listener, ListMesh& mesh
 bool importFlat(const char* path, const text::Listener& listener, IdMap& nodeIds,
                 FlatMesh& mesh) noexcept;
 
+/// The same of a file that is open, at its beginning.
+bool importFlat(std::FILE* file, const text::Listener& listener, IdMap& nodeIds,
+                FlatMesh& mesh) noexcept;
+
 /// The highest id of all node packets, 0 at least. Throws where memory cannot be allocated, as
 /// `findNodeDimension` does.
 int findMaxNodeId(std::FILE* file, const text::Listener& listener);

@@ -10,9 +10,10 @@
 
 namespace kvocaeio::patran {
 
-/// The ids of what an import has stored, by row, which no reader hands out. They are kept while
-/// somebody listens, so that findings can name nodes and elements.
+/// The ids of what an import has stored, by row, which no class hands out. They are kept while
+/// somebody listens, so that findings can name nodes and elements, and where they are wanted.
 struct StoredIds {
+    bool areWanted = false;
     std::vector<int> nodes;
     std::vector<int> elements;
     std::vector<int> properties;  ///< in file order

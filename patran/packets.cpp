@@ -21,10 +21,10 @@ void keepId(std::vector<int>& ids, int index, int id) {
 
 std::array<float, 3> takeNode(PacketLines& lines, int index, IdMap& nodeIds, StoredIds& stored) {
     const int id = lines.header.id;
-    if (lines.areNoted()) [[unlikely]] {
+    if (lines.areNoted()) [[unlikely]]
         noteNodeId(lines, nodeIds.isDefined(id), nodeIds.holds(id));
+    if (lines.areNoted() || stored.areWanted) [[unlikely]]
         keepId(stored.nodes, index, id);
-    }
     nodeIds.set(id, index);
     OddFields odd = 0;
     const std::array<float, 3> coordinates = coordinatesOf(lines.nextCard(), odd);
@@ -101,7 +101,7 @@ void readElement(PacketLines& lines, int index, const IdMap& nodeIds, FlatMesh& 
     mesh.elementTypes[row] = isKnown ? shape : 0;
     if (!isKnown) [[unlikely]]
         noteShape(lines);
-    if (lines.areNoted()) [[unlikely]]
+    if (lines.areNoted() || mesh.storedIds.areWanted) [[unlikely]]
         keepId(mesh.storedIds.elements, index, lines.header.id);
     mesh.elementProperties[row] = takePropertyId(lines);
     int* slot = &mesh.elementNodes[row * kNodesPerElement];
@@ -157,7 +157,9 @@ void readSummary(PacketLines& lines, ListMesh& mesh) {
 void readSummary(PacketLines& lines, FlatMesh& mesh) {
     lines.header = HeaderCard();
     lines.header.readFixed(lines.line());
+    const bool idsAreWanted = mesh.storedIds.areWanted;
     mesh = FlatMesh();  // frees the arrays before it makes others
+    mesh.storedIds.areWanted = idsAreWanted;
     takeSummary(lines, mesh);
     const std::size_t elements = text::asSize(mesh.elementCount) + 1;
     mesh.vertices = text::makeZeroed<float>(text::asSize(mesh.nodeCount) + 1, 3);

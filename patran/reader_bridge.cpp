@@ -1,8 +1,10 @@
 /// The exported reader of lists: its life, the import and the queries.
+#include <array>
 #include <cstddef>
 #include <new>
 
 #include "patran/audit.h"
+#include "patran/element_values.h"
 #include "patran/import.h"
 #include "report/import_report.h"
 #include "text/listened_file.h"
@@ -12,10 +14,6 @@ using namespace kvocaeio;
 using namespace kvocaeio::patran;
 
 namespace {
-
-// Types of elements that have none of their own.
-constexpr int kNoSuchElement = 13;
-constexpr int kNoSuchProperty = 14;
 
 template <class Char>
 bool importFile(CKVO_PatranIO* reader, const Char* path, const text::Listener& listener) {
@@ -90,31 +88,20 @@ void CKVO_PatranIO_Bridge::GetNodeCoordinate(int index, float* x, float* y, floa
 void CKVO_PatranIO_Bridge::GetElementDataBase(int index, int* node1, int* node2, int* node3,
                                               int* node4, int* type, double* valueA, double* valueB,
                                               double* valueC) {
-    *node1 = *node2 = *node3 = *node4 = 0;
-    *type = kNoSuchElement;
-    *valueA = *valueB = *valueC = 0.0;
-    if (reader == nullptr)
-        return;
-    const ListMesh& mesh = reader->mesh;
-    if (index >= mesh.elementCount || !holds(mesh.elements, index))
-        return;
-    const auto row = static_cast<std::size_t>(index);
-    const std::array<int, 4>& corners = mesh.elements[row];
+    ElementValues element;
+    std::array<int, 4> corners{};
+    if (reader != nullptr && holds(reader->mesh.elements, index)) {
+        const auto row = static_cast<std::size_t>(index);
+        element = valuesOf(reader->mesh, row);
+        if (element.isCounted)
+            corners = reader->mesh.elements[row];
+    }
     *node1 = corners[0];
     *node2 = corners[1];
     *node3 = corners[2];
     *node4 = corners[3];
-    if (mesh.propertyCount == 0) {
-        *type = mesh.elementShapes[row];
-        return;
-    }
-    const int property = mesh.elementPropertyIds[row];
-    if (!holds(mesh.propertyTypes, property)) {
-        *type = kNoSuchProperty;
-        return;
-    }
-    *type = mesh.propertyTypes.at(property);
-    *valueA = mesh.propertyValueA.at(property);
-    *valueB = mesh.propertyValueB.at(property);
-    *valueC = mesh.propertyValueC.at(property);
+    *type = element.type;
+    *valueA = element.values[0];
+    *valueB = element.values[1];
+    *valueC = element.values[2];
 }

@@ -95,6 +95,12 @@ FindingPlace* Findings::count(const FindingKind& kind, std::string_view subject)
     return &place;
 }
 
+void Findings::countMore(const FindingKind& kind, std::string_view subject,
+                         std::size_t more) noexcept {
+    if (FindingEntry* const entry = find(kind, subject))
+        entry->count += more;
+}
+
 void Findings::note(const FindingKind& kind, std::size_t line, std::size_t column,
                     std::string_view what, std::string_view subject) noexcept {
     FindingPlace* const place = count(kind, subject);

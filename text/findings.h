@@ -89,6 +89,8 @@ class Findings {
     /// Counts a finding. Returns the place to be filled, whose file is set, or null when the first
     /// places of such findings are known already.
     FindingPlace* count(const FindingKind& kind, std::string_view subject) noexcept;
+    /// Counts `more` findings that are like one before.
+    void countMore(const FindingKind& kind, std::string_view subject, std::size_t more) noexcept;
 
     /// Notes a finding at a line and column of the present file; either may be 0.
     void note(const FindingKind& kind, std::size_t line, std::size_t column, std::string_view what,
@@ -160,11 +162,13 @@ struct Watch {
 struct Listener {
     Findings* findings = nullptr;
     Watch* watch = nullptr;
+    /// Nothing is printed, and nothing of the process or beside the file is looked at or changed.
+    bool isQuiet = false;
 
     bool hasStopped() const { return watch != nullptr && watch->stopped; }
     /// The listener of a pass that comes again, as a counting pass does: the host follows it, but
     /// nothing is noted twice.
-    Listener withoutFindings() const { return {nullptr, watch}; }
+    Listener withoutFindings() const { return {nullptr, watch, isQuiet}; }
 
     /// Notes what no line of a file is concerned with.
     template <class Kind>

@@ -1,21 +1,16 @@
-/// The exported tidy: the order of its steps, and the walks over origins.
+/// The exported tidy: its runs, and the walks over origins.
 #include <exception>
 #include <filesystem>
-#include <new>
 #include <string>
-#include <utility>
 
 #include "report/import_report.h"
 #include "report/sentence.h"
-#include "text/file.h"
 #include "text/platform.h"
-#include "tidy/abaqus/rewrite.h"
 #include "tidy/deck.h"
-#include "tidy/findings.h"
 #include "tidy/format.h"
 #include "tidy/include_path.h"
-#include "tidy/nastran/rewrite.h"
 #include "tidy/output_file.h"
+#include "tidy/run.h"
 #include <kvocaeio/tidy.h>
 
 namespace kvocaeio::tidy {
@@ -31,70 +26,6 @@ struct TidyState {
 namespace {
 
 namespace fs = std::filesystem;
-
-using Rewrite = bool (*)(const Deck&, OutputFile&, Outcome&, const text::Listener&);
-
-bool rewriteUnknown(const Deck& deck, OutputFile&, Outcome&, const text::Listener& listener) {
-    if (listener.findings == nullptr)
-        return false;
-    if (text::openFile(deck.path.c_str(), "rb") == nullptr)
-        listener.note(text::FileFinding::kCannotOpen, "there is no such file, or it is no file");
-    else
-        listener.note(Finding::kFormatUnknown, {});
-    return false;
-}
-
-Rewrite rewriteOf(DeckFormat format) {
-    switch (format) {
-        case DeckFormat::kAbaqus:
-            return abaqus::rewriteDeck;
-        case DeckFormat::kNastran:
-            return nastran::rewriteDeck;
-        case DeckFormat::kUnknown:
-            break;
-    }
-    return rewriteUnknown;
-}
-
-bool noteOutput(const OutputFile& out, const text::Listener& listener) {
-    listener.note(Finding::kOutputFailed, out.error().message());
-    return false;
-}
-
-bool tidyDeck(const Deck& deck, const fs::path* target, TidyState& state,
-              const text::Listener& listener) {
-    OutputFile out;
-    if (target != nullptr && !out.open(*target))
-        return noteOutput(out, listener);
-    if (!rewriteOf(state.format)(deck, out, state.outcome, listener))
-        return false;
-    if (target == nullptr)
-        return true;
-    if (state.outcome.hasRead(*target)) {
-        listener.note(Finding::kOutputIsInput, displayed(*target));
-        return false;
-    }
-    const bool isWritten = state.outcome.isNeeded || out.copy(deck.path);
-    return (isWritten && out.finish()) || noteOutput(out, listener);
-}
-
-bool runTidy(const Deck& deck, const fs::path* target, int format, TidyState& state,
-             const text::Listener& listener) {
-    if (listener.findings != nullptr)
-        listener.findings->beginFile(deck.name);
-    try {
-        state.format = format == CKVODeckTidy::kRecognise ? recogniseDeck(deck)
-                                                          : static_cast<DeckFormat>(format);
-        if (tidyDeck(deck, target, state, listener))
-            return true;
-    } catch (const std::bad_alloc&) {
-        listener.note(text::FileFinding::kOutOfMemory, {});
-    } catch (const std::exception&) {  // of a path that the system cannot have
-        listener.note(Finding::kOutputFailed, "the path cannot be used");
-    }
-    state.outcome = {};
-    return false;
-}
 
 void countOrigins(const TidyState& state, report::ImportReport& report) {
     const Origins& origins = state.outcome.origins;
@@ -137,7 +68,9 @@ bool tidyPaths(const Character* inPath, const Character* outPath, int format, Ti
         try {
             const Deck deck = deckAt(inPath);
             const fs::path target = outPath == nullptr ? fs::path() : pathOf(outPath);
-            return runTidy(deck, outPath == nullptr ? nullptr : &target, format, state, listener);
+            state.format = static_cast<DeckFormat>(format);
+            return runTidy(deck, outPath == nullptr ? nullptr : &target, state.format,
+                           state.outcome, listener);
         } catch (const std::exception&) {
             listener.note(text::FileFinding::kCannotOpen, "the path cannot be used");
             return false;
