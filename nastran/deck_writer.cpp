@@ -64,6 +64,8 @@ constexpr std::array kSolidLayouts{
 constexpr int kNumberWidth = 7;  // with its comma a field of eight columns
 constexpr int kGridWidth = 8;    // on `GRID` cards the comma is a ninth
 
+}  // namespace
+
 void writeHeader(text::Writer& deck, std::string_view meshUnit) {
     const UnitRow units = unitsOf(meshUnit);
     std::array<char, 50> date{};
@@ -84,8 +86,6 @@ void writeHeader(text::Writer& deck, std::string_view meshUnit) {
     deck.text("CORD2R         1       0      0.      0.      0.      0.      0.      1.+VORLAN1\n");
     deck.text("+VORLAN1      1.      0.      1.\n");
 }
-
-}  // namespace
 
 bool startDeck(const char* path, const char* unit, NastranWriterState& state) {
     state.close();

@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "text/file.h"
 #include "text/format.h"
@@ -23,11 +24,13 @@ struct NastranWriterState {
     }
 };
 
-/// Creates the file with its header, everything up to "BEGIN BULK" and the coordinate system with
-/// the local date and time, then opens it again to append to; the deck before is closed.
+/// Creates the file with its header, then opens it again to append to; the deck before is closed.
 /// False when it cannot be created, or when memory runs out; whether it could be opened again shows
 /// only in `state.deck`.
 bool startDeck(const char* path, const char* unit, NastranWriterState& state);
+
+/// Everything up to "BEGIN BULK" and the coordinate system, with the local date and time.
+void writeHeader(text::Writer& deck, std::string_view meshUnit);
 
 void writeFooter(text::Writer& deck);
 

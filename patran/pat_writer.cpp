@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <exception>
 #include <string_view>
+#include <utility>
 
 #include "patran/card.h"
 #include "text/file.h"
@@ -11,11 +12,6 @@
 namespace kvocaeio::patran {
 
 namespace {
-
-// The shape code that belongs to a number of nodes; `shape` where none does.
-constexpr int shapeFor(int nodes, int shape) {
-    return nodes == 4 ? 5 : nodes == 6 ? 7 : nodes == 8 ? 8 : shape;
-}
 
 constexpr bool isRow(int index, int rows) {
     return index >= 0 && index < rows;
@@ -50,6 +46,35 @@ text::Writer& writeHeader(text::Writer& file, PacketType type, int id, int iv, i
 constexpr std::string_view kHeaderEnd = "       0       0       0       080\n";
 
 }  // namespace
+
+PacketWriter::PacketWriter(text::Writer& file, int nodes, int elements)
+    : file_(file), nodes_(nodes), elements_(elements) {
+    file_.text("25       0       0       1       0       0       0       0       0\n");
+    file_.text("**                 Created By : Vorlan9Q-Mesh R13\n");
+    writeHeader(file_, kSummaryPacket, 0, 0, 1);
+    writeFields(file_, std::array{nodes, elements, 0, 1, 1}).text("\n\n");
+}
+
+void PacketWriter::node(int id, const Point& point) {
+    writeHeader(file_, kNodePacket, id, 0, 2);
+    if (std::exchange(isFirst_, false))
+        writeFields(file_, std::array{nodes_, elements_, 0, 1}).text("81\n");
+    else
+        file_.text(kHeaderEnd);
+    for (const double coordinate : point)
+        file_.scientific(coordinate, kRealWidth);
+    file_.text("\n       0       0       0       0       0       0       0       0       0\n");
+}
+
+void PacketWriter::element(int id, int shape, const Block& nodes) {
+    writeHeader(file_, kElementPacket, id, shape, 2).text(kHeaderEnd);
+    writeFields(file_, std::array{shape, 2, 0}).text("\n");
+    writeFields(file_, nodes).text("\n");
+}
+
+void PacketWriter::end() {
+    writeHeader(file_, kEndPacket, 0, 0, 1).text(kHeaderEnd).text("\n");
+}
 
 void CPATWriter::SetFilePath(const char* path) {
     filePath = path;
@@ -105,36 +130,15 @@ bool CPATWriter::WriteFile() const noexcept {
 }
 
 void CPATWriter::writePackets(text::Writer& file) const {
-    file.text("25       0       0       1       0       0       0       0       0\n");
-    file.text("**                 Created By : Vorlan9Q-Mesh R13\n");
-    writeHeader(file, kSummaryPacket, 0, 0, 1);
-    writeFields(file, std::array{nodeCount, elemCount, 0, 1, 1}).text("\n\n");
+    PacketWriter packets(file, nodeCount, elemCount);
     for (int i = 0; i < nodeCount; ++i)
-        writeNode(file, i);
-    for (int i = 0; i < elemCount; ++i)
-        writeElement(file, i);
-    writeHeader(file, kEndPacket, 0, 0, 1).text(kHeaderEnd).text("\n");
-}
-
-void CPATWriter::writeNode(text::Writer& file, int index) const {
-    writeHeader(file, kNodePacket, index + 1, 0, 2);
-    if (index == 0)
-        writeFields(file, std::array{nodeCount, elemCount, 0, 1}).text("81\n");
-    else
-        file.text(kHeaderEnd);
-    for (const double coordinate :
-         isRow(index, nodeRows) ? nodePoints[text::asSize(index)] : Point{})
-        file.scientific(coordinate, kRealWidth);
-    file.text("\n       0       0       0       0       0       0       0       0       0\n");
-}
-
-void CPATWriter::writeElement(text::Writer& file, int index) const {
-    const bool made = isRow(index, elemRows);
-    const std::size_t row = text::asSize(index);
-    const int shape = made ? elemShapes[row] : 0;
-    writeHeader(file, kElementPacket, index + 1, shape, 2).text(kHeaderEnd);
-    writeFields(file, std::array{shape, 2, 0}).text("\n");
-    writeFields(file, made ? elemNodes[row] : Block{}).text("\n");
+        packets.node(i + 1, isRow(i, nodeRows) ? nodePoints[text::asSize(i)] : Point{});
+    for (int i = 0; i < elemCount; ++i) {
+        const bool made = isRow(i, elemRows);
+        const std::size_t row = text::asSize(i);
+        packets.element(i + 1, made ? elemShapes[row] : 0, made ? elemNodes[row] : Block{});
+    }
+    packets.end();
 }
 
 }  // namespace kvocaeio::patran

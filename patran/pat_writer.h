@@ -9,6 +9,30 @@
 
 namespace kvocaeio::patran {
 
+using Point = std::array<double, 3>;
+using Block = std::array<int, 8>;
+
+/// The shape code that belongs to a number of nodes; `shape` where none does.
+constexpr int shapeFor(int nodes, int shape) {
+    return nodes == 4 ? 5 : nodes == 6 ? 7 : nodes == 8 ? 8 : shape;
+}
+
+/// The packets of a file with so many nodes and elements, in their order: the constructor writes
+/// those before the first node.
+class PacketWriter {
+  public:
+    PacketWriter(text::Writer& file, int nodes, int elements);
+    void node(int id, const Point& point);
+    void element(int id, int shape, const Block& nodes);
+    void end();
+
+  private:
+    text::Writer& file_;
+    int nodes_;
+    int elements_;
+    bool isFirst_ = true;
+};
+
 /// See the exported `CKVO_PATWriter_Bridge`, whose calls end here.
 class CPATWriter {
   public:
@@ -24,12 +48,7 @@ class CPATWriter {
     bool WriteFile() const noexcept;
 
   private:
-    using Point = std::array<double, 3>;
-    using Block = std::array<int, 8>;
-
     void writePackets(text::Writer& file) const;
-    void writeNode(text::Writer& file, int index) const;
-    void writeElement(text::Writer& file, int index) const;
 
     const char* filePath = nullptr;
     int nodeCount = 0;

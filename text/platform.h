@@ -23,9 +23,12 @@ std::size_t driveLength(std::string_view path) noexcept;
 /// Whether `path` exists and may be read and written.
 bool isReadableAndWritable(const char* path) noexcept;
 
-/// Creates a file to be written in binary mode. Null, with the reason in `errno`, where that fails
-/// or where anything is there already.
-File createFile(const std::filesystem::path& path) noexcept;
+/// What becomes of line feeds that are written: they stay, or become the system's line ends.
+enum class LineEnds { kAsWritten, kOfSystem };
+
+/// Creates a file to be written. Null, with the reason in `errno`, where that fails or where
+/// anything is there already.
+File createFile(const std::filesystem::path& path, LineEnds lineEnds) noexcept;
 
 /// Converts a time to the local one. False where the system cannot. Unlike `std::localtime` it
 /// leaves a result that the host has alone, and threads may call it side by side.

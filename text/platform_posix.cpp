@@ -110,7 +110,7 @@ File openFile(const wchar_t* path, const char* mode) noexcept {
     }
 }
 
-File createFile(const std::filesystem::path& path) noexcept {
+File createFile(const std::filesystem::path& path, LineEnds) noexcept {
     constexpr mode_t kAnyone = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
     int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL, kAnyone);
     if (descriptor >= 0 && descriptor < kFirstOwnDescriptor) {

@@ -98,13 +98,16 @@ File openFile(const wchar_t* path, const char* mode) noexcept {
     }
 }
 
-File createFile(const std::filesystem::path& path) noexcept {
+File createFile(const std::filesystem::path& path, LineEnds lineEnds) noexcept {
+    const bool isBinary = lineEnds == LineEnds::kAsWritten;
+    const char* const mode = isBinary ? "wb" : "wt";
     const int descriptor =
-        _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
-    std::FILE* const stream = descriptor < 0 ? nullptr : _fdopen(descriptor, "wb");
+        _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | (isBinary ? _O_BINARY : _O_TEXT),
+               _S_IREAD | _S_IWRITE);
+    std::FILE* const stream = descriptor < 0 ? nullptr : _fdopen(descriptor, mode);
     if (stream == nullptr && descriptor >= 0)
         _close(descriptor);
-    return checked(stream, "wb");
+    return checked(stream, mode);
 }
 
 void deleteFile(const char* path) noexcept {

@@ -6,8 +6,6 @@
 #include <string>
 #include <system_error>
 
-#include "text/platform.h"
-
 namespace kvocaeio::tidy {
 
 namespace {
@@ -55,7 +53,7 @@ bool OutputFile::fail(std::error_code error) {
     return false;
 }
 
-bool OutputFile::open(const fs::path& target) {
+bool OutputFile::open(const fs::path& target, text::LineEnds lineEnds) {
     target_ = followLinks(target);
     std::error_code error;
     const fs::file_status status = fs::status(target_, error);
@@ -63,15 +61,15 @@ bool OutputFile::open(const fs::path& target) {
         return fail(std::make_error_code(std::errc::is_a_directory));
     if (fs::exists(status) && !fs::is_regular_file(status))
         return fail(std::make_error_code(std::errc::operation_not_permitted));
-    return create();
+    return create(lineEnds);
 }
 
-bool OutputFile::create() {
+bool OutputFile::create(text::LineEnds lineEnds) {
     constexpr int kTries = 100;
     for (int i = 0; i < kTries; ++i) {
         const fs::path path = target_.parent_path() / uniqueName();
         errno = 0;
-        file_ = text::createFile(path);
+        file_ = text::createFile(path, lineEnds);
         if (file_ != nullptr) {
             path_ = path;
             writer_.emplace(file_.get());

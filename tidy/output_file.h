@@ -8,6 +8,7 @@
 
 #include "text/file.h"
 #include "text/format.h"
+#include "text/platform.h"
 
 namespace kvocaeio::tidy {
 
@@ -23,8 +24,11 @@ class OutputFile {
 
     /// Creates the file beside `target`; where that is a link, beside what it leads to. Whatever is
     /// at `target` must be a regular file. False on failure; then `error()` says why.
-    bool open(const std::filesystem::path& target);
+    bool open(const std::filesystem::path& target,
+              text::LineEnds lineEnds = text::LineEnds::kAsWritten);
 
+    /// What writes to the file; there is one from `open` to `copy` or `finish`.
+    text::Writer& writer() { return *writer_; }
     /// Writes `value`. Errors of the disk show in `finish`.
     OutputFile& text(std::string_view value) {
         if (writer_)
@@ -44,7 +48,7 @@ class OutputFile {
     std::error_code error() const { return error_; }
 
   private:
-    bool create();
+    bool create(text::LineEnds lineEnds);
     bool fail(std::error_code error);
 
     std::filesystem::path target_;
