@@ -4,15 +4,14 @@ from __future__ import annotations
 from typing import TYPE_CHECKING, Any, Iterator, NamedTuple, Sequence
 
 import numpy as np
-from numpy.typing import NDArray
-
-from ._tables import Ints
 
 if TYPE_CHECKING:
     import meshio
     import pyvista
+    from numpy.typing import NDArray
 
     from ._model import Section
+    from ._tables import Ints
 
 
 class Cell(NamedTuple):
@@ -24,7 +23,7 @@ class Cell(NamedTuple):
     vtk: int
 
 
-# The mid-side nodes of all formats here come in the order of VTK.
+# The mid-side nodes of all formats here come in the order of VTK. Within a kind by number of nodes.
 CELLS = (
     Cell("line", 2, "line", 3),
     Cell("line", 3, "line3", 21),
@@ -63,7 +62,7 @@ class Piece(NamedTuple):
 def _cell_for(kind: str, nodes: int) -> Cell | None:
     """The cell of a kind with the most nodes of those that fit; further nodes are left out."""
     fitting = [cell for cell in CELLS if cell.kind == kind and cell.nodes <= nodes]
-    return max(fitting, key=lambda cell: cell.nodes, default=None)
+    return fitting[-1] if fitting else None
 
 
 def _without_repeats(kind: str, nodes: Ints) -> Iterator[tuple[str, Ints]]:

@@ -7,16 +7,18 @@ import sys
 import threading
 from pathlib import Path
 from types import SimpleNamespace
-from typing import Any, Sequence, TypeVar
+from typing import TYPE_CHECKING, Any, Sequence, TypeVar, Union
 
 import numpy as np
-from numpy.typing import NDArray
 
 from . import _abi
 from ._errors import ArgumentError, exception_for
 from ._version import VERSION
 
-_Struct = TypeVar("_Struct", bound=ctypes.Structure)
+if TYPE_CHECKING:
+    from numpy.typing import NDArray
+
+_Out = TypeVar("_Out", bound=Union[ctypes.Structure, ctypes.c_void_p, ctypes.c_size_t])
 
 
 def _load() -> Any:
@@ -86,7 +88,7 @@ class Handle:
         with self._lock:
             return function(self._pointer, *arguments)
 
-    def fill(self, function: Any, out: _Struct, *arguments: Any) -> _Struct:
+    def fill(self, function: Any, out: _Out, *arguments: Any) -> _Out:
         """Has a function of the library set `out`, which it takes last, and returns that."""
         with self._lock:
             require(function(self._pointer, *arguments, ctypes.byref(out)))

@@ -7,16 +7,17 @@ from types import TracebackType
 from typing import TYPE_CHECKING, Any, Iterator
 
 import numpy as np
-from numpy.typing import NDArray
 
 from . import _abi, _grids, _tables
 from ._findings import Findings, counted, findings_of
 from ._library import Handle, Report, index_of, lib, require, text_of
-from ._tables import Ints
 
 if TYPE_CHECKING:
     import meshio
     import pyvista
+    from numpy.typing import NDArray
+
+    from ._tables import Ints
 
 
 class Section:

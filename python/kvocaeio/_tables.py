@@ -3,16 +3,19 @@ from __future__ import annotations
 
 from dataclasses import dataclass
 from functools import cached_property
+from typing import TYPE_CHECKING
 
 import numpy as np
-from numpy.typing import NDArray
 
 from . import _abi
 from ._library import Handle, lib, text_of
 
-Ints = NDArray[np.int32]
-Floats = NDArray[np.float32]
-Doubles = NDArray[np.float64]
+if TYPE_CHECKING:  # numpy.typing takes a mebibyte
+    from numpy.typing import NDArray
+
+    Ints = NDArray[np.int32]
+    Floats = NDArray[np.float32]
+    Doubles = NDArray[np.float64]
 
 
 @dataclass(frozen=True)

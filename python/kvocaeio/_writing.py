@@ -5,14 +5,16 @@ import ctypes
 import os
 from dataclasses import dataclass
 from pathlib import Path
-from typing import Any, Sequence, Union
+from typing import TYPE_CHECKING, Any, Sequence, Union
 
 import numpy as np
-from numpy.typing import ArrayLike, NDArray
 
 from . import _abi
 from ._errors import ArgumentError
 from ._library import index_of, lib, path_bytes, require
+
+if TYPE_CHECKING:
+    from numpy.typing import ArrayLike, NDArray
 
 _BY_EXTENSION = {".bdf": "nastran", ".nas": "nastran", ".pat": "patran"}
 _FORMATS = ("nastran", "patran")
