@@ -16,6 +16,7 @@ inline constexpr unsigned kWalkedSeeds = 300;
 #endif
 
 /// A report changes nothing of what is read, and what it says was read is what the walks return.
+/// The C interface hands out the same.
 class ReportedWalks : public testing::Test {
   protected:
     /// Reads the file, or the folder with a design's reports, by all readers of its format.
