@@ -5,6 +5,8 @@ from typing import TYPE_CHECKING, Any, Iterator, NamedTuple, Sequence
 
 import numpy as np
 
+from ._findings import counted
+
 if TYPE_CHECKING:
     import meshio
     import pyvista
@@ -101,9 +103,9 @@ class Grid:
         missing = nodes.min(axis=1) < 0
         if missing.any():
             if not drop:
+                number = counted(int(missing.sum()), "element")
                 raise ValueError(
-                    f"{int(missing.sum())} elements of {section!r} have a node that is not there; "
-                    "drop=True leaves them out"
+                    f"{number} of {section!r} with a node that is not there; drop=True leaves such out"
                 )
             nodes = nodes[~missing]
             oids = None if oids is None else oids[~missing]
