@@ -116,21 +116,33 @@ class Grid:
                 yield Piece(cell, section.name, index, kept[:, : cell.nodes], oids)
 
 
+def _for_meshio(piece: Piece) -> tuple[str, Ints]:
+    """The cells, in corners alone where this version of meshio has no such cells."""
+    import meshio
+
+    try:
+        meshio.CellBlock(piece.cell.meshio, piece.nodes[:0])
+    except KeyError:
+        corners = next(cell for cell in CELLS if cell.kind == piece.cell.kind)
+        return corners.meshio, piece.nodes[:, : corners.nodes]
+    return piece.cell.meshio, piece.nodes
+
+
 def to_meshio(grid: Grid) -> meshio.Mesh:
     """A mesh of meshio."""
     import meshio
 
-    names = dict.fromkeys(piece.name for piece in grid.pieces if piece.name)
+    pieces = grid.pieces
     none = np.empty(0, np.int64)
-    with_oids = grid.pieces and all(piece.oids is not None for piece in grid.pieces)
+    with_oids = pieces and all(piece.oids is not None for piece in pieces)
     return meshio.Mesh(
         grid.points,
-        [(piece.cell.meshio, piece.nodes) for piece in grid.pieces],
+        [_for_meshio(piece) for piece in pieces],
         point_data={"oid": grid.oids},
-        cell_data={"oid": [piece.oids for piece in grid.pieces]} if with_oids else {},
+        cell_data={"oid": [piece.oids for piece in pieces]} if with_oids else {},
         cell_sets={
-            name: [np.arange(len(p.nodes)) if p.name == name else none for p in grid.pieces]
-            for name in names
+            name: [np.arange(len(p.nodes)) if p.name == name else none for p in pieces]
+            for name in dict.fromkeys(piece.name for piece in pieces if piece.name)
         },
     )
 

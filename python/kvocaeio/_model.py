@@ -219,7 +219,7 @@ class Model:
         as "oid" of points and cells, named sections as cell sets.
 
         `normalised` takes the normalised mesh; None does so where it has been made. Elements of
-        unknown kind are left out. Elements with a node that is not there raise ValueError, or are
+        unknown kind are left out, and mid-side nodes of cells that meshio does not know. Elements with a node that is not there raise ValueError, or are
         left out with `drop`.
         """
         return _grids.to_meshio(self._grid(normalised, drop))

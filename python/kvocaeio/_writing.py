@@ -89,7 +89,8 @@ def write(
     """Writes a mesh of solids as a Nastran deck or a Patran file.
 
     The file is the old one or the whole new one at any time. A Nastran deck holds coordinates with
-    three decimals, so a mesh of small lengths is to be scaled beforehand. Raises `ArgumentError`,
+    three decimals, so a mesh of small lengths is to be scaled beforehand; its cards are in free
+    fields, which `read` takes with `tidy=True`. Raises `ArgumentError`,
     and writes nothing, where a coordinate is no finite number, an element names a node that is not
     there, or OIDs are below 1, too long for the format or repeated.
 

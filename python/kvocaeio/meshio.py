@@ -24,9 +24,12 @@ from ._writing import Block, write as _write
 _SOLIDS = ("tetra", "wedge", "hexahedron")
 
 
-def read(path: str | os.PathLike[str], *, format: str | None = None, **options: Any) -> meshio.Mesh:
-    """Reads a file as `kvocaeio.read` does, with its options, and returns a mesh of meshio."""
-    with _read(path, format=format, **options) as model:
+def read(
+    path: str | os.PathLike[str], *, format: str | None = None, tidy: bool = True, **options: Any
+) -> meshio.Mesh:
+    """Reads a file as `kvocaeio.read` does, with its options, and returns a mesh of meshio. Decks are
+    tidied, unless `tidy` is False."""
+    with _read(path, format=format, tidy=tidy, **options) as model:
         return model.to_meshio()
 
 
