@@ -107,6 +107,10 @@ File createFile(const std::filesystem::path& path) noexcept {
     return checked(stream, "wb");
 }
 
+bool reserveFile(std::FILE*, std::uintmax_t) noexcept {
+    return true;
+}
+
 void deleteFile(const char* path) noexcept {
     DeleteFileA(path);
 }
