@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures the library against the floor, the least that any program must do for the same job, and
-# imports with a report and `kvocaeio info` against the import in them, tidying against the import
-# of what a deck becomes.
+# imports with a report and `kvocaeio info` against the import in them (of Abaqus decks with the
+# sort), tidying against the import of what a deck becomes.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
 #   FORMAT   abaqus, 3di, nastran or patran (all of them)
@@ -153,17 +153,22 @@ processorSeconds() {
     { time "$@" >/dev/null; } 2>&1 | awk '{ print $1 + $2 }'
 }
 
-# importSeconds FILE JOB...: processor time of the first step, the import or reading, of all jobs.
-importSeconds() {
+# stepSeconds FILE JOB...: processor time of all steps, import and sort or reading, of all jobs.
+stepSeconds() {
     local file=$1 job
     shift
     for job in "$@"; do
         "$bin/kvocaeio_bench_library" "$job" "$file" 0
-    done | awk '{ split($1, field, "="); sum += field[2] } END { print sum }'
+    done | awk -F'[= ]' '{ sum += $2 } END { print sum }'
 }
 
-# compareWithImport TITLE COLUMN MEASURE: what `MEASURE FILE JOB...` takes, in turns with the imports
-# of the same file.
+# importSeconds FILE JOB: processor time of the first step, the import or reading.
+importSeconds() {
+    "$bin/kvocaeio_bench_library" "$2" "$1" 0 | awk -F'[= ]' 'NR == 1 { print $2 }'
+}
+
+# compareWithImport TITLE COLUMN MEASURE: what `MEASURE FILE JOB...` takes, in turns with all steps of
+# the imports of the same file.
 compareWithImport() {
     local each format kind jobs file round other import
     printf '\n%s, %d elements, %d rounds\n' "$1" "$elements" "$rounds"
@@ -176,7 +181,7 @@ compareWithImport() {
         other=()
         import=()
         for ((round = 0; round < rounds; ++round)); do
-            import+=("$(importSeconds "$file" "${jobs[@]}")")
+            import+=("$(stepSeconds "$file" "${jobs[@]}")")
             other+=("$("$3" "$file" "${jobs[@]}")")
         done
         printf '%-11s %9.3f %9.3f %7.2f\n' "$kind" "$(printf '%s\n' "${other[@]}" | median)" \
@@ -193,7 +198,7 @@ infoSeconds() {
 reportSeconds() {
     local file=$1
     shift
-    importSeconds "$file" "${@/%/-report}"
+    stepSeconds "$file" "${@/%/-report}"
 }
 
 # What it takes to tidy a deck, and the tidy deck once more, in turns with the import of that one;

@@ -2,6 +2,8 @@
 /// (`openFile` and `deleteFile` of file.h are in those files, too.)
 #pragma once
 
+#include <cstdint>
+#include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <string>
@@ -29,6 +31,10 @@ enum class LineEnds { kAsWritten, kOfSystem };
 /// Creates a file to be written. Null, with the reason in `errno`, where that fails or where
 /// anything is there already.
 File createFile(const std::filesystem::path& path, LineEnds lineEnds) noexcept;
+
+/// Takes room for `size` bytes of a new file, which then has that size, where the system can do so
+/// at once: it writes faster then. False, with the reason in `errno`, where there is no such room.
+bool reserveFile(std::FILE* file, std::uintmax_t size) noexcept;
 
 /// Converts a time to the local one. False where the system cannot. Unlike `std::localtime` it
 /// leaves a result that the host has alone, and threads may call it side by side.

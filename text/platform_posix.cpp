@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include "text/file.h"
@@ -119,6 +120,18 @@ File createFile(const std::filesystem::path& path, LineEnds) noexcept {
         descriptor = higher;
     }
     return fileOf(descriptor, "wb");
+}
+
+bool reserveFile(std::FILE* file, std::uintmax_t size) noexcept {
+#if defined(__linux__)
+    const bool isReserved = std::in_range<off_t>(size) && size > 0 &&
+                            fallocate(fileno(file), 0, 0, static_cast<off_t>(size)) == 0;
+    return isReserved || errno != ENOSPC;
+#else
+    static_cast<void>(file);
+    static_cast<void>(size);
+    return true;
+#endif
 }
 
 void deleteFile(const char* path) noexcept {

@@ -110,6 +110,10 @@ File createFile(const std::filesystem::path& path, LineEnds lineEnds) noexcept {
     return checked(stream, mode);
 }
 
+bool reserveFile(std::FILE*, std::uintmax_t) noexcept {
+    return true;
+}
+
 void deleteFile(const char* path) noexcept {
     DeleteFileA(path);
 }

@@ -2,6 +2,9 @@
 #include "tidy/output_file.h"
 
 #include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
 #include <random>
 #include <string>
 #include <system_error>
@@ -84,16 +87,21 @@ bool OutputFile::create(text::LineEnds lineEnds) {
 bool OutputFile::copy(const fs::path& file) {
     if (path_.empty())
         return true;
-    writer_.reset();
-    file_.reset();
-    // The system may give the copy the permissions of the original. Some standard libraries copy
-    // onto no file that is there.
-    const fs::perms permissions = fs::status(path_, error_).permissions();
-    text::deleteFile(path_.c_str());
-    if (error_ || !fs::copy_file(file, path_, error_))
-        return false;
-    fs::permissions(path_, permissions, error_);
-    return !error_;
+    constexpr std::size_t kBlock = std::size_t{1} << 18;
+    const auto block = std::make_unique_for_overwrite<char[]>(kBlock);
+    errno = 0;
+    const text::File from = text::openFile(file.c_str(), "rb");
+    const std::uintmax_t size = from == nullptr ? 0 : fs::file_size(file, error_);
+    if (error_ || from == nullptr || !text::reserveFile(file_.get(), size))
+        return error_ ? false : fail(lastError());
+    std::uintmax_t copied = 0;
+    while (const std::size_t count = std::fread(block.get(), 1, kBlock, from.get())) {
+        if (std::fwrite(block.get(), 1, count, file_.get()) != count)
+            return fail(lastError());
+        copied += count;
+    }
+    // A file that has changed meanwhile would not be copied whole, or be longer than what is there.
+    return copied == size || fail(lastError());
 }
 
 bool OutputFile::finish() {

@@ -36,8 +36,7 @@ class OutputFile {
         return *this;
     }
 
-    /// Becomes a copy of `file`, by the system's means; nothing must have been written, and nothing
-    /// more can be. False on failure.
+    /// Becomes a copy of `file`; nothing must have been written. False on failure.
     bool copy(const std::filesystem::path& file);
 
     /// Closes the file and moves it onto the target. False, with the target as it was, where the

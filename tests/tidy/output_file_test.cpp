@@ -69,6 +69,32 @@ TEST(TidyOutputFile, CopiesAFile) {
     EXPECT_EQ(readBytes(folder.file("target")), bytes);
 }
 
+TEST(TidyOutputFile, CopiesOfAllSizesHaveThatSize) {
+    const TempFolder folder;
+    for (const std::size_t size : {0U, 1U, 262'143U, 262'144U, 1'000'003U}) {
+        std::string bytes(size, 'x');
+        for (std::size_t at = 0; at < size; at += 7)
+            bytes[at] = static_cast<char>('a' + at % 23);
+        OutputFile out;
+        ASSERT_TRUE(out.open(folder.file("target")));
+        ASSERT_TRUE(out.copy(folder.write("source", bytes)));
+        ASSERT_TRUE(out.finish());
+        EXPECT_EQ(readBytes(folder.file("target")), bytes) << size;
+    }
+}
+
+TEST(TidyOutputFile, NoCopyOfWhatIsNoFile) {
+    const TempFolder folder;
+    folder.makeFolder("other");
+    for (const char* const source : {"none", "other"}) {
+        OutputFile out;
+        ASSERT_TRUE(out.open(folder.file("target")));
+        EXPECT_FALSE(out.copy(folder.file(source)));
+        EXPECT_TRUE(out.error()) << source;
+    }
+    EXPECT_FALSE(fs::exists(folder.path() / "target"));
+}
+
 #if !defined(_WIN32)
 TEST(TidyOutputFile, ALinkStaysALink) {
     const TempFolder folder;

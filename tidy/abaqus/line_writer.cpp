@@ -20,7 +20,7 @@ char* writeDecimal(double value, char* to, char* end) {
     // Less than 0.0001 is shorter with an exponent.
     if (!(size >= 1e5 && size < kMostScaled))
         return nullptr;
-    const auto digits = static_cast<std::int64_t>(size + 0.5);
+    const auto digits = static_cast<std::int64_t>(std::nearbyint(size));
     if (static_cast<double>(digits) / static_cast<double>(kScale) != std::abs(value))
         return nullptr;
     if (value < 0.0)
