@@ -48,6 +48,17 @@ TEST(TidyAbaqusFaces, GeneratedAndNestedSetsAreWrittenAsMembers) {
     EXPECT_THAT(deck.others, ElementsAre("17:1 tidy.abaqus-face-missing"));
 }
 
+TEST(TidyAbaqusFaces, RangesHaveStepsAndSeveralLines) {
+    const Tidied deck = tidyText(
+        "*ELEMENT, TYPE=C3D4\n1,1,2,3,4\n2,1,2,3,4\n3,1,2,3,4\n4,1,2,3,4\n5,1,2,3,4\n6,1,2,3,4\n"
+        "*ELSET, ELSET=A, GENERATE\n1, 5, 2\n6\n*ELSET, ELSET=B, GEN\n2, 4\n"
+        "*ELSET, GENERATE, ELSET=C\n3, 3, 0\n*ELSET, ELSET=D, GENERATE\n1, 6, 4\n",
+        CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text.substr(deck.text.find("*ELSET")),
+              "*ELSET, ELSET=A\n1, 3, 5, 6\n*ELSET, ELSET=B\n2, 3, 4\n*ELSET, ELSET=C\n3\n"
+              "*ELSET, ELSET=D\n1, 5\n");
+}
+
 TEST(TidyAbaqusFaces, GeneratedSetsAreChangedWhereTheyWouldSplitALoneSection) {
     EXPECT_TRUE(tidiedFaces("*ELSET, ELSET=A, GENERATE\n1, 1\n").isNeeded);
     EXPECT_FALSE(tidiedFaces("*ELEMENT, TYPE=C3D4, ELSET=MORE\n4, 1, 2, 3, 4\n"
@@ -85,6 +96,16 @@ TEST(TidyAbaqusFaces, ASetWithoutAFaceMeansTheOutside) {
     EXPECT_EQ(restOf(deck),
               "*ELSET, ELSET=_S_S2\n1, 2\n*ELSET, ELSET=_S_S3\n1, 2\n*ELSET, ELSET=_S_S4\n1, 2\n"
               "*SURFACE, TYPE=ELEMENT, NAME=S\n_S_S2, S2\n_S_S3, S3\n_S_S4, S4\n");
+}
+
+TEST(TidyAbaqusFaces, AFaceIsInASurfaceOnce) {
+    const Tidied deck = tidiedFaces(
+        "*ELSET, ELSET=A\n1\n*ELSET, ELSET=B\n1, 2\n*SURFACE, TYPE=ELEMENT, NAME=S\nA, S2\n"
+        "B, S2\nA, S3\n1, S1\n1, S1\n");
+    EXPECT_EQ(restOf(deck).substr(restOf(deck).find("*ELSET, ELSET=_")),
+              "*ELSET, ELSET=_S_S1\n1\n*ELSET, ELSET=_S_S2\n1, 2\n"
+              "*SURFACE, TYPE=ELEMENT, NAME=S\nA, S3\n_S_S1, S1\n_S_S2, S2\n");
+    EXPECT_THAT(deck.notes, Contains("tidy.abaqus-surface-repeated"));
 }
 
 TEST(TidyAbaqusFaces, CombinedSurfaces) {

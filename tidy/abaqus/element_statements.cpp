@@ -11,7 +11,6 @@
 #include "text/scan.h"
 #include "tidy/abaqus/deck_reader.h"
 #include "tidy/abaqus/fields.h"
-#include "tidy/abaqus/set_names.h"
 #include "tidy/abaqus/sets.h"
 
 namespace kvocaeio::tidy::abaqus {
@@ -278,8 +277,7 @@ void readElements(DeckReader& reader) {
     }
     if (!type->newName.empty())
         lines.changeStatement(Finding::kTypeChanged, typeName);
-    const std::string written =
-        type->newName.empty() ? linkedName(writtenName(typeName)) : std::string(type->newName);
+    const std::string written = writtenType(typeName, *type);
     lines.includeInput(reader.statement);
     Block& block = blockFor(scope, {*type, written, elset, 0, {}, {}}, false);
     IdSet* const set = blockSet(reader, elset);

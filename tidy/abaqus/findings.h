@@ -36,6 +36,7 @@ enum class Finding : std::size_t {
     kSetMembers,
     kNameChanged,
     kSurfaceItem,
+    kSurfaceRepeated,
     kSurfaceCombined,
     kSurfaceOutside,
     kLoadOnSet,

@@ -126,6 +126,13 @@ bool Statement::isPlain(std::string_view kept) const {
            });
 }
 
+bool Statement::isGenerated() const {
+    return std::ranges::any_of(parameters, [](const Parameter& parameter) {
+        return parameter.name.starts_with("GEN") &&
+               std::string_view("GENERATE").starts_with(parameter.name);
+    });
+}
+
 const Parameter* Statement::find(std::string_view name) const {
     const auto found = std::ranges::find(parameters, name, &Parameter::name);
     return found == parameters.end() ? nullptr : &*found;

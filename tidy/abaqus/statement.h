@@ -42,6 +42,9 @@ struct Statement {
     /// the value of `kept`, and knows parameters by their names wherever these stand.
     bool isPlain(std::string_view kept) const;
 
+    /// Whether a set is of ranges. Many a deck has the flag cut to its first letters.
+    bool isGenerated() const;
+
     const Parameter* find(std::string_view name) const;
     bool has(std::string_view name) const { return find(name) != nullptr; }
     /// The value as it stands; empty without the parameter.
