@@ -69,6 +69,7 @@ class Planner {
     PlannedFaces out_;
     OutsideFaces outside_;
     std::map<SurfaceName, std::size_t> surfaceRows_;
+    std::map<std::string_view, std::size_t> surfacesOfName_;  // their count
     std::size_t spent_ = 0;
     std::set<const IdSet*> told_;
     std::set<std::tuple<int, const IdSet*, int>> named_;  // of the present surface, with the face
@@ -209,7 +210,7 @@ std::vector<MemberFace> Planner::facesOfPlanned(const PlannedSurface& planned) c
     return faces;
 }
 
-// Operands are surfaces that are defined before.
+// Operands are surfaces of faces, or combined ones that are defined before.
 void Planner::combine(const Surface& surface, const Frame& frame, PlannedSurface& planned) {
     std::vector<MemberFace> result;
     bool isFirst = true;
@@ -277,7 +278,10 @@ void Planner::separateRepeated(PlannedSurface& planned, Place place) {
 }
 
 void Planner::planSurface(const Frame& frame, const Surface& surface) {
-    PlannedSurface planned{surface.name, {}, {}};
+    const std::string qualified =
+        frame.instance == kOwnScope ? surface.name : std::string(frame.name) + "." + surface.name;
+    const bool isShared = surfacesOfName_[surface.name] > 1;
+    PlannedSurface planned{isShared ? qualified : surface.name, {}, {}};
     if (surface.combination != Combination::kNone)
         combine(surface, frame, planned);
     named_.clear();
@@ -288,9 +292,9 @@ void Planner::planSurface(const Frame& frame, const Surface& surface) {
             lines_.changeAt(Finding::kSurfaceRepeated, item.place, planned.name, planned.name);
     separateRepeated(planned, surface.place);
     surfaceRows_[{frame.instance, surface.name}] = out_.surfaces.size();
-    if (frame.instance != kOwnScope)
-        surfaceRows_[{kOwnScope, std::string(frame.name) + "." + surface.name}] =
-            out_.surfaces.size();
+    surfaceRows_[{kOwnScope, qualified}] = out_.surfaces.size();
+    if (!model_.assembly.empty())
+        surfaceRows_[{kOwnScope, model_.assembly + "." + qualified}] = out_.surfaces.size();
     out_.surfaces.push_back(std::move(planned));
 }
 
@@ -359,7 +363,12 @@ void Planner::tellGenerated() {
 PlannedFaces Planner::plan() {
     for (const Frame& frame : frames_.all())
         for (const Surface& surface : frame.scope->surfaces)
-            planSurface(frame, surface);
+            ++surfacesOfName_[surface.name];
+    for (const bool isCombined : {false, true})
+        for (const Frame& frame : frames_.all())
+            for (const Surface& surface : frame.scope->surfaces)
+                if ((surface.combination != Combination::kNone) == isCombined)
+                    planSurface(frame, surface);
     if (!out_.surfaces.empty())
         tellRepeated();
     for (const Load& load : model_.loads)

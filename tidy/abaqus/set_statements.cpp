@@ -126,7 +126,7 @@ void addLoad(DeckReader& reader) {
     load.place = reader.lines.place(target);
     fields.next(label);
     load.face = faceOf(label, 'P');
-    if (load.face == 0)
+    if (load.face == 0 || target.empty())
         return reader.lines.note(Finding::kLoadUnread, label, nameOf(label));
     if (fields.next(value) && !value.empty() && !readReal(value, load.value))
         return reader.refuse(Finding::kNumberInvalid, value);

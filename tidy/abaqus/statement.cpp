@@ -6,6 +6,7 @@
 #include "text/ascii.h"
 #include "text/scan.h"
 #include "text/tokens.h"
+#include "tidy/abaqus/fields.h"
 
 namespace kvocaeio::tidy::abaqus {
 
@@ -76,6 +77,9 @@ std::string writtenName(std::string_view name) {
     std::ranges::replace_if(folded, isSeparator, '_');
     if (folded.starts_with('*'))
         folded[0] = '_';
+    int number = 0;
+    if (readInteger(folded, number))
+        folded.insert(0, 1, '_');  // where elements may be named it would be one
     folded.resize(std::min(folded.size(), kMostName));
     return std::string(trimmed(folded));
 }
