@@ -13,6 +13,7 @@
 
 namespace kvocaeio::host {
 
+class OriginalOids;
 struct PageStyle;
 
 /// A file that no report can be given of; the text says why, for the user.
@@ -45,6 +46,9 @@ class FileReport {
 
     /// Adds the report for programs to `object`.
     virtual void addTo(Json& object) const = 0;
+
+    /// Names things by the numbers that they have in the original of a tidy deck.
+    virtual void restoreNumbers(const OriginalOids&) {}
 
     /// The times that it took, in seconds, by name.
     virtual std::vector<std::pair<std::string_view, double>> seconds() const = 0;

@@ -110,6 +110,8 @@ bool LineReader::fill() {
     char* last = fresh + count;
     if (mode_ == LineMode::kText)
         last = translateText(first, last);
+    else if (mode_ == LineMode::kReturns)
+        std::replace(first, last, '\r', '\n');
     end_ = last;
     holdsNul_ = std::memchr(start, '\0', static_cast<std::size_t>(end_ - start)) != nullptr;
     if (atEnd_ || count == 0) {

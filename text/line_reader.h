@@ -13,8 +13,9 @@
 namespace kvocaeio::text {
 
 /// What arrives of the file's bytes. Binary: all of them as they are. Text: CR LF arrives as a
-/// single LF, a lone CR stays, and a byte 0x1A ends the file, on every platform alike.
-enum class LineMode { kBinary, kText };
+/// single LF, a lone CR stays, and a byte 0x1A ends the file, on every platform alike. Returns:
+/// each CR arrives as an LF, for files in which lines end in CR alone.
+enum class LineMode { kBinary, kText, kReturns };
 
 /// A place in a file, in lines of the file and not in pieces of them; both numbers count from 1.
 struct LinePlace {

@@ -1,5 +1,4 @@
 /// The exported tidy: the order of its steps, and the walks over origins.
-#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <new>
@@ -62,14 +61,6 @@ bool noteOutput(const OutputFile& out, const text::Listener& listener) {
     return false;
 }
 
-// Whether the target is a file that was read.
-bool isSource(const fs::path& target, const Outcome& outcome) {
-    return std::ranges::any_of(outcome.files, [&](const fs::path& file) {
-        std::error_code error;
-        return fs::equivalent(target, file, error);
-    });
-}
-
 bool tidyDeck(const Deck& deck, const fs::path* target, TidyState& state,
               const text::Listener& listener) {
     OutputFile out;
@@ -79,7 +70,7 @@ bool tidyDeck(const Deck& deck, const fs::path* target, TidyState& state,
         return false;
     if (target == nullptr)
         return true;
-    if (isSource(*target, state.outcome)) {
+    if (state.outcome.hasRead(*target)) {
         listener.note(Finding::kOutputIsInput, displayed(*target));
         return false;
     }
@@ -157,12 +148,21 @@ bool tidyPaths(const Character* inPath, const Character* outPath, int format, Ti
 }
 
 template <class Character>
-bool writeMapTo(const Character* path, const Origins& origins) {
+bool isSource(const Character* path, const Outcome& outcome) {
+    try {
+        return path != nullptr && outcome.hasRead(pathOf(path));
+    } catch (const std::exception&) {  // of a path that the system cannot have
+        return false;
+    }
+}
+
+template <class Character>
+bool writeMapTo(const Character* path, const Outcome& outcome) {
     try {
         OutputFile out;
-        if (path == nullptr || !out.open(pathOf(path)))
+        if (path == nullptr || isSource(path, outcome) || !out.open(pathOf(path)))
             return false;
-        writeOrigins(origins, out);
+        writeOrigins(outcome.origins, out);
         return out.finish();
     } catch (const std::exception&) {
         return false;
@@ -260,9 +260,17 @@ bool CKVODeckTidy::GetPropertyOriginNext(OriginData* out) {
 }
 
 bool CKVODeckTidy::WriteMap(const char* path) {
-    return tidy::writeMapTo(path, state->outcome.origins);
+    return tidy::writeMapTo(path, state->outcome);
 }
 
 bool CKVODeckTidy::WriteMap(const wchar_t* path) {
-    return tidy::writeMapTo(path, state->outcome.origins);
+    return tidy::writeMapTo(path, state->outcome);
+}
+
+bool CKVODeckTidy::IsSource(const char* path) {
+    return tidy::isSource(path, state->outcome);
+}
+
+bool CKVODeckTidy::IsSource(const wchar_t* path) {
+    return tidy::isSource(path, state->outcome);
 }

@@ -56,6 +56,8 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "Include the file less often"},
     {"tidy.line-long", kError, "a line has more than 1,048,576 characters",
      "Lines are kept in memory, so their length is bounded.", "Break the line, or check the file"},
+    {"tidy.returns-alone", kNote, "lines end in carriage returns alone",
+     "Some old systems end lines so. The readers would take such a file for one line.", ""},
 }};
 
 }  // namespace kvocaeio::tidy

@@ -23,6 +23,7 @@ enum class Finding : std::size_t {
     kIncludeDeep,
     kIncludeLarge,
     kLineLong,
+    kReturnsAlone,
     kCount
 };
 

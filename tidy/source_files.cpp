@@ -2,7 +2,9 @@
 #include "tidy/source_files.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <functional>
 #include <system_error>
 #include <utility>
@@ -18,6 +20,16 @@ namespace fs = std::filesystem;
 
 // Of the pieces in which lines are read.
 constexpr std::size_t kPiece = std::size_t{1} << 16;
+
+// Whether lines end in carriage returns alone, as the first ones tell. The stream is at its
+// beginning again.
+bool isOfReturns(std::FILE* stream) {
+    std::array<char, 4096> beginning;
+    const std::size_t size = std::fread(beginning.data(), 1, beginning.size(), stream);
+    text::rewindFile(stream);
+    const std::string_view text(beginning.data(), size);
+    return text.find('\r') != std::string_view::npos && text.find('\n') == std::string_view::npos;
+}
 
 bool areSame(const fs::path& a, const fs::path& b) {
     std::error_code error;
@@ -62,9 +74,15 @@ std::uint32_t SourceFiles::rowOfFile(const fs::path& path, std::string name) {
 }
 
 void SourceFiles::push(std::uint32_t row, text::File stream) {
-    text::LineReader reader(stream.get(), kPiece, text::LineMode::kBinary, listener_.watch);
-    files_.push_back({std::move(stream), std::move(reader), row});
+    const bool hasReturns = isOfReturns(stream.get());
+    text::LineReader reader(stream.get(), kPiece,
+                            hasReturns ? text::LineMode::kReturns : text::LineMode::kBinary,
+                            listener_.watch);
+    files_.push_back({std::move(stream), std::move(reader), row, hasReturns});
     file_ = row;
+    known_[row].wasOpened = true;
+    if (hasReturns)
+        noteAt(Finding::kReturnsAlone, row, 1, 0, {});
 }
 
 std::vector<fs::path> SourceFiles::opened() const {
@@ -72,6 +90,19 @@ std::vector<fs::path> SourceFiles::opened() const {
     for (const KnownFile& file : known_)
         paths.push_back(file.path);
     return paths;
+}
+
+std::uint32_t SourceFiles::fileRowOf(const fs::path& file) {
+    return rowOfFile(file, displayed(file));
+}
+
+// Takes it off the line taken last.
+bool SourceFiles::takeByteOrderMark() {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    const bool isThere = line_.starts_with(kByteOrderMark);
+    if (isThere)
+        line_.remove_prefix(kByteOrderMark.size());
+    return isThere;
 }
 
 // The line taken last has no line end, or there was none to take.
@@ -99,7 +130,7 @@ bool SourceFiles::nextSeldom(bool isTaken) {
 // Longer than one piece, without a line end, or with a NUL.
 bool SourceFiles::joinPieces(OpenFile& file) {
     hasLineEnd_ = false;
-    joined_ = file.reader.line();
+    joined_ = line_;
     while (file.reader.isCut() && file.reader.next())
         if (joined_.size() <= kMostLine)
             joined_ += file.reader.line();
@@ -132,13 +163,12 @@ bool SourceFiles::admit(const fs::path& path, std::string_view name, std::uint32
     std::error_code error;
     if (!rows_.contains(path.native()) && !fs::is_regular_file(path, error))
         return refuse(Finding::kIncludeNoFile, name);
-    const std::size_t count = known_.size();
     row = rowOfFile(path, displayed(path));
     if (std::ranges::find(files_, row, &OpenFile::row) != files_.end())
         return refuse(Finding::kIncludeCycle, name);
     if (files_.size() > kMostDepth)
         return refuse(Finding::kIncludeDeep, name);
-    if (row < count)
+    if (known_[row].wasOpened)
         repeated_ += known_[row].size;
     if (repeated_ > kMostRepeated)
         return refuse(Finding::kIncludeLarge, name);
@@ -154,6 +184,8 @@ bool SourceFiles::include(std::string_view given) {
     IncludePath found = findInclude(name, known_[file_].path.parent_path());
     if (found.path.empty())
         found = findInclude(name, deck_.path.parent_path());
+    if (found.path.empty())
+        found = findInclude(name, {});
     if (found.path.empty())
         return refuse(Finding::kIncludeMissing, name);
     std::uint32_t row = 0;

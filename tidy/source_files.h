@@ -39,9 +39,9 @@ class SourceFiles {
         OpenFile& file = files_.back();
         const bool isTaken = file.reader.next();
         if (isTaken) {
-            ++file.line;
             line_ = file.reader.line();
             hasLineEnd_ = true;
+            hasByteOrderMark_ = ++file.line == 1 && takeByteOrderMark();
             if (line_.ends_with('\n')) {
                 line_.remove_suffix(line_.ends_with("\r\n") ? 2 : 1);
                 return true;
@@ -54,6 +54,10 @@ class SourceFiles {
     std::string_view line() const { return line_; }
     /// Whether it ends with a line end, and holds no NUL.
     bool hasLineEnd() const { return hasLineEnd_; }
+    /// Whether a byte order mark stands before it in the file.
+    bool hasByteOrderMark() const { return hasByteOrderMark_; }
+    /// Whether lines of the present file end in carriage returns alone.
+    bool hasReturnsAlone() const { return !files_.empty() && files_.back().hasReturnsAlone; }
     /// Its place: the number of the line from 1, and the row of the file among those opened so far.
     /// After the end of the deck they are those of its last line.
     std::size_t lineNumber() const { return files_.empty() ? lastLine_ : files_.back().line; }
@@ -76,8 +80,10 @@ class SourceFiles {
 
     /// Whether anything was found that makes the deck incomplete.
     bool isIncomplete() const { return isIncomplete_; }
-    /// The files opened so far, each once.
+    /// The files opened so far, each once, by their rows.
     std::vector<std::filesystem::path> opened() const;
+    /// The row in this pass of a file that another one has opened.
+    std::uint32_t fileRowOf(const std::filesystem::path& file);
 
     /// Notes the line taken last, or a part of it: the column is that of `field` in it.
     template <class Kind>
@@ -103,6 +109,7 @@ class SourceFiles {
         text::File stream;
         text::LineReader reader;
         std::uint32_t row;  // of `known_`
+        bool hasReturnsAlone;
         std::size_t line = 0;
     };
     struct KnownFile {
@@ -110,8 +117,10 @@ class SourceFiles {
         std::string name;
         std::uintmax_t size = 0;
         bool isOutside = false;
+        bool wasOpened = false;
     };
 
+    bool takeByteOrderMark();
     bool nextSeldom(bool isTaken);
     bool joinPieces(OpenFile& file);
     std::uint32_t rowOfFile(const std::filesystem::path& path, std::string name);
@@ -131,6 +140,7 @@ class SourceFiles {
     std::size_t includes_ = 0;
     std::uintmax_t repeated_ = 0;
     bool hasLineEnd_ = false;
+    bool hasByteOrderMark_ = false;
     bool isIncomplete_ = false;
 };
 

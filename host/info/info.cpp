@@ -46,6 +46,7 @@ void read(const Job& job, const InfoOptions& options, Outcome& outcome) {
         deck.requireGood();
         outcome.report = outcome.format->read(deck.path(), progress);
         deck.giveBack(outcome.report->imported);
+        deck.restoreNumbers(*outcome.report);
         outcome.report->find(Finding::Level::kNote, "tidied", deck.isTidied() ? 1 : 0,
                              deck.remark());
         return;

@@ -6,6 +6,7 @@
 
 #include "json_values.h"
 #include "text_table.h"
+#include "tidy/original_oids.h"
 #include "timed.h"
 
 namespace kvocaeio::host {
@@ -51,6 +52,11 @@ void NastranReport::addTo(Json& object) const {
                          {"elementRows", elementRows},
                          {"properties", std::move(properties)},
                          {"materials", materials}};
+}
+
+void NastranReport::restoreNumbers(const OriginalOids& originals) {
+    for (auto& [property, material, value] : sections)
+        property = originals.property(property);
 }
 
 std::vector<std::pair<std::string_view, double>> NastranReport::seconds() const {

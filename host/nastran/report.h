@@ -25,6 +25,7 @@ class NastranReport final : public FileReport {
 
     void print(std::ostream& out, const PageStyle& style) const override;
     void addTo(Json& object) const override;
+    void restoreNumbers(const OriginalOids& originals) override;
     std::vector<std::pair<std::string_view, double>> seconds() const override;
 };
 

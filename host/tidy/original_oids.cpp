@@ -16,8 +16,11 @@ OriginalOids::OriginalOids(CKVODeckTidy& tidy) {
     elements_.reserve(static_cast<std::size_t>(tidy.GetElemOriginNum()));
     for (tidy.GetElemOriginBegin(); tidy.GetElemOriginNext(&origin);)
         elements_.push_back({origin.id, origin.originalId, rowOf(origin.part)});
+    for (tidy.GetPropertyOriginBegin(); tidy.GetPropertyOriginNext(&origin);)
+        properties_.push_back({origin.id, origin.originalId, rowOf(origin.part)});
     std::ranges::stable_sort(nodes_, {}, &Row::id);
     std::ranges::stable_sort(elements_, {}, &Row::id);
+    std::ranges::stable_sort(properties_, {}, &Row::id);
 }
 
 std::size_t OriginalOids::rowOf(const char* part) {
@@ -32,6 +35,11 @@ std::size_t OriginalOids::rowOf(const char* part) {
 const OriginalOids::Row* OriginalOids::find(const Rows& rows, int id) {
     const auto row = std::ranges::lower_bound(rows, id, {}, &Row::id);
     return row != rows.end() && row->id == id ? &*row : nullptr;
+}
+
+int OriginalOids::property(int id) const {
+    const Row* const row = find(properties_, id);
+    return row == nullptr ? id : row->originalId;
 }
 
 bool OriginalOids::restore(const Rows& rows, std::vector<int>& oids) {

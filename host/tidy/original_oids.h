@@ -18,6 +18,9 @@ class OriginalOids {
     /// that they are of: "element 5 of BOLT-1" for "element 1005".
     std::string translated(std::string_view text) const;
 
+    /// The number of a property; `id` where it has no card.
+    int property(int id) const;
+
     /// Replaces OIDs of the tidy deck. False, with `oids` untouched, where two of them have the
     /// same number in the original.
     bool restoreNodes(std::vector<int>& oids) const { return restore(nodes_, oids); }
@@ -39,6 +42,7 @@ class OriginalOids {
 
     Rows nodes_;
     Rows elements_;
+    Rows properties_;
     std::vector<std::string> parts_;
 };
 

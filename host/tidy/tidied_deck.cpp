@@ -15,6 +15,8 @@ namespace kvocaeio::host {
 
 namespace {
 
+constexpr std::string_view kNotWritten = "tidy.output-failed";
+
 /// Findings of imports that say what tidy has said with a place in the original.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 2> kToldByTidy = {{
     {"abaqus.set-shadows-block", "tidy.abaqus-set-of-block"},
@@ -45,25 +47,36 @@ const Format& findFormatToTidy(const std::string& path, bool isToBeTidied) {
 void TidiedDeck::tidy(const Format& format) {
     if (format.tidyFormat == CKVODeckTidy::kRecognise)
         return;
-    run_ = runTidy(tidy_, path_, name_, "", format.tidyFormat);
-    if (run_.good && tidy_.IsNeeded())
-        write(format.tidyFormat);
-    else if (run_.good)
+    write(format.tidyFormat);
+    if (run_.failureCode == kNotWritten) {  // which matters only where the deck needs it
+        TidyRun look = runTidy(tidy_, path_, name_, "", format.tidyFormat);
+        if (look.good && tidy_.IsNeeded())
+            throw FileError("cannot be tidied in a temporary file: " + run_.failure,
+                            "cannot-be-written");
+        run_ = std::move(look);
+    }
+    if (run_.good && tidy_.IsNeeded()) {
+        path_ = file_->path();
+        return;
+    }
+    file_.reset();
+    folder_.reset();
+    if (run_.good)
         run_.findings = {};  // the import of the original tells the same
 }
 
 void TidiedDeck::write(int format) {
-    // In a folder of its own, so that nobody else may read what is written there.
-    folder_ = std::make_unique<TemporaryPath>(TemporaryPath::Kind::kFolder, temporaryFolder());
-    file_ = std::make_unique<TemporaryPath>(folder_->path() + "/deck");
-    const std::string original = std::exchange(path_, file_->path());
-    run_ = runTidy(tidy_, original, name_, path_, format);
+    try {
+        // In a folder of its own, so that nobody else may read what is written there.
+        folder_ = std::make_unique<TemporaryPath>(TemporaryPath::Kind::kFolder, temporaryFolder());
+        file_ = std::make_unique<TemporaryPath>(folder_->path() + "/deck");
+        run_ = runTidy(tidy_, path_, name_, file_->path(), format);
+    } catch (const FileError& error) {
+        run_ = {false, {}, std::string(kNotWritten), error.what()};
+    }
 }
 
 void TidiedDeck::requireGood(const std::string& advice) const {
-    if (run_.failureCode == "tidy.output-failed")
-        throw FileError("cannot be tidied in a temporary file: " + run_.failure,
-                        "cannot-be-written");
     if (failed())
         throw FileError("cannot be tidied: " + run_.failure + advice, "not-tidied");
 }
@@ -95,6 +108,11 @@ void TidiedDeck::giveBack(ImportFindings& import) {
     }
     import.findings.insert(import.findings.begin(), run_.findings.findings.begin(),
                            run_.findings.findings.end());
+}
+
+void TidiedDeck::restoreNumbers(FileReport& report) {
+    if (isTidied())
+        report.restoreNumbers(OriginalOids(tidy_));
 }
 
 void TidiedDeck::restoreOids(SolidMesh& mesh) {

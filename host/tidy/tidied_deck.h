@@ -11,6 +11,7 @@
 
 namespace kvocaeio::host {
 
+class FileReport;
 struct Format;
 struct SolidMesh;
 
@@ -44,6 +45,8 @@ class TidiedDeck {
     void giveBack(ImportFindings& import);
     /// Gives nodes and elements the OIDs of the original where no two of them are alike.
     void restoreOids(SolidMesh& mesh);
+    /// Gives what `report` names the numbers of the original.
+    void restoreNumbers(FileReport& report);
 
   private:
     void write(int format);

@@ -2,9 +2,11 @@
 #include "tidy/tidy.h"
 
 #include <array>
+#include <filesystem>
 #include <iostream>
 #include <new>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "check/output.h"
@@ -31,7 +33,10 @@ struct TargetError : FileError {
 
 void refuseSameFile(const std::string& path, const std::string& other,
                     const std::optional<FileIdentity>& identity, const char* text) {
-    if (path == other || (identity && identity == identityOf(path)))
+    std::error_code error;
+    const bool areSame = std::filesystem::weakly_canonical(standardPath(path), error) ==
+                         std::filesystem::weakly_canonical(standardPath(other), error);
+    if ((areSame && !error) || (identity && identity == identityOf(path)))
         throw TargetError(path, std::string("cannot be written: it is ") + text, "same-file");
 }
 
@@ -103,6 +108,9 @@ void tidy(const TidyOptions& options, TidyResult& result) {
         refuseSameFile(options.mapFile, options.target, identityOf(options.target), "the new deck");
         onMap(options, [&] { map.emplace(options.mapFile); });
         tidyTo("", source, options, tidy, result);
+        if (tidy.IsSource(standardPath(options.mapFile).c_str()))
+            throw TargetError(options.mapFile, "cannot be written: the deck includes it",
+                              "same-file");
         onMap(options, [&] { writeMap(*map, tidy); });
     }
     tidyTo(options.target, source, options, tidy, result);

@@ -110,10 +110,17 @@ class KVOCAEIO_API CKVODeckTidy {
 
     /// Writes all origins as a table: a header line, then a line each of nodes, elements and
     /// properties, with the cells kind ("node", "element", "property"), id, original id, part and
-    /// file, separated by tabs. Returns false, with nothing written, when the disk refuses it.
+    /// file, separated by tabs. Returns false, with nothing written, when the disk refuses it, and
+    /// for a file that `IsSource` tells.
     bool WriteMap(const char* path);
     /// The same for a wide path.
     bool WriteMap(const wchar_t* path);
+
+    /// Returns whether the file at `path` is the last deck or a file that it includes, which a host
+    /// had better not replace. After a call of `Tidy` that returns false there are none.
+    bool IsSource(const char* path);
+    /// The same for a wide path.
+    bool IsSource(const wchar_t* path);
 
   private:
     kvocaeio::tidy::TidyState* state;

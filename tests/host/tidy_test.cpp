@@ -4,6 +4,10 @@
 #include "host/program.h"
 #include "host/schema.h"
 
+#if !defined(_WIN32)
+#include <unistd.h>
+#endif
+
 namespace kvocaeio::test {
 namespace {
 
@@ -141,6 +145,69 @@ TEST_F(Tidy, NeverReplacesAFileThatItReads) {
     EXPECT_THAT(namesIn(folder_), ElementsAre("mesh.bdf", "part.bdf"));
 }
 
+TEST_F(Tidy, AMapReplacesNoFileThatIsRead) {
+    const std::string empty = folder_.write("loads.bdf", "$ no node, no element\n");
+    folder_.write("part.bdf", "INCLUDE 'loads.bdf'\n" + std::string(kDialect));
+    for (const std::string& map : {folder_.file("mesh.bdf"), empty}) {
+        const std::string before = readText(map);
+        const Outcome outcome = runHost({"tidy", deck_, out_, "--map", map});
+        EXPECT_EQ(outcome.exitCode, 1);
+        EXPECT_EQ(outcome.errors,
+                  "kvocaeio: " + map + ": cannot be written: the deck includes it\n");
+        EXPECT_EQ(readText(map), before);
+    }
+    folder_.makeFolder("sub");
+    EXPECT_EQ(runHost({"tidy", deck_, out_, "--map", folder_.file("sub") + "/../out.nas"}).exitCode,
+              1);
+    EXPECT_THAT(namesIn(folder_), ElementsAre("loads.bdf", "mesh.bdf", "part.bdf", "sub"));
+}
+
+TEST_F(Tidy, IncludesOfStandardInputAreInTheCurrentFolder) {
+    const std::string program = quote(nativePath(KVOCAEIO_PROGRAM));
+    const std::string in = "cd " + quote(folder_.path().string()) + " && " + program;
+    const Outcome outcome =
+        runShell(in + " tidy --map map.txt - out.nas <" + quote(folder_.file("part.bdf")));
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_EQ(readText(out_), kPlain);
+    EXPECT_THAT(readText(folder_.file("map.txt")), HasSubstr("node\t5\t5\t\tmesh.bdf\nelement\t"));
+    EXPECT_THAT(runShell(in + " check --tidy --brief - <" + quote(deck_)).output,
+                HasSubstr("the first is element 12 "));
+    const Outcome refused =
+        runShell(in + " tidy --map mesh.bdf - other.nas <" + quote(folder_.file("part.bdf")));
+    EXPECT_EQ(refused.errors, "kvocaeio: mesh.bdf: cannot be written: the deck includes it\n");
+    EXPECT_EQ(readText(folder_.file("mesh.bdf")), kNodes);
+}
+
+TEST_F(Tidy, IncludesThatCannotBeFollowed) {
+    folder_.makeFolder("sub");
+    folder_.write("sub/back.bdf", "INCLUDE '../part.bdf'\n");
+    for (const auto& [name, failure] :
+         {std::pair("part.bdf",
+                    "the file part.bdf includes itself, directly or through another "
+                    "(line 1)\n"),
+          std::pair("sub",
+                    "the include sub is a folder or something else that is no file (line "
+                    "1)\n")}) {
+        folder_.write("part.bdf", "INCLUDE '" + std::string(name) + "'\nGRID,1\n");
+        EXPECT_EQ(runHost({"tidy", deck_, out_}).errors,
+                  "kvocaeio: " + deck_ + ": cannot be tidied: " + failure);
+    }
+    folder_.write("part.bdf", "\nINCLUDE 'sub/back.bdf'\nGRID,1\n");
+    EXPECT_THAT(runHost({"tidy", deck_, out_}).errors,
+                MatchesRegex(".*the file ../part.bdf includes itself.* .line 1 of .*back.bdf.\n"));
+    EXPECT_FALSE(std::filesystem::exists(out_));
+}
+
+TEST_F(Tidy, AnIncludeThatClimbsOutIsTold) {
+    folder_.makeFolder("sub");
+    const std::string deck =
+        folder_.write("sub/deck.bdf", "\nINCLUDE '../mesh.bdf'\nCTETRA,13,1,1,2,3,4\nPSOLID,1,1\n");
+    const Outcome outcome = runHost({"tidy", "--report", deck, out_});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("deck.bdf:2:1: note: the included file ../mesh.bdf is "
+                                          "outside the deck's folder [tidy.include-outside]"));
+}
+
 TEST_F(Tidy, SaysThatPatranFilesNeedNone) {
     EXPECT_THAT(runHost({"tidy", sampleDeck("bracket.pat"), out_}).errors,
                 EndsWith("bracket.pat: is of a format that needs no tidying (Patran neutral file); "
@@ -202,6 +269,20 @@ TEST_F(Tidy, InfoReadsTheTidyDeck) {
     EXPECT_EQ(runHost({"info", deck_}).exitCode, 1);
 }
 
+TEST_F(Tidy, InfoNamesPropertiesAsTheOriginalDoes) {
+    const std::string deck =
+        folder_.write("part.bdf", std::string(kDialect.substr(0, kDialect.find("ENDDATA"))) +
+                                      "PSOLID,300000000,2\nPROD,5,3,12.\nENDDATA\n");
+    EXPECT_THAT(runHost({"info", "--tidy", deck}).output,
+                HasSubstr("   property  material  value\n"
+                          "          7         1      0\n"
+                          "  300000000         2      0\n"
+                          "          5         3      3\n"));
+    const json report = json::parse(runHost({"info", "--tidy", "--json", deck}).output);
+    const json& properties = report.at("files").at(0).at("nastran").at("properties");
+    EXPECT_EQ(properties.at(1).at("property"), 300000000);
+}
+
 TEST_F(Tidy, ConvertTidiesWhereItIsNeeded) {
     const std::string bolts = folder_.write("bolts.inp", kBolts);
     const Outcome outcome = runHost({"convert", bolts, out_});
@@ -256,6 +337,68 @@ TEST_F(Tidy, AFullDiskLeavesTheOldFileAlone) {
     EXPECT_THAT(outcome.errors, HasSubstr("the new deck cannot be written: File too large"));
     EXPECT_EQ(readText(out_), "keep me");
     EXPECT_THAT(namesIn(folder_), ElementsAre("mesh.bdf", "out.nas", "part.bdf"));
+}
+
+TEST_F(Tidy, WithoutRoomForATemporaryDeckOthersAreReadStill) {
+    const std::string plain = folder_.write("plain.nas", kPlain);
+    const std::string program = "TMPDIR=" + quote(folder_.file("none")) + " " + KVOCAEIO_PROGRAM;
+    EXPECT_EQ(runShell(program + " info --tidy " + quote(plain)).exitCode, 0);
+    const Outcome outcome = runShell(program + " info --tidy " + quote(deck_));
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.errors, "kvocaeio: " + deck_ +
+                                  ": cannot be tidied in a temporary file: cannot be written: No "
+                                  "such file or directory\n");
+    EXPECT_EQ(runShell(program + " check --tidy " + quote(deck_)).exitCode, 3);
+}
+
+TEST_F(Tidy, AFullDeviceIsNoTarget) {
+    const Outcome outcome = runHost({"tidy", deck_, "/dev/full"});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("the new deck cannot be written: "));
+    const Outcome map = runHost({"tidy", deck_, out_, "--map", "/dev/full"});
+    EXPECT_EQ(map.exitCode, 1);
+    EXPECT_THAT(namesIn(folder_), ElementsAre("mesh.bdf", "part.bdf"));
+}
+
+TEST_F(Tidy, AFullDiskTakesNeitherDeckNorMap) {
+    std::string nodes;
+    for (int i = 6; i <= 500; ++i)
+        nodes += "GRID," + std::to_string(2 * i) + "\n";
+    folder_.write("part.bdf", nodes + std::string(kDialect));
+    folder_.write("map.txt", "keep me");
+    for (const std::string kilobytes : {"4", "14", "30"}) {  // the map is the larger one
+        const Outcome outcome = runShell("trap '' XFSZ; ulimit -f " + kilobytes + "; " +
+                                         quote(KVOCAEIO_PROGRAM) + " tidy " + quote(deck_) + " " +
+                                         quote(out_) + " --map " + quote(folder_.file("map.txt")));
+        EXPECT_EQ(outcome.exitCode, 1) << kilobytes;
+        EXPECT_THAT(outcome.errors, HasSubstr("the disk may be full"));
+        EXPECT_EQ(readText(folder_.file("map.txt")), "keep me");
+        EXPECT_THAT(namesIn(folder_), ElementsAre("map.txt", "mesh.bdf", "part.bdf"));
+    }
+}
+
+TEST_F(Tidy, AFolderThatMayNotBeWrittenTo) {
+    using std::filesystem::perms;
+    folder_.makeFolder("locked");
+    const std::filesystem::path locked = folder_.path() / "locked";
+    std::filesystem::permissions(
+        locked, perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
+    std::filesystem::permissions(folder_.path(), perms::all);
+    // To its owner of all rights nothing is locked.
+    const std::string other =
+        geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    const std::string program = other + quote(KVOCAEIO_PROGRAM);
+    if (runShell(program + " --version").exitCode != 0)
+        GTEST_SKIP() << "nobody else can run the program";
+    const std::string target = quote((locked / "out.nas").string());
+    const Outcome outcome = runShell(program + " tidy " + quote(deck_) + " " + target);
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("the new deck cannot be written: Permission denied"));
+    const Outcome map =
+        runShell(program + " tidy " + quote(deck_) + " " + quote(out_) + " --map " + target);
+    EXPECT_EQ(map.exitCode, 1);
+    EXPECT_TRUE(std::filesystem::is_empty(locked));
+    EXPECT_FALSE(std::filesystem::exists(out_));
 }
 
 TEST_F(Tidy, AnInterruptionLeavesNoTemporaryFiles) {

@@ -1,41 +1,22 @@
 /// Nastran decks before and after: the forms of cards.
+#include "tidy/nastran_cards.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 
-#include "tidy/tidied.h"
-
 namespace {
 
+using kvocaeio::test::cardsOf;
+using kvocaeio::test::kBar;
 using kvocaeio::test::TempFolder;
 using kvocaeio::test::Tidied;
+using kvocaeio::test::tidiedNastran;
 using kvocaeio::test::tidyFile;
-using kvocaeio::test::tidyText;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// A node and an element, so that there are some.
-constexpr std::string_view kGrid = "GRID          99              1.      1.      1.\n";
-constexpr std::string_view kBar = "CBAR           9       1       1       2\n";
-
-Tidied tidied(const std::string& deck) {
-    return tidyText(deck, CKVODeckTidy::kNastran);
-}
-
-// The new deck of cards and these, without the first and last line and these.
-std::string cardsOf(const std::string& deck) {
-    const Tidied result = tidied(std::string(kGrid) + deck + std::string(kBar));
-    EXPECT_TRUE(result.isDone);
-    EXPECT_TRUE(result.isNeeded);
-    const std::string& text = result.text;
-    const std::string begin = "BEGIN BULK\n" + std::string(kGrid);
-    const std::size_t end = text.rfind("CBAR           9");
-    EXPECT_TRUE(text.starts_with(begin));
-    EXPECT_TRUE(text.ends_with("\nENDDATA\n"));
-    return end == std::string::npos ? "" : text.substr(begin.size(), end - begin.size());
-}
 
 TEST(TidyNastranCards, FreeFields) {
     EXPECT_EQ(cardsOf("GRID,1,,0.5,2.,3.\nGRID, 2 , 0 , 1.5 , , -3.\n"),
@@ -71,7 +52,7 @@ TEST(TidyNastranCards, NumbersWithPlusSignsAndOtherExponents) {
 }
 
 TEST(TidyNastranCards, CommentsAndControlAreNoCards) {
-    const Tidied result = tidied(
+    const Tidied result = tidiedNastran(
         "ID GRID,1\nSOL 101\nCEND\nTITLE = CHEXA\nBEGIN BULK\n$ CHEXA\n"
         "GRID           1              1.      2.      3.$ GRID 7\n"
         "SPCGRID        5       0      1.      2.      3.\n" +
@@ -81,7 +62,7 @@ TEST(TidyNastranCards, CommentsAndControlAreNoCards) {
 }
 
 TEST(TidyNastranCards, DecksWithoutControlAndEnd) {
-    const Tidied result = tidied("GRID,1\n" + std::string(kBar.substr(0, kBar.size() - 1)));
+    const Tidied result = tidiedNastran("GRID,1\n" + std::string(kBar.substr(0, kBar.size() - 1)));
     EXPECT_TRUE(result.isDone);
     EXPECT_EQ(result.nodeOrigins, "1<1");
     EXPECT_EQ(result.elementOrigins, "9<9");
@@ -102,7 +83,7 @@ TEST(TidyNastranCards, HexahedraAreReadWhole) {
 }
 
 TEST(TidyNastranCards, SecondOrderSolidsByTheirCorners) {
-    const Tidied result = tidied(
+    const Tidied result = tidiedNastran(
         "GRID,1\nCTETRA,1,1,1,2,3,4,5,6,+\n+,7,8,9,10\n"
         "CPYRAM,2,1,1,2,3,4,5,6\n");
     EXPECT_EQ(result.text,
@@ -145,7 +126,7 @@ TEST(TidyNastranCards, ReplicationIsWrittenOut) {
 }
 
 TEST(TidyNastranCards, PropertiesAreNumberedInTheirOrder) {
-    const Tidied result = tidied(
+    const Tidied result = tidiedNastran(
         "GRID,1\nCTETRA,1,70,1,2,3,4\nCROD,2,5,1,2\nCROD,3,99,1,2\n"
         "PSOLID,70,7,0\nPROD,5,8,2.5+1\nPSHELL,6,9,.8\nPTUBE,7,1,+3.\n");
     EXPECT_EQ(result.text,
@@ -170,7 +151,7 @@ TEST(TidyNastranCards, BeamsByTheDimensionsOfTheirSections) {
 }
 
 TEST(TidyNastranCards, ShellsAreKeptAndTold) {
-    const Tidied result = tidied("GRID,1\nCQUAD8,4,1,1,2,3,4,5,6,7,8\nCTRIA6,5,1,1,2,3\n");
+    const Tidied result = tidiedNastran("GRID,1\nCQUAD8,4,1,1,2,3,4,5,6,7,8\nCTRIA6,5,1,1,2,3\n");
     EXPECT_EQ(result.text,
               "BEGIN BULK\n"
               "GRID           1              0.      0.      0.\n"
@@ -181,14 +162,14 @@ TEST(TidyNastranCards, ShellsAreKeptAndTold) {
 }
 
 TEST(TidyNastranCards, ElementsThatTheReaderDoesNotKnowAreLeftOut) {
-    const Tidied result = tidied("GRID,1\nCELAS2,4,1.,1,1\n" + std::string(kBar));
+    const Tidied result = tidiedNastran("GRID,1\nCELAS2,4,1.,1,1\n" + std::string(kBar));
     EXPECT_THAT(result.others, ElementsAre("2:1 tidy.nastran-element-left-out"));
     EXPECT_EQ(result.elementOrigins, "9<9");
     EXPECT_TRUE(result.isDone);
 }
 
 TEST(TidyNastranCards, LongNumbersAreReplaced) {
-    const Tidied result = tidied(
+    const Tidied result = tidiedNastran(
         "GRID,5\nGRID,100000000\nGRID,2147483647\n"
         "CROD,300000000,1,100000000,2147483647\n");
     EXPECT_EQ(result.text,
@@ -203,7 +184,8 @@ TEST(TidyNastranCards, LongNumbersAreReplaced) {
 }
 
 TEST(TidyNastranCards, LongNumbersGoIntoGapsWhereNoneAreLeftAtTheEnd) {
-    const Tidied result = tidied("GRID,1\nGRID,99999999\nGRID,100000000\n" + std::string(kBar));
+    const Tidied result =
+        tidiedNastran("GRID,1\nGRID,99999999\nGRID,100000000\n" + std::string(kBar));
     EXPECT_EQ(result.nodeOrigins, "1<1 99999999<99999999 2<100000000");
 }
 
@@ -221,8 +203,9 @@ TEST(TidyNastranCards, APlainDeckNeedsNothing) {
         "MAT1           1   9500.             .37 1.37-9\n"
         "PSOLID         1       3       0\n"
         "ENDDATA\n";
-    EXPECT_TRUE(tidied(deck + std::string(kBar)).others.size() == 1);  // "-1.5E" is no number
-    const Tidied result = tidied(plain);
+    EXPECT_TRUE(tidiedNastran(deck + std::string(kBar)).others.size() ==
+                1);  // "-1.5E" is no number
+    const Tidied result = tidiedNastran(plain);
     EXPECT_TRUE(result.isDone);
     EXPECT_FALSE(result.isNeeded);
     EXPECT_EQ(result.text, plain);
@@ -240,14 +223,14 @@ TEST(TidyNastranCards, WhatTheReaderWouldMisreadIsNotPlain) {
           "CQUADR         4\n", "=       \n", "PBARL          1       1\n", "GRID           2\t\n",
           "CHEXA          7       3     109     110     111     112     113     114\n"
           "+            115     116\n"})
-        EXPECT_NE(tidied(grid + std::string(line) + std::string(kBar)).text,
+        EXPECT_NE(tidiedNastran(grid + std::string(line) + std::string(kBar)).text,
                   grid + std::string(line) + std::string(kBar))
             << line;
 }
 
 TEST(TidyNastranCards, ErrorsHaveThePlaceOfTheField) {
     const auto othersOf = [](const std::string& cards) {
-        const Tidied result = tidied("GRID,1\n" + cards + std::string(kBar));
+        const Tidied result = tidiedNastran("GRID,1\n" + cards + std::string(kBar));
         EXPECT_FALSE(result.isDone);
         EXPECT_EQ(result.text, "");
         return result.others;
@@ -260,13 +243,13 @@ TEST(TidyNastranCards, ErrorsHaveThePlaceOfTheField) {
     EXPECT_THAT(othersOf("GRID,2,5\n"), ElementsAre("2:8 tidy.nastran-frame-missing"));
     EXPECT_THAT(othersOf("INCLUDE 'none'\n"), ElementsAre("2:1 tidy.include-missing"));
     EXPECT_THAT(othersOf("INCLUDE 'none\n"), ElementsAre("2:1 tidy.nastran-include-name"));
-    EXPECT_THAT(othersOf("=(3)\n"), ElementsAre("2:0 tidy.nastran-replication-wrong"));
+    EXPECT_THAT(othersOf("=(3)\n"), ElementsAre("2:1 tidy.nastran-replication-wrong"));
 }
 
 TEST(TidyNastranCards, ADeckWithoutNodesOrElementsIsNone) {
-    EXPECT_THAT(tidied(std::string(kBar)).others, ElementsAre("0:0 tidy.nastran-no-nodes"));
-    EXPECT_THAT(tidied("GRID,1\n").others, ElementsAre("0:0 tidy.nastran-no-elements"));
-    EXPECT_THAT(tidied("").others, ElementsAre("0:0 tidy.nastran-no-nodes"));
+    EXPECT_THAT(tidiedNastran(std::string(kBar)).others, ElementsAre("0:0 tidy.nastran-no-nodes"));
+    EXPECT_THAT(tidiedNastran("GRID,1\n").others, ElementsAre("0:0 tidy.nastran-no-elements"));
+    EXPECT_THAT(tidiedNastran("").others, ElementsAre("0:0 tidy.nastran-no-nodes"));
 }
 
 TEST(TidyNastranCards, IncludesWithQuotesOverSeveralLines) {
@@ -296,9 +279,9 @@ TEST(TidyNastranCards, ATidyDeckStaysAsItIs) {
 }
 
 TEST(TidyNastranCards, TheDeviationIsThatOfTheWorstCoordinate) {
-    EXPECT_EQ(tidied("GRID,1,,1.5,2.,3.\n" + std::string(kBar)).deviation, 0.0);
-    EXPECT_NEAR(tidied("GRID,1,,12345.678,1.00000004,3.\n" + std::string(kBar)).deviation, 0.002,
-                1e-9);
+    EXPECT_EQ(tidiedNastran("GRID,1,,1.5,2.,3.\n" + std::string(kBar)).deviation, 0.0);
+    EXPECT_NEAR(tidiedNastran("GRID,1,,12345.678,1.00000004,3.\n" + std::string(kBar)).deviation,
+                0.002, 1e-9);
 }
 
 }  // namespace

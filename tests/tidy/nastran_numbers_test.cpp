@@ -1,6 +1,10 @@
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -97,54 +101,70 @@ TEST(TidyNastranNumbers, RoundingMayMakeANumberLonger) {
     EXPECT_EQ(shortened(0.99999999), "1.");
 }
 
-// The forms that eight columns can have, tried one by one.
-double nearest(double value) {
+// The most digits of an integer times this power of ten that so many columns hold: behind a point,
+// or with the power as an exponent. A point and an exponent together hold no more.
+int mostDigits(int power, int columns) {
+    const std::string exponent = power == 0 ? "" : (power > 0 ? "E" : "") + std::to_string(power);
+    const int before = columns - static_cast<int>(exponent.size());
+    return power < 0 && -power < columns ? std::max(columns - 1, before) : before;
+}
+
+// Of all decimals that columns hold, the one that is nearest to a number above 0, by trial of each
+// power of ten that can matter. The C library rounds the exact digits.
+double nearestDecimal(double magnitude, int columns) {
     double best = 0.0;
     std::array<char, 64> text;
-    const auto take = [&](const char* form, int decimals, double scaled, int exponent) {
-        int size = std::snprintf(text.data(), text.size(), form, decimals, scaled);
-        std::string field(text.data(), static_cast<std::size_t>(size));
-        if (field.find('.') != std::string::npos && exponent == 0)
-            if (const auto zero = field.find("0."); zero == 0 || (zero == 1 && field[0] == '-'))
-                field.erase(zero, 1);
-        std::string scanned = field;
-        if (exponent != 0) {
-            field += (exponent > 0 ? "E" : "") + std::to_string(exponent);
-            scanned += "E" + std::to_string(exponent);
-        }
-        const double read = std::stod(scanned);
-        if (field.size() <= 8 && std::abs(read - value) < std::abs(best - value))
-            best = read;
-    };
-    for (int decimals = 0; decimals < 8; ++decimals)
-        take("%.*f", decimals, value, 0);
-    for (int digits = 1; digits < 9; ++digits) {
-        std::snprintf(text.data(), text.size(), "%.*e", digits - 1, value);
-        const std::string rounded = text.data();
-        const int exponent = std::stoi(rounded.substr(rounded.find('e') + 1)) - (digits - 1);
-        std::string mantissa = rounded.substr(0, rounded.find('e'));
-        std::erase(mantissa, '.');
-        take("%.*f", 0, std::stod(mantissa), exponent);
+    std::snprintf(text.data(), text.size(), "%.0e", magnitude);
+    const int first = std::atoi(text.data() + 2);  // the power of the first digit
+    for (int count = 1; count <= 9; ++count) {
+        std::snprintf(text.data(), text.size(), "%.*e", count - 1, magnitude);
+        const double read = std::strtod(text.data(), nullptr);
+        for (const int start : {first - 1, first})  // which rounding may have made larger
+            if (count <= mostDigits(start - count + 1, columns) &&
+                std::atoi(std::strchr(text.data(), 'e') + 1) == start &&
+                std::abs(read - magnitude) < std::abs(best - magnitude))
+                best = read;
     }
     return best;
 }
 
-TEST(TidyNastranNumbers, NoOtherFormIsNearerThanAFloatCanTell) {
-    std::mt19937 random(20);
+void expectNearest(double value) {
+    const ShortReal number = shortenReal(value);
+    double read = 0.0;
+    ASSERT_LE(number.size, 8u);
+    ASSERT_TRUE(readReal(number.text(), read)) << number.text();
+    ASSERT_EQ(read, number.value);
+    ASSERT_TRUE(isPlainReal(number.text())) << number.text();
+    const double best = nearestDecimal(std::abs(value), std::signbit(value) ? 7 : 8);
+    ASSERT_LE(std::abs(std::abs(read) - std::abs(value)), std::abs(best - std::abs(value)))
+        << std::hexfloat << value << " " << number.text() << " " << std::defaultfloat << best;
+}
+
+TEST(TidyNastranNumbers, NoOtherDecimalOfEightColumnsIsNearer) {
+    std::mt19937_64 random(20);
     std::uniform_real_distribution<double> mantissa(-10.0, 10.0);
     std::uniform_int_distribution<int> exponent(-20, 20);
-    for (int i = 0; i < 20'000; ++i) {
-        const double value = mantissa(random) * std::pow(10.0, exponent(random));
-        const double best = nearest(value);
-        const ShortReal number = shortenReal(value);
-        double read = 0.0;
-        ASSERT_TRUE(readReal(number.text(), read));
-        ASSERT_EQ(read, number.value);
-        ASSERT_TRUE(isPlainReal(number.text())) << number.text();
-        if (static_cast<float>(read) != static_cast<float>(best)) {
-            ASSERT_LE(std::abs(read - value), std::abs(best - value))
-                << value << " " << number.text();
-        }
+    std::uniform_int_distribution<int> digits(1, 9);
+    for (int i = 0; i < 20'000; ++i)
+        expectNearest(mantissa(random) * std::pow(10.0, exponent(random)));
+    for (int i = 0; i < 20'000; ++i) {  // numbers of few digits, as decks have them
+        std::array<char, 64> text;
+        std::snprintf(text.data(), text.size(), "%.*e", digits(random),
+                      mantissa(random) * std::pow(10.0, exponent(random) / 2));
+        expectNearest(std::strtod(text.data(), nullptr));
+    }
+    for (int i = 0; i < 20'000; ++i)  // of all sizes
+        if (const auto value = std::bit_cast<double>(random());
+            std::isfinite(value) && std::abs(value) < 1e307)
+            expectNearest(value);
+}
+
+TEST(TidyNastranNumbers, WhatFitsIsKeptExactly) {
+    for (const std::string_view text : {"51234001", "1.-50", "12345E35", "-1234567", ".1234567",
+                                        "-.000123", "1.2345-9", "12345-13", "1.E300", "4.-320"}) {
+        double value = 0.0;
+        ASSERT_TRUE(readReal(text, value));
+        EXPECT_EQ(shortenReal(value).value, value) << text;
     }
 }
 

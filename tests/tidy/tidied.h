@@ -1,6 +1,8 @@
 /// Decks tidied in a folder of the test's own.
 #pragma once
 
+#include <filesystem>
+#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,6 +64,39 @@ inline Tidied tidyText(std::string_view text, int format) {
     const TempFolder folder;
     folder.write("deck", text);
     return tidyFile(folder, "deck", format);
+}
+
+/// Whether tidying the tidy deck of `in` changes no byte of it; true as well where there is no tidy
+/// deck. `tidied` counts those that there are.
+inline bool staysTidy(const TempFolder& folder, const std::string& in, int format, int& tidied) {
+    const std::string out = folder.file("tidied");
+    const std::string again = folder.file("again");
+    CKVODeckTidy tidy;
+    if (!tidy.Tidy(in.c_str(), out.c_str(), format, nullptr))
+        return !tidy.IsNeeded() && tidy.GetNodeOriginNum() == 0;
+    ++tidied;
+    CKVODeckTidy second;
+    return (tidy.IsNeeded() || readBytes(out) == readBytes(in)) &&
+           second.Tidy(out.c_str(), again.c_str(), format, nullptr) &&
+           (format == CKVODeckTidy::kAbaqus || !second.IsNeeded()) &&
+           readBytes(again) == readBytes(out) &&
+           second.GetNodeOriginNum() == tidy.GetNodeOriginNum() &&
+           second.GetElemOriginNum() == tidy.GetElemOriginNum() &&
+           second.GetPropertyOriginNum() == tidy.GetPropertyOriginNum();
+}
+
+/// The same of each file in a folder and those below it, if its name ends with `ending`.
+inline void expectAllStayTidy(const std::filesystem::path& decks, std::string_view ending,
+                              int format) {
+    const TempFolder folder;
+    int tidied = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(decks)) {
+        const std::string deck = entry.path().string();
+        if (entry.is_regular_file() && deck.ends_with(ending)) {
+            EXPECT_TRUE(staysTidy(folder, deck, format, tidied)) << deck;
+        }
+    }
+    EXPECT_GT(tidied, 0);
 }
 
 }  // namespace kvocaeio::test

@@ -15,8 +15,6 @@ namespace {
 // Of longer lines, with their ends, the reader takes the rest for further lines.
 constexpr std::size_t kMostPiece = 509;
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 // Parameters without a value that may stand alone in a line.
 constexpr std::string_view kFlags[] = {"GENERATE", "INTERNAL", "UNSORTED", "COMPOSITE",
                                        "REFLECT",  "SHIFT",    "POLE",     "TWO STEP"};
@@ -39,6 +37,10 @@ bool DeckLines::take() {
     if (!files_.next())
         return false;
     line_ = files_.line();
+    if (files_.hasReturnsAlone())
+        setNeeded();
+    if (files_.hasByteOrderMark())
+        change(Finding::kByteOrderMark, line());
     if (!parameters_.isEmpty())
         putParameters();
     if (line().size() > kMostPiece)
@@ -58,12 +60,7 @@ void DeckLines::putParameters() {
 // Whether the line taken last is data of the present statement. Otherwise it is passed over, or it
 // is a statement that is kept for later.
 bool DeckLines::isData() {
-    std::string_view line = line_;
-    if (isFirst_ && line.starts_with(kByteOrderMark)) {
-        change(Finding::kByteOrderMark, line);
-        line.remove_prefix(kByteOrderMark.size());
-    }
-    isFirst_ = false;
+    const std::string_view line = line_;
     std::size_t at = 0;
     while (at < line.size() && text::isSpace(line[at]))
         ++at;

@@ -109,7 +109,6 @@ class DeckLines {
     bool isInside_ = false;
     bool isNeeded_ = false;
     bool hasFailed_ = false;
-    bool isFirst_ = true;
 };
 
 }  // namespace kvocaeio::tidy::abaqus

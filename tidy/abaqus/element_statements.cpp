@@ -44,6 +44,8 @@ bool appendNumbers(std::string_view line, std::size_t most, std::vector<int>& nu
 bool appendOtherNumbers(DeckReader& reader, std::size_t most, std::vector<int>& numbers) {
     Fields fields(reader.lines.line());
     std::string_view field;
+    bool isPlain = true;
+    bool isNegative = false;
     while (numbers.size() < most && fields.next(field)) {
         int number = 0;
         if (!readInteger(field, number)) {
@@ -51,8 +53,10 @@ bool appendOtherNumbers(DeckReader& reader, std::size_t most, std::vector<int>& 
             return false;
         }
         numbers.push_back(number);
+        isNegative = isNegative || number < 0;
+        isPlain = isPlain && field == std::to_string(number);
     }
-    if (!reader.lines.tellTabs())
+    if (!reader.lines.tellTabs() && !(isPlain && isNegative))
         reader.lines.change(Finding::kNumberForm, reader.lines.line());
     return true;
 }

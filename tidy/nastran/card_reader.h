@@ -23,6 +23,7 @@ struct StrayLines {
         LineInFile place;
     };
     std::unordered_map<std::string, Line> byMark;
+    std::vector<std::filesystem::path> files;  ///< of their places
     bool areWanted = false;  ///< a card needs one
     bool areKnown = false;   ///< the first pass is over
 };
@@ -42,6 +43,10 @@ class CardReader {
     const Card& card() const { return cards_[current_]; }
     /// Whether the deck's bulk data has begun, so that what is not known is a card.
     bool isInBulk() const { return isInBulk_; }
+    /// Whether the control sections have ended with a `BEGIN`, so that nothing before it is a card.
+    bool hasLeftControl() const { return hasLeftControl_; }
+    /// Passes over all before that `BEGIN`, which is known to come.
+    void skipControl() { skipsControl_ = true; }
 
     /// Notes a field of the card, or its first line where it has no such field.
     void note(Finding finding, std::size_t field, std::string_view subject = {});
@@ -60,14 +65,17 @@ class CardReader {
     LineInFile lineInFile() const { return {sources_.fileRow(), sources_.lineNumber()}; }
 
     void readCard(Card& card);
+    void keepMark(const SplitLine& line);
     void addContinuations(Card& card);
     bool belongsToLast(std::string_view field) const;
     void keepStray();
-    void addStrayLines(Card& card);
+    bool addStrayLines(Card& card);
 
     bool readReplication();
+    bool hasLastValues() const;
     bool replicate();
-    bool replicateField(const Card& before, std::size_t index, std::string_view text, Card& card);
+    bool replicateField(std::string_view before, std::string_view text, Card& card) const;
+    bool moveField(std::string_view before, std::string_view text, Card& card) const;
     bool refuseReplication();
 
     SourceFiles& sources_;
@@ -79,13 +87,18 @@ class CardReader {
     std::array<Card, 2> cards_;        // the present one and the one before
     std::size_t current_ = 0;
     std::string lastMark_;                   // of the line before
+    bool isMarkSigned_ = false;              // it begins with a plus sign or a star
     std::unordered_set<std::string> unmet_;  // marks of cards whose continuation did not follow
     Card template_;                          // of the last replication
     bool hasTemplate_ = false;
     bool hasCard_ = false;
-    long long repeats_ = 0;
+    long long repeats_ = 0;   // cards that it still makes
+    LineInFile replication_;  // the line that asked for them
     std::size_t replicas_ = 0;
     bool isInBulk_ = false;
+    bool hasControl_ = false;
+    bool hasLeftControl_ = false;
+    bool skipsControl_ = false;
     bool isIncomplete_ = false;
 };
 

@@ -86,8 +86,14 @@ bool scanRound(const Deck& deck, const text::Listener& listener, Round round,
     if (!sources.open())
         return false;
     CardReader cards(sources, content.strayLines);
+    if (content.hasControl)
+        cards.skipControl();
     while (cards.next()) {
         const Card& card = cards.card();
+        if (cards.hasLeftControl() && !content.hasControl) {
+            content.hasControl = true;
+            content.forgetCards();
+        }
         if (card.rule() == nullptr)
             continue;
         if (round == Round::kCards)
@@ -95,6 +101,8 @@ bool scanRound(const Deck& deck, const text::Listener& listener, Round round,
         else if (card.rule()->kind == CardKind::kGrid)
             scanGridPoint(card, content);
     }
+    if (!content.strayLines.areKnown)
+        content.strayLines.files = sources.opened();
     return true;
 }
 
@@ -134,7 +142,7 @@ bool scanDeck(const Deck& deck, const text::Listener& listener, DeckContent& con
         if (!content.strayLines.areKnown && content.strayLines.areWanted) {
             // Cards were read without their continuations.
             content.strayLines.areKnown = true;
-            content.nodes = content.elements = {};
+            content.forgetCards();
             continue;
         }
         content.strayLines.areKnown = true;

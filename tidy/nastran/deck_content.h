@@ -15,7 +15,16 @@ struct DeckContent {
     Numbering elements;
     PropertyNumbering properties;
     FrameTable frames;
-    int defaultFrame = 0;  ///< of grid points whose coordinate system is blank
+    int defaultFrame = 0;     ///< of grid points whose coordinate system is blank
+    bool hasControl = false;  ///< sections before a `BEGIN`, which have no cards
+
+    /// Forgets all cards.
+    void forgetCards() {
+        nodes = elements = {};
+        properties.clear();
+        frames.clear();
+        defaultFrame = 0;
+    }
 };
 
 /// Reads the number of a card. False for anything but an integer from 1 to the largest int.

@@ -21,13 +21,14 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "The reader finds names in upper case alone. Some programs put an underscore behind those of "
      "elements with mid-side nodes.",
      ""},
+    {"tidy.nastran-byte-order-mark", kNote, "the byte order mark is left out",
+     "It would move the first line by three columns.", ""},
     {"tidy.nastran-continuation-elsewhere", kNote,
      "the continuation {} is taken from another place of the deck",
      "Continuations that are named on both lines may stand anywhere in a deck.", ""},
     {"tidy.nastran-replication", kNote, "{} cards made by replication are written out",
-     "Fields of equals signs repeat those of the card before; \"*(n)\" adds n to it. The reader "
-     "knows "
-     "no replication.",
+     "Fields of equals signs repeat those of the card before; \"*(n)\" adds n to it, \"%(n)\" "
+     "leads in equal steps to n. The reader knows no replication.",
      ""},
     {"tidy.nastran-number-form", kNote,
      "a number of a {} card is put into the form that the reader reads",
@@ -106,8 +107,8 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "defined by itself.",
      "Correct the card"},
     {"tidy.nastran-replication-wrong", kError, "a replication cannot be followed",
-     "There is no card before it, a field cannot be added to, or it makes more than ten million "
-     "cards.",
+     "There is no card before it, a field cannot be added to, a \"%(n)\" stands in a line that "
+     "does not say how many cards there are, or there would be more than ten million cards.",
      "Write the cards out"},
     {"tidy.nastran-include-name", kError, "an include has no name, or a quote that is not closed",
      "The name of an included file stands in quotes, and may go over several lines.",

@@ -14,6 +14,7 @@ enum class Finding : std::size_t {
     kLargeField,
     kTabs,
     kOtherName,
+    kByteOrderMark,
     kContinuationElsewhere,
     kReplication,
     kNumberForm,

@@ -89,7 +89,7 @@ class Candidate {
     std::size_t size_ = 0;
 };
 
-// The better of two: nearer to the value, of those that are one float the first.
+// The better of two: nearer to the value, of those that are as near the first.
 void takeBetter(const Candidate& candidate, double value, ShortReal& best) {
     if (!candidate.fits())
         return;
@@ -105,8 +105,7 @@ void takeBetter(const Candidate& candidate, double value, ShortReal& best) {
     }
     const double read = valueOf({scanned.data(), size});
     const bool isFirst = best.size == 0;
-    if (!isFirst && (std::abs(read - value) >= std::abs(best.value - value) ||
-                     static_cast<float>(read) == static_cast<float>(best.value)))
+    if (!isFirst && std::abs(read - value) >= std::abs(best.value - value))
         return;
     best.size = text.copy(best.characters.data(), kWidth);
     best.value = read;

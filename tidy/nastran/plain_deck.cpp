@@ -93,6 +93,12 @@ bool isPassedOver(std::string_view line) {
     return rule == nullptr || rule->kind == CardKind::kUnread;
 }
 
+bool isStatement(std::string_view line, std::string_view word) {
+    line = trimmed(line);
+    return line.size() >= word.size() &&
+           std::ranges::equal(line.substr(0, word.size()), word, {}, text::toUpper);
+}
+
 std::string_view columns(std::string_view line, std::size_t field) {
     const std::size_t at = std::min(field * kColumns, line.size());
     return line.substr(at, kColumns);
@@ -196,7 +202,9 @@ bool PlainDeck::take(std::string_view line) {
         return isPlainComment(line);
     rule_ = bits.hasLetters ? plainRule(line) : nullptr;
     if (rule_ == nullptr)
-        return !bits.hasLetters ? line.empty() || line[0] != '=' : isPassedOver(line);
+        return bits.hasLetters ? takeOther(line) : line.empty() || line[0] != '=';
+    if (isEnded_)
+        return false;
     const std::string_view rest = line.substr(kColumns);
     if (bits.hasLettersBehind && canHoldName(rest) && holdsReaderName(rest))
         return false;
@@ -212,6 +220,15 @@ bool PlainDeck::take(std::string_view line) {
         default:
             return false;
     }
+}
+
+// The reader passes over the statements between which the cards stand, and reads all cards.
+bool PlainDeck::takeOther(std::string_view line) {
+    isEnded_ = isEnded_ || isStatement(line, "ENDDATA");
+    if (nodes_ + elements_ > 0 || properties_ > 0)
+        if (isStatement(line, "BEGIN"))
+            return false;
+    return isPassedOver(line);
 }
 
 bool PlainDeck::takeGrid(std::string_view line) {

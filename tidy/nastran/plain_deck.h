@@ -25,6 +25,7 @@ class PlainDeck {
     std::string_view name() const { return rule_->name; }
 
   private:
+    bool takeOther(std::string_view line);
     bool takeGrid(std::string_view line);
     bool takeElement(std::string_view line, std::size_t corners);
     bool takeHexa(std::string_view line);
@@ -36,6 +37,7 @@ class PlainDeck {
     const CardRule* rule_ = nullptr;
     int number_ = 0;
     bool isInHexa_ = false;  // the next line is the continuation of a `CHEXA`
+    bool isEnded_ = false;   // what comes now is no card, but one for the reader
     std::size_t nodes_ = 0;
     std::size_t elements_ = 0;
     int properties_ = 0;

@@ -48,7 +48,7 @@ bool isPlain(const Deck& deck, Outcome& outcome, const text::Listener& listener)
     const std::uint32_t source = found.origins.sourceOf({}, deck.name);
     std::vector<NotedShell> shells;
     while (sources.next()) {
-        if (!plain.take(sources.line()))
+        if (sources.hasByteOrderMark() || sources.hasReturnsAlone() || !plain.take(sources.line()))
             return false;
         if (plain.thing() == PlainDeck::Thing::kNone)
             continue;
@@ -72,6 +72,8 @@ bool writeDeck(const Deck& deck, DeckContent& content, OutputFile& out, Outcome&
     if (!sources.open())
         return false;
     CardReader cards(sources, content.strayLines);
+    if (content.hasControl)
+        cards.skipControl();
     DeckWriter writer(sources, cards, content, out, outcome);
     writer.begin();
     while (cards.next())

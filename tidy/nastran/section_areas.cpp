@@ -18,7 +18,7 @@ double openProfile(const Dimensions& d) {
     return d[1] * d[3] + d[0] * (d[3] - d[2]);
 }
 
-const std::array<SectionShape, 18> kSectionShapes{{
+const std::array<SectionShape, 20> kSectionShapes{{
     {"BAR", 2, [](const Dimensions& d) { return d[0] * d[1]; }},
     {"BOX", 4,
      [](const Dimensions& d) { return d[0] * d[1] - (d[0] - 2 * d[3]) * (d[1] - 2 * d[2]); }},
@@ -37,6 +37,8 @@ const std::array<SectionShape, 18> kSectionShapes{{
     {"L", 4, [](const Dimensions& d) { return d[0] * d[2] + (d[1] - d[2]) * d[3]; }},
     {"ROD", 1, [](const Dimensions& d) { return circle(d[0]); }},
     {"T", 4, [](const Dimensions& d) { return d[0] * d[2] + (d[1] - d[2]) * d[3]; }},
+    {"T1", 4, [](const Dimensions& d) { return d[0] * d[2] + d[1] * d[3]; }},
+    {"T2", 4, [](const Dimensions& d) { return d[0] * d[2] + (d[1] - d[2]) * d[3]; }},
     {"TUBE", 2, [](const Dimensions& d) { return circle(d[0]) - circle(d[1]); }},
     {"TUBE2", 2, [](const Dimensions& d) { return circle(d[0]) - circle(d[0] - d[1]); }},
     {"Z", 4, openProfile},
