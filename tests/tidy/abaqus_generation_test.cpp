@@ -108,6 +108,16 @@ TEST(TidyAbaqusGeneration, CopiesAreAsFarBehindTheirNodeAsThePoleIsBeforeIt) {
               "11, 1, 3, 5\n");
 }
 
+TEST(TidyAbaqusGeneration, UnsortedSetsKeepTheOrderOfTheirNodes) {
+    const std::string nodes = "*NODE\n1, 0, 0, 0\n2, 0, 4, 0\n11, 2, 0, 0\n12, 2, 4, 0\n";
+    const std::string ends = "*NSET, NSET=A\n1, 2\n";
+    EXPECT_EQ(generatedNodes(nodes, ends + "*NSET, NSET=B\n12, 11\n*NFILL\nA, B, 2, 20\n"),
+              "21, 1, 0, 0\n22, 1, 4, 0\n");
+    EXPECT_EQ(
+        generatedNodes(nodes, ends + "*NSET, NSET=B, UNSORTED\n12, 11\n*NFILL\nA, B, 2, 20\n"),
+        "21, 1, 2, 0\n22, 1, 2, 0\n");
+}
+
 TEST(TidyAbaqusGeneration, ElementsInRowsAndLayers) {
     const Tidied deck = tidyText(
         "*ELEMENT, TYPE=C3D8\n1, 1, 2, 12, 11, 101, 102, 112, 111\n"
