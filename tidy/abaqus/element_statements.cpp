@@ -115,7 +115,7 @@ bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& 
         taken = numbers.size();
         if (!lines.nextData()) {
             if (isOpen)
-                lines.noteAt(Finding::kElementIncomplete, place, {}, reader.statement.keyword);
+                lines.noteAt(Finding::kElementIncomplete, place, {}, reader.statement.title);
             break;
         }
         if (isOpen && !appendLine(reader, most, numbers))

@@ -110,6 +110,9 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "The reader holds the mesh, sets, surfaces, pressures and shell thicknesses. Materials, steps "
      "and all else are not in the new deck.",
      ""},
+    {"tidy.abaqus-mesh-elsewhere", kWarning,
+     "what {} takes from the results of another analysis is not in the new deck",
+     "It is not in the deck either.", "Have the results written as a deck"},
     {"tidy.abaqus-type-unread", kWarning, "elements of type {} are left out",
      "The reader holds solids and shells.", ""},
     {"tidy.abaqus-surface-unread", kWarning,

@@ -34,6 +34,16 @@ std::string foldedWithoutBlanks(std::string_view text) {
     return folded;
 }
 
+std::string titleOf(std::string_view text) {
+    std::string folded;
+    for (const char c : trimmed(text))
+        if (!text::isSpace(c))
+            folded += text::toUpper(c);
+        else if (folded.back() != ' ')
+            folded += ' ';
+    return folded;
+}
+
 // As the reader knows it: of all keywords that it reads one has a blank, a single one.
 bool isSpelledPlainly(std::string_view text, std::string_view keyword) {
     const bool isShellSection = keyword == "SHELLSECTION";
@@ -90,6 +100,7 @@ void Statement::parse(std::string_view line) {
     line = line.substr(1);
     std::size_t end = findUnquoted(line, ',');
     keyword = foldedWithoutBlanks(line.substr(0, end));
+    title = titleOf(line.substr(0, end));
     isKeywordPlain = isKeywordPlain && isSpelledPlainly(line.substr(0, end), keyword);
     while (end < line.size()) {
         line.remove_prefix(end + 1);

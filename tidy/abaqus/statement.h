@@ -32,6 +32,7 @@ struct Parameter {
 /// A keyword line with the lines that continue it.
 struct Statement {
     std::string keyword;  ///< in upper case, without blanks and the asterisk
+    std::string title;    ///< the same with blanks between its words, to be told
     std::vector<Parameter> parameters;
     bool isKeywordPlain = true;  ///< and there are no quotes and tabs in the line
 
