@@ -8,6 +8,7 @@
 namespace kvocaeio::test {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -154,6 +155,8 @@ TEST(TidyAbaqusGeneration, StatementsThatCannotBeFollowedAreErrorsAtTheirPlace) 
                 ElementsAre("3:1 tidy.abaqus-generation-invalid"));
     EXPECT_THAT(othersOf("*NODE\n1, 0\n*SYMMETRIC MODEL GENERATION, REVOLVE\n1\n"),
                 ElementsAre("3:1 tidy.abaqus-statement-unread"));
+    EXPECT_THAT(othersOf("*NODE\n1, 0\n999, 1\n*NFILL, BIAS=0.001\n1, 999, 998\n"),
+                Contains("5:1 tidy.abaqus-generation-invalid"));
     EXPECT_THAT(othersOf("*NODE\n1, 0\n*SYSTEM\n1, x\n*NODE\n"),
                 ElementsAre("3:1 tidy.abaqus-generation-invalid"));
 }
