@@ -178,6 +178,36 @@ TEST_F(Tidy, IncludesOfStandardInputAreInTheCurrentFolder) {
     EXPECT_EQ(readText(folder_.file("mesh.bdf")), kNodes);
 }
 
+TEST_F(Tidy, IncludesThatCannotBeFollowed) {
+    folder_.makeFolder("sub");
+    folder_.write("sub/back.bdf", "INCLUDE '../part.bdf'\n");
+    for (const auto& [name, failure] :
+         {std::pair("part.bdf",
+                    "the file part.bdf includes itself, directly or through another "
+                    "(line 1)\n"),
+          std::pair("sub",
+                    "the include sub is a folder or something else that is no file (line "
+                    "1)\n")}) {
+        folder_.write("part.bdf", "INCLUDE '" + std::string(name) + "'\nGRID,1\n");
+        EXPECT_EQ(runHost({"tidy", deck_, out_}).errors,
+                  "kvocaeio: " + deck_ + ": cannot be tidied: " + failure);
+    }
+    folder_.write("part.bdf", "\nINCLUDE 'sub/back.bdf'\nGRID,1\n");
+    EXPECT_THAT(runHost({"tidy", deck_, out_}).errors,
+                MatchesRegex(".*the file ../part.bdf includes itself.* .line 1 of .*back.bdf.\n"));
+    EXPECT_FALSE(std::filesystem::exists(out_));
+}
+
+TEST_F(Tidy, AnIncludeThatClimbsOutIsTold) {
+    folder_.makeFolder("sub");
+    const std::string deck =
+        folder_.write("sub/deck.bdf", "\nINCLUDE '../mesh.bdf'\nCTETRA,13,1,1,2,3,4\nPSOLID,1,1\n");
+    const Outcome outcome = runHost({"tidy", "--report", deck, out_});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("deck.bdf:2:1: note: the included file ../mesh.bdf is "
+                                          "outside the deck's folder [tidy.include-outside]"));
+}
+
 TEST_F(Tidy, SaysThatPatranFilesNeedNone) {
     EXPECT_THAT(runHost({"tidy", sampleDeck("bracket.pat"), out_}).errors,
                 EndsWith("bracket.pat: is of a format that needs no tidying (Patran neutral file); "

@@ -48,6 +48,17 @@ TEST(TidyAbaqusFaces, GeneratedAndNestedSetsAreWrittenAsMembers) {
     EXPECT_THAT(deck.others, ElementsAre("17:1 tidy.abaqus-face-missing"));
 }
 
+TEST(TidyAbaqusFaces, RangesHaveStepsAndSeveralLines) {
+    const Tidied deck = tidyText(
+        "*ELEMENT, TYPE=C3D4\n1,1,2,3,4\n2,1,2,3,4\n3,1,2,3,4\n4,1,2,3,4\n5,1,2,3,4\n6,1,2,3,4\n"
+        "*ELSET, ELSET=A, GENERATE\n1, 5, 2\n6\n*ELSET, ELSET=B, GEN\n2, 4\n"
+        "*ELSET, GENERATE, ELSET=C\n3, 3, 0\n*ELSET, ELSET=D, GENERATE\n1, 6, 4\n",
+        CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text.substr(deck.text.find("*ELSET")),
+              "*ELSET, ELSET=A\n1, 3, 5, 6\n*ELSET, ELSET=B\n2, 3, 4\n*ELSET, ELSET=C\n3\n"
+              "*ELSET, ELSET=D\n1, 5\n");
+}
+
 TEST(TidyAbaqusFaces, GeneratedSetsAreChangedWhereTheyWouldSplitALoneSection) {
     EXPECT_TRUE(tidiedFaces("*ELSET, ELSET=A, GENERATE\n1, 1\n").isNeeded);
     EXPECT_FALSE(tidiedFaces("*ELEMENT, TYPE=C3D4, ELSET=MORE\n4, 1, 2, 3, 4\n"
@@ -85,6 +96,16 @@ TEST(TidyAbaqusFaces, ASetWithoutAFaceMeansTheOutside) {
     EXPECT_EQ(restOf(deck),
               "*ELSET, ELSET=_S_S2\n1, 2\n*ELSET, ELSET=_S_S3\n1, 2\n*ELSET, ELSET=_S_S4\n1, 2\n"
               "*SURFACE, TYPE=ELEMENT, NAME=S\n_S_S2, S2\n_S_S3, S3\n_S_S4, S4\n");
+}
+
+TEST(TidyAbaqusFaces, AFaceIsInASurfaceOnce) {
+    const Tidied deck = tidiedFaces(
+        "*ELSET, ELSET=A\n1\n*ELSET, ELSET=B\n1, 2\n*SURFACE, TYPE=ELEMENT, NAME=S\nA, S2\n"
+        "B, S2\nA, S3\n1, S1\n1, S1\n");
+    EXPECT_EQ(restOf(deck).substr(restOf(deck).find("*ELSET, ELSET=_")),
+              "*ELSET, ELSET=_S_S1\n1\n*ELSET, ELSET=_S_S2\n1, 2\n"
+              "*SURFACE, TYPE=ELEMENT, NAME=S\nA, S3\n_S_S1, S1\n_S_S2, S2\n");
+    EXPECT_THAT(deck.notes, Contains("tidy.abaqus-surface-repeated"));
 }
 
 TEST(TidyAbaqusFaces, CombinedSurfaces) {
@@ -166,6 +187,28 @@ TEST(TidyAbaqusFaces, NamesOfMoreCharactersThanTheReaderHoldsGiveWayToOthers) {
                              "\n2, 1, 2, 3, 4\n");
 }
 
+TEST(TidyAbaqusFaces, NamesThatAreNumbersAreNoElements) {
+    const Tidied deck = tidiedFaces("*ELSET, ELSET=\"1\"\n2\n*SURFACE, NAME=S\n\"1\", S1\n");
+    EXPECT_EQ(restOf(deck), "*ELSET, ELSET=_1\n2\n*SURFACE, TYPE=ELEMENT, NAME=S\n_1, S1\n");
+}
+
+TEST(TidyAbaqusFaces, SurfacesOfInstancesAreFoundFromTheAssembly) {
+    const Tidied deck = tidyText(
+        "*PART, NAME=P\n*NODE\n1\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n*SURFACE, NAME=S\n1, S1\n"
+        "*END PART\n*ASSEMBLY, NAME=ALL\n*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n"
+        "*INSTANCE, NAME=J, PART=P\n*END INSTANCE\n*SURFACE, NAME=B, COMBINE=UNION\nI.S, T\n"
+        "*SURFACE, NAME=T\nJ.1, S2\n*END ASSEMBLY\n*DSLOAD\nI.S, P, 1\nALL.J.S, P, 2\nALL.T, P, 3\n"
+        "*DLOAD\n, P1, 4\n",
+        CKVODeckTidy::kAbaqus);
+    EXPECT_EQ(deck.text.substr(deck.text.find("*ELSET")),
+              "*ELSET, ELSET=_I.S_S1\n1\n*SURFACE, TYPE=ELEMENT, NAME=I.S\n_I.S_S1, S1\n"
+              "*ELSET, ELSET=_J.S_S1\n2\n*SURFACE, TYPE=ELEMENT, NAME=J.S\n_J.S_S1, S1\n"
+              "*ELSET, ELSET=_T_S2\n2\n*SURFACE, TYPE=ELEMENT, NAME=T\n_T_S2, S2\n"
+              "*ELSET, ELSET=_B_S1\n1\n*ELSET, ELSET=_B_S2\n2\n*SURFACE, TYPE=ELEMENT, NAME=B\n"
+              "_B_S1, S1\n_B_S2, S2\n*DLOAD\n1, P1, 1\n2, P1, 2\n2, P2, 3\n");
+    EXPECT_THAT(deck.others, IsEmpty());
+}
+
 TEST(TidyAbaqusFaces, PartsOfANameMayBeQuoted) {
     const Tidied deck = tidyText(
         "*PART, NAME=\"Part 1\"\n*NODE\n1\n*ELEMENT, TYPE=C3D4\n1, 1, 1, 1, 1\n"
@@ -211,8 +254,8 @@ TEST(TidyAbaqusFaces, SetsOfInstancesAreFoundFromTheAssembly) {
     EXPECT_TRUE(deck.isDone);
     EXPECT_EQ(deck.text.substr(deck.text.find("*ELSET")),
               "*ELSET, ELSET=I.A\n1\n*ELSET, ELSET=J.A\n2\n*ELSET, ELSET=B\n2\n"
-              "*ELSET, ELSET=C\n1, 2\n*SURFACE, TYPE=ELEMENT, NAME=S\nI.A, S1\n"
-              "*SURFACE, TYPE=ELEMENT, NAME=S\nJ.A, S1\n*ELSET, ELSET=_T_S3\n2\n"
+              "*ELSET, ELSET=C\n1, 2\n*SURFACE, TYPE=ELEMENT, NAME=I.S\nI.A, S1\n"
+              "*SURFACE, TYPE=ELEMENT, NAME=J.S\nJ.A, S1\n*ELSET, ELSET=_T_S3\n2\n"
               "*SURFACE, TYPE=ELEMENT, NAME=T\nC, S2\nI.A, S4\n_T_S3, S3\n"
               "*ELSET, ELSET=_U_S1\n1, 2\n*SURFACE, TYPE=ELEMENT, NAME=U\n_U_S1, S1\n"
               "*DLOAD\n2, P1, 1\n1, P2, 2\n");

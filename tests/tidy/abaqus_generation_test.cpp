@@ -8,6 +8,7 @@
 namespace kvocaeio::test {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -108,6 +109,16 @@ TEST(TidyAbaqusGeneration, CopiesAreAsFarBehindTheirNodeAsThePoleIsBeforeIt) {
               "11, 1, 3, 5\n");
 }
 
+TEST(TidyAbaqusGeneration, UnsortedSetsKeepTheOrderOfTheirNodes) {
+    const std::string nodes = "*NODE\n1, 0, 0, 0\n2, 0, 4, 0\n11, 2, 0, 0\n12, 2, 4, 0\n";
+    const std::string ends = "*NSET, NSET=A\n1, 2\n";
+    EXPECT_EQ(generatedNodes(nodes, ends + "*NSET, NSET=B\n12, 11\n*NFILL\nA, B, 2, 20\n"),
+              "21, 1, 0, 0\n22, 1, 4, 0\n");
+    EXPECT_EQ(
+        generatedNodes(nodes, ends + "*NSET, NSET=B, UNSORTED\n12, 11\n*NFILL\nA, B, 2, 20\n"),
+        "21, 1, 2, 0\n22, 1, 2, 0\n");
+}
+
 TEST(TidyAbaqusGeneration, ElementsInRowsAndLayers) {
     const Tidied deck = tidyText(
         "*ELEMENT, TYPE=C3D8\n1, 1, 2, 12, 11, 101, 102, 112, 111\n"
@@ -144,6 +155,8 @@ TEST(TidyAbaqusGeneration, StatementsThatCannotBeFollowedAreErrorsAtTheirPlace) 
                 ElementsAre("3:1 tidy.abaqus-generation-invalid"));
     EXPECT_THAT(othersOf("*NODE\n1, 0\n*SYMMETRIC MODEL GENERATION, REVOLVE\n1\n"),
                 ElementsAre("3:1 tidy.abaqus-statement-unread"));
+    EXPECT_THAT(othersOf("*NODE\n1, 0\n999, 1\n*NFILL, BIAS=0.001\n1, 999, 998\n"),
+                Contains("5:1 tidy.abaqus-generation-invalid"));
     EXPECT_THAT(othersOf("*NODE\n1, 0\n*SYSTEM\n1, x\n*NODE\n"),
                 ElementsAre("3:1 tidy.abaqus-generation-invalid"));
 }

@@ -205,6 +205,8 @@ TEST(TidyAbaqusGrammar, NumbersKeepTheirValue) {
 TEST(TidyAbaqusGrammar, WhatIsNoNumberIsAnErrorWithItsPlace) {
     EXPECT_THAT(tidied("*NODE\n1, x, 0, 0\n").others,
                 ElementsAre("2:4 tidy.abaqus-number-invalid"));
+    EXPECT_THAT(tidied("*NODE\n1, 0, 1e999, 0\n").others,
+                ElementsAre("2:7 tidy.abaqus-number-invalid"));
     EXPECT_THAT(tidied("*ELEMENT, TYPE=C3D4\n1, 1, 2,\n*STEP\n").others,
                 ElementsAre("2:1 tidy.abaqus-element-incomplete"));
     EXPECT_THAT(tidied("*ELEMENT, TYPE=C3D4\n\n  1, 1, 2,\n").others,

@@ -95,6 +95,28 @@ TEST(TidyAbaqusHostile, UnfinishedLinesOfAllKinds) {
     }
 }
 
+TEST(TidyAbaqusHostile, ATypeNameOfAnyLength) {
+    const Tidied deck =
+        tidied("*ELEMENT, TYPE=" + repeated("M-8", 200) + "C3D4\n\n1, 1, 2, 3, 4\n");
+    EXPECT_TRUE(deck.text.ends_with("*ELEMENT, TYPE=C3D4\n1, 1, 2, 3, 4\n"));
+}
+
+TEST(TidyAbaqusHostile, ASurfaceThatNamesALargeSetManyTimes) {
+    const Tidied deck = tidied(
+        "*ELEMENT, TYPE=C3D4\n1, 1, 2, 3, 4\n*ELGEN, ELSET=A\n1, 10000, 1, 1\n"
+        "*SURFACE, NAME=S\n" +
+        repeated("A, S1\n", 20000));
+    EXPECT_TRUE(deck.isDone);
+    EXPECT_TRUE(deck.text.ends_with("*SURFACE, TYPE=ELEMENT, NAME=S\nA, S1\n"));
+}
+
+TEST(TidyAbaqusHostile, ParametersOfParametersInALongLine) {
+    std::string deck = "*PARAMETER\na = '" + std::string(500, 'x') +
+                       "'\nb = " + repeated("(", 5000) + "1\nc = " + repeated("-", 100000) +
+                       "2 ** 0.5\n";
+    EXPECT_TRUE(tidied(deck + "*HEADING\n" + repeated("<a>", 300000) + "\n").isDone);
+}
+
 TEST(TidyAbaqusHostile, ADeckThatIncludesItself) {
     EXPECT_THAT(tidied("*INCLUDE, INPUT=deck\n").others, Contains("1:1 tidy.include-cycle"));
 }

@@ -68,6 +68,12 @@ TEST(TidyAbaqusMesh, AnInstanceMayHoldTheMeshItself) {
               "** Tidy deck\n*NODE\n1, 6, 0, 0\n*ELEMENT, TYPE=S3, ELSET=A\n1, 1, 1, 1\n");
 }
 
+TEST(TidyAbaqusMesh, WhatIsImportedIsToldAndNotThere) {
+    const Tidied deck = tidiedMesh("*NODE\n\n1\n*IMPORT, STEP=2\nPART-1,\n");
+    EXPECT_EQ(deck.text, "** Tidy deck\n*NODE\n1, 0, 0, 0\n");
+    EXPECT_THAT(deck.others, ElementsAre("4:1 tidy.abaqus-mesh-elsewhere"));
+}
+
 TEST(TidyAbaqusMesh, ElementsWithMoreNodesThanTheirTypeAreReadToTheirEnd) {
     const Tidied deck = tidiedMesh(
         "*ELEMENT, TYPE=C3D6\n1, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16,\n17, 18\n"

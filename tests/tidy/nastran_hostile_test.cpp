@@ -111,6 +111,26 @@ TEST(TidyNastranHostile, TheNewDeckReplacesNoFileThatIsRead) {
     }
 }
 
+TEST(TidyNastranHostile, TheMapReplacesNoFileThatIsRead) {
+    const TempFolder folder;
+    const std::string part = folder.write("part", "$ materials alone\n");
+    const std::string deck = folder.write("deck", kDeck + "INCLUDE 'part'\n");
+    const std::string other = folder.write("other", "old");
+    folder.makeFolder("sub");
+    CKVODeckTidy tidy;
+    EXPECT_FALSE(tidy.IsSource(deck.c_str()));
+    ASSERT_TRUE(tidy.Tidy(deck.c_str(), nullptr, CKVODeckTidy::kNastran, nullptr));
+    EXPECT_TRUE(tidy.IsSource((folder.file("sub") + "/../part").c_str()));
+    EXPECT_TRUE(tidy.IsSource((folder.path() / "deck").wstring().c_str()));
+    EXPECT_FALSE(tidy.IsSource(other.c_str()));
+    EXPECT_FALSE(tidy.IsSource(folder.file("none").c_str()));
+    EXPECT_FALSE(tidy.IsSource(static_cast<const char*>(nullptr)));
+    EXPECT_FALSE(tidy.WriteMap(part.c_str()));
+    EXPECT_FALSE(tidy.WriteMap(deck.c_str()));
+    EXPECT_EQ(readBytes(part), "$ materials alone\n");
+    EXPECT_TRUE(tidy.WriteMap(other.c_str()));
+}
+
 #if defined(__linux__)
 TEST(TidyNastranHostile, AFullDiskLeavesNothing) {
     // A folder in memory that is as good as full for this process: files may not grow.

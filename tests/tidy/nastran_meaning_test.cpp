@@ -11,6 +11,7 @@ namespace {
 
 using kvocaeio::test::cardsOf;
 using kvocaeio::test::kBar;
+using kvocaeio::test::TempFolder;
 using kvocaeio::test::Tidied;
 using kvocaeio::test::tidiedNastran;
 using testing::Contains;
@@ -173,6 +174,56 @@ TEST(TidyNastranMeaning, ElementsThatTheReaderHasNoRowForAreWarnedOf) {
             << name;
     EXPECT_THAT(tidiedNastran("GRID,1\nMAT1,4,1.\nSPC1,4,123,1\n" + std::string(kBar)).others,
                 IsEmpty());
+}
+
+TEST(TidyNastranMeaning, TheWayBackOfEachThing) {
+    const TempFolder folder;
+    const std::string mesh = folder.write("mesh.bdf", "GRID,7\nGRID,300000000\n=,*1,==\n=(2)\n");
+    const std::string deck = folder.write(
+        "deck",
+        "PROD,40,1,1.\nCROD,5,40,7,300000000\nINCLUDE 'mesh.bdf'\nCROD,400000000,8,7,300000001\n"
+        "PROD,8,1,1.\nCROD,6,8,7,300000002\nPROD,40,1,1.\nGRID,2\n");
+    const std::string map = folder.file("map");
+    CKVODeckTidy tidy;
+    ASSERT_TRUE(tidy.Tidy(deck.c_str(), nullptr, CKVODeckTidy::kNastran, nullptr));
+    ASSERT_TRUE(tidy.WriteMap(map.c_str()));
+    EXPECT_EQ(kvocaeio::test::readText(map),
+              "kind\tid\toriginal id\tpart\tfile\n"
+              "node\t7\t7\t\t" +
+                  mesh +
+                  "\n"
+                  "node\t8\t300000000\t\t" +
+                  mesh +
+                  "\n"
+                  "node\t9\t300000001\t\t" +
+                  mesh +
+                  "\n"
+                  "node\t10\t300000002\t\t" +
+                  mesh +
+                  "\n"
+                  "node\t11\t300000003\t\t" +
+                  mesh +
+                  "\n"
+                  "node\t2\t2\t\t" +
+                  deck +
+                  "\n"
+                  "element\t5\t5\t\t" +
+                  deck +
+                  "\n"
+                  "element\t7\t400000000\t\t" +
+                  deck +
+                  "\n"
+                  "element\t6\t6\t\t" +
+                  deck +
+                  "\n"
+                  "property\t1\t40\t\t" +
+                  deck +
+                  "\n"
+                  "property\t2\t8\t\t" +
+                  deck +
+                  "\n"
+                  "property\t3\t40\t\t" +
+                  deck + "\n");
 }
 
 }  // namespace

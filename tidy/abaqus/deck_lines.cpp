@@ -158,7 +158,7 @@ bool DeckLines::nextStatement(Statement& statement) {
 void DeckLines::expectPlain(const Statement& statement, std::string_view kept) {
     isPlainExpected_ = true;
     if (!statement.isPlain(kept))
-        changeStatement(Finding::kKeywordForm, statement.keyword);
+        changeStatement(Finding::kKeywordForm, statement.title);
 }
 
 bool DeckLines::tellTabs() {

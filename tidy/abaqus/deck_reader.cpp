@@ -24,6 +24,7 @@ constexpr StatementRow kStatements[] = {
     {"NCOPY", readNodeCopy},
     {"NMAP", readUnknownMesh},
     {"SYMMETRICMODELGENERATION", readUnknownMesh},
+    {"IMPORT", readImportedMesh},
     {"ELEMENT", readElements},
     {"ELGEN", readElementRows},
     {"ELCOPY", readElementCopy},
@@ -96,6 +97,10 @@ void readParameters(DeckReader& reader) {
         reader.lines.defineParameter();
 }
 
+void readImportedMesh(DeckReader& reader) {
+    reader.lines.noteStatement(Finding::kMeshElsewhere, reader.statement.title);
+}
+
 void readUnknownMesh(DeckReader& reader) {
     reader.refuseStatement(Finding::kStatementUnread);
 }
@@ -109,7 +114,7 @@ void readDeck(DeckLines& lines, Model& model) {
         if (row != std::end(kStatements))
             row->read(reader);
         else
-            lines.noteStatement(Finding::kKeywordUnread, reader.statement.keyword);
+            lines.noteStatement(Finding::kKeywordUnread, reader.statement.title);
     }
     placeParts(reader);
     tellUnused(reader);

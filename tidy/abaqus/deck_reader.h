@@ -29,10 +29,10 @@ struct DeckReader {
     /// Tells that the line taken last, or a field of it, cannot be followed.
     void refuse(Finding finding) { refuse(finding, lines.line()); }
     void refuse(Finding finding, std::string_view field) {
-        lines.note(finding, field, statement.keyword);
+        lines.note(finding, field, statement.title);
     }
     /// Tells that the present statement cannot be followed.
-    void refuseStatement(Finding finding) { lines.noteStatement(finding, statement.keyword); }
+    void refuseStatement(Finding finding) { lines.noteStatement(finding, statement.title); }
 };
 
 /// Reads the whole deck.
@@ -59,6 +59,7 @@ void readAssembly(DeckReader& reader);
 void readInstance(DeckReader& reader);
 void readInstanceEnd(DeckReader& reader);
 void readParameters(DeckReader& reader);
+void readImportedMesh(DeckReader& reader);
 void readUnknownMesh(DeckReader& reader);
 
 /// Adds a node of a scope; one that is known already gets another place.

@@ -10,7 +10,6 @@
 
 #include "tidy/abaqus/deck_reader.h"
 #include "tidy/abaqus/fields.h"
-#include "tidy/abaqus/set_names.h"
 #include "tidy/abaqus/sets.h"
 
 namespace kvocaeio::tidy::abaqus {
@@ -110,7 +109,7 @@ bool takeElement(DeckReader& reader, const ElementType& type, std::vector<int>& 
         taken = numbers.size();
         if (!lines.nextData()) {
             if (isOpen)
-                lines.noteAt(Finding::kElementIncomplete, place, {}, reader.statement.keyword);
+                lines.noteAt(Finding::kElementIncomplete, place, {}, reader.statement.title);
             break;
         }
         if (isOpen && !appendLine(reader, most, numbers))
@@ -276,8 +275,7 @@ void readElements(DeckReader& reader) {
     }
     if (!type->newName.empty())
         lines.changeStatement(Finding::kTypeChanged, typeName);
-    const std::string written =
-        type->newName.empty() ? linkedName(writtenName(typeName)) : std::string(type->newName);
+    const std::string written = writtenType(typeName, *type);
     lines.includeInput(reader.statement);
     Block& block = blockFor(scope, {*type, written, elset, 0, {}, {}}, false);
     IdSet* const set = blockSet(reader, elset);

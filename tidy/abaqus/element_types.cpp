@@ -1,8 +1,11 @@
 /// Tables of element types, their faces, and their order after a reflection.
 #include "tidy/abaqus/element_types.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
+
+#include "text/scan.h"
 
 namespace kvocaeio::tidy::abaqus {
 
@@ -113,6 +116,17 @@ std::optional<ElementType> elementTypeOf(std::string_view name) {
             length = row.beginning.size();
         }
     return type;
+}
+
+std::string writtenType(std::string_view name, const ElementType& type) {
+    constexpr std::size_t kMostTypeName = 16;
+    if (!type.newName.empty())
+        return std::string(type.newName);
+    const bool isWord = std::ranges::all_of(
+        name, [](char c) { return text::isDigit(c) || (c >= 'A' && c <= 'Z'); });
+    if (isWord && name.size() <= kMostTypeName)
+        return std::string(name);
+    return (facesOf(type.shape).empty() ? "S" : "C3D") + std::to_string(type.written);
 }
 
 std::span<const std::string_view> facesOf(Shape shape) {

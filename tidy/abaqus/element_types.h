@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace kvocaeio::tidy::abaqus {
@@ -29,6 +30,9 @@ struct ElementType {
 
 /// What a type is, by its name in upper case. Nothing for kinds of which the reader holds nothing.
 std::optional<ElementType> elementTypeOf(std::string_view name);
+
+/// The name of a type in the new deck: that of the deck wherever the reader finds it whole.
+std::string writtenType(std::string_view name, const ElementType& type);
 
 /// The places of each face's corners among an element's nodes, as digits. Numbered as in surfaces
 /// and loads of the deck.

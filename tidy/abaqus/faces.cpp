@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <tuple>
 #include <utility>
 
 #include "tidy/abaqus/outside.h"
@@ -28,6 +29,12 @@ struct SurfaceName {
     auto operator<=>(const SurfaceName&) const = default;
 };
 
+std::size_t keepUnique(std::vector<Member>& members) {
+    std::ranges::sort(members);
+    members.erase(std::unique(members.begin(), members.end()), members.end());
+    return members.size();
+}
+
 class Planner {
   public:
     Planner(const Model& model, const Frames& frames, DeckLines& lines)
@@ -46,8 +53,11 @@ class Planner {
     void tellGenerated();
     void planSurface(const Frame& frame, const Surface& surface);
     void planItem(const Frame& frame, const SurfaceItem& item, PlannedSurface& planned);
+    bool isNamedFirst(const Frame& frame, const SurfaceItem& item);
+    void separateRepeated(PlannedSurface& planned, Place place);
     void planOutside(const Frame& frame, const SurfaceItem& item, PlannedSurface& planned);
     void combine(const Surface& surface, const Frame& frame, PlannedSurface& planned);
+    Members elementsOfLine(const PlannedSurface::Line& line) const;
     std::vector<MemberFace> facesOfPlanned(const PlannedSurface& planned) const;
     void planLoad(const Load& load);
     void planSurfaceLoad(const Load& load);
@@ -59,8 +69,10 @@ class Planner {
     PlannedFaces out_;
     OutsideFaces outside_;
     std::map<SurfaceName, std::size_t> surfaceRows_;
+    std::map<std::string_view, std::size_t> surfacesOfName_;  // their count
     std::size_t spent_ = 0;
     std::set<const IdSet*> told_;
+    std::set<std::tuple<int, const IdSet*, int>> named_;  // of the present surface, with the face
 };
 
 // A few lines can name a large set many times.
@@ -178,24 +190,27 @@ void Planner::planItem(const Frame& frame, const SurfaceItem& item, PlannedSurfa
         out_.sets.emplace(found.instance, name);
 }
 
+Members Planner::elementsOfLine(const PlannedSurface::Line& line) const {
+    const Frame& frame = frames_.of(line.instance);
+    return membersOf(model_,
+                     findSet(model_, *frame.scope, frame.instance, line.set, SetKind::kElements),
+                     SetKind::kElements);
+}
+
 std::vector<MemberFace> Planner::facesOfPlanned(const PlannedSurface& planned) const {
     std::vector<MemberFace> faces;
     for (std::size_t i = 0; i < kMostFaces; ++i)
         for (const Member& member : planned.elements[i])
             faces.push_back({member, static_cast<int>(i) + 1});
-    for (const PlannedSurface::Line& line : planned.lines) {
-        const Frame& frame = frames_.of(line.instance);
-        const FoundSet found =
-            findSet(model_, *frame.scope, frame.instance, line.set, SetKind::kElements);
-        for (const Member& member : membersOf(model_, found, SetKind::kElements).list)
+    for (const PlannedSurface::Line& line : planned.lines)
+        for (const Member& member : elementsOfLine(line).list)
             faces.push_back({member, line.face});
-    }
     std::ranges::sort(faces);
     faces.erase(std::unique(faces.begin(), faces.end()), faces.end());
     return faces;
 }
 
-// Operands are surfaces that are defined before.
+// Operands are surfaces of faces, or combined ones that are defined before.
 void Planner::combine(const Surface& surface, const Frame& frame, PlannedSurface& planned) {
     std::vector<MemberFace> result;
     bool isFirst = true;
@@ -223,16 +238,63 @@ void Planner::combine(const Surface& surface, const Frame& frame, PlannedSurface
         planned.elements[static_cast<std::size_t>(face.face) - 1].push_back(face.element);
 }
 
+bool Planner::isNamedFirst(const Frame& frame, const SurfaceItem& item) {
+    if (item.target.name.empty())
+        return true;
+    const FoundSet found = find(frame, item.target);
+    return found.set == nullptr || named_.insert({found.instance, found.set, item.face}).second;
+}
+
+// Faces that several lines name are faces of a surface once, and the reader would repeat them.
+void Planner::separateRepeated(PlannedSurface& planned, Place place) {
+    std::array<std::size_t, kMostFaces> sources{};
+    for (std::size_t i = 0; i < kMostFaces; ++i)
+        sources[i] = planned.elements[i].empty() ? 0 : 1;
+    for (const PlannedSurface::Line& line : planned.lines)
+        ++sources[static_cast<std::size_t>(line.face) - 1];
+    for (std::size_t i = 0; i < kMostFaces; ++i) {
+        if (sources[i] < 2 && planned.elements[i].size() < 2)
+            continue;
+        const auto isOfFace = [&](const PlannedSurface::Line& line) {
+            return static_cast<std::size_t>(line.face) == i + 1;
+        };
+        std::vector<Member> all = planned.elements[i];
+        std::size_t count = all.size();
+        std::size_t unique = 0;
+        for (const PlannedSurface::Line& line : planned.lines)
+            if (isOfFace(line)) {
+                if (all.size() > 2 * unique)  // a few lines may name a large set many times
+                    unique = keepUnique(all);
+                const Members members = elementsOfLine(line);
+                std::ranges::copy(members.list, std::back_inserter(all));
+                count += members.list.size();
+            }
+        if (keepUnique(all) == count || !spend(count, place))
+            continue;
+        lines_.changeAt(Finding::kSurfaceRepeated, place, planned.name, planned.name);
+        std::erase_if(planned.lines, isOfFace);
+        planned.elements[i] = std::move(all);
+    }
+}
+
 void Planner::planSurface(const Frame& frame, const Surface& surface) {
-    PlannedSurface planned{surface.name, {}, {}};
+    const std::string qualified =
+        frame.instance == kOwnScope ? surface.name : std::string(frame.name) + "." + surface.name;
+    const bool isShared = surfacesOfName_[surface.name] > 1;
+    PlannedSurface planned{isShared ? qualified : surface.name, {}, {}};
     if (surface.combination != Combination::kNone)
         combine(surface, frame, planned);
+    named_.clear();
     for (const SurfaceItem& item : surface.items)
-        planItem(frame, item, planned);
+        if (isNamedFirst(frame, item))
+            planItem(frame, item, planned);
+        else
+            lines_.changeAt(Finding::kSurfaceRepeated, item.place, planned.name, planned.name);
+    separateRepeated(planned, surface.place);
     surfaceRows_[{frame.instance, surface.name}] = out_.surfaces.size();
-    if (frame.instance != kOwnScope)
-        surfaceRows_[{kOwnScope, std::string(frame.name) + "." + surface.name}] =
-            out_.surfaces.size();
+    surfaceRows_[{kOwnScope, qualified}] = out_.surfaces.size();
+    if (!model_.assembly.empty())
+        surfaceRows_[{kOwnScope, model_.assembly + "." + qualified}] = out_.surfaces.size();
     out_.surfaces.push_back(std::move(planned));
 }
 
@@ -301,7 +363,12 @@ void Planner::tellGenerated() {
 PlannedFaces Planner::plan() {
     for (const Frame& frame : frames_.all())
         for (const Surface& surface : frame.scope->surfaces)
-            planSurface(frame, surface);
+            ++surfacesOfName_[surface.name];
+    for (const bool isCombined : {false, true})
+        for (const Frame& frame : frames_.all())
+            for (const Surface& surface : frame.scope->surfaces)
+                if ((surface.combination != Combination::kNone) == isCombined)
+                    planSurface(frame, surface);
     if (!out_.surfaces.empty())
         tellRepeated();
     for (const Load& load : model_.loads)

@@ -54,7 +54,7 @@ bool readReal(std::string_view field, double& value) {
     std::string_view rest;
     double read = 0.0;
     text::Scan scan(number);
-    if (!isDecimal || !scan.real(read) || scan.word(rest))
+    if (!isDecimal || !scan.real(read) || scan.word(rest) || !std::isfinite(read))
         return false;
     value = read;
     return true;

@@ -88,6 +88,9 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "The reader knows surfaces of sets alone. A set that holds elements without the face is "
      "replaced by a set of those that have it.",
      ""},
+    {"tidy.abaqus-surface-repeated", kNote,
+     "faces that the surface {} names several times are written once",
+     "The reader repeats a face for each line that names it.", ""},
     {"tidy.abaqus-surface-combined", kNote, "the combined surface {} is written face by face",
      "The reader does not read combinations, and nothing after them.", ""},
     {"tidy.abaqus-surface-outside", kNote,
@@ -107,6 +110,9 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      "The reader holds the mesh, sets, surfaces, pressures and shell thicknesses. Materials, steps "
      "and all else are not in the new deck.",
      ""},
+    {"tidy.abaqus-mesh-elsewhere", kWarning,
+     "what {} takes from the results of another analysis is not in the new deck",
+     "It is not in the deck either.", "Have the results written as a deck"},
     {"tidy.abaqus-type-unread", kWarning, "elements of type {} are left out",
      "The reader holds solids and shells.", ""},
     {"tidy.abaqus-surface-unread", kWarning,

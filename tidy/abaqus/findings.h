@@ -36,6 +36,7 @@ enum class Finding : std::size_t {
     kSetMembers,
     kNameChanged,
     kSurfaceItem,
+    kSurfaceRepeated,
     kSurfaceCombined,
     kSurfaceOutside,
     kLoadOnSet,
@@ -43,6 +44,7 @@ enum class Finding : std::size_t {
     kShellSection,
     kKeywordUnread,
     // What could not be done.
+    kMeshElsewhere,
     kTypeUnread,
     kSurfaceUnread,
     kFaceUnread,

@@ -1,4 +1,5 @@
 /// The readers of statements that generate nodes from others.
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -35,6 +36,14 @@ IdSet* namedSet(DeckReader& reader, std::string_view parameter) {
 void addTo(IdSet* set, int id) {
     if (set != nullptr)
         set->add(kOwnScope, id);
+}
+
+// Bias may make steps of any size, and copies of copies may go anywhere.
+void addGenerated(DeckReader& reader, int id, const Point& point) {
+    if (std::ranges::all_of(point, [](double x) { return std::isfinite(x); }))
+        addNode(reader, id, point);
+    else
+        reader.refuse(Finding::kGenerationInvalid);
 }
 
 /// A line of nodes between two.
@@ -170,10 +179,10 @@ void generateNodes(DeckReader& reader, const NodeLineRequest& line, std::string_
         const double part = spacing.partAt(k, count);
         const Point straight = (1.0 - part) * line.from + part * line.to;
         const int id = static_cast<int>(line.first + k * step);
-        addNode(reader, id,
-                kind == "C"   ? arc.at(part)
-                : kind == "P" ? parabola(line, part)
-                              : straight);
+        addGenerated(reader, id,
+                     kind == "C"   ? arc.at(part)
+                     : kind == "P" ? parabola(line, part)
+                                   : straight);
         addTo(set, id);
     }
     addTo(set, line.last);
@@ -216,7 +225,7 @@ void fillBetween(DeckReader& reader, const std::vector<Member>& from, const std:
             if (!std::in_range<int>(id))
                 return reader.refuse(Finding::kGenerationInvalid);
             const double part = fill.spacing.partAt(k, fill.intervals);
-            addNode(reader, static_cast<int>(id), (1.0 - part) * a + part * b);
+            addGenerated(reader, static_cast<int>(id), (1.0 - part) * a + part * b);
             addTo(set, static_cast<int>(id));
         }
         addTo(set, to[i].id);
@@ -342,7 +351,7 @@ void readNodeCopy(DeckReader& reader) {
             Point point{};
             if (!std::in_range<int>(id) || !pointOf(reader.scope(), member.id, point))
                 return reader.refuseStatement(Finding::kGenerationInvalid);
-            addNode(reader, static_cast<int>(id), placement(point));
+            addGenerated(reader, static_cast<int>(id), placement(point));
             addTo(set, static_cast<int>(id));
         }
         placement = chained(placement, copy.placement);

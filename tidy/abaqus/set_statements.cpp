@@ -83,7 +83,7 @@ void addMembers(DeckReader& reader, IdSet& set, int instance) {
 
 // The number of lines.
 std::size_t readMembers(DeckReader& reader, IdSet& set, bool isRead) {
-    const bool isGenerated = reader.statement.has("GENERATE");
+    const bool isGenerated = reader.statement.isGenerated();
     const int instance = namedInstance(reader);
     set.isUnsorted = reader.statement.has("UNSORTED");
     reader.lines.includeInput(reader.statement);
@@ -146,7 +146,7 @@ void addLoad(DeckReader& reader) {
     load.place = reader.lines.place(target);
     fields.next(label);
     load.face = faceOf(label, 'P');
-    if (load.face == 0)
+    if (load.face == 0 || target.empty())
         return reader.lines.note(Finding::kLoadUnread, label, nameOf(label));
     if (fields.next(value) && !value.empty() && !readReal(value, load.value))
         return reader.refuse(Finding::kNumberInvalid, value);
@@ -213,7 +213,9 @@ void readElementSet(DeckReader& reader) {
     // On this line alone a blank ends the value for the reader.
     if (name.find(' ') != std::string::npos)
         reader.lines.changeStatement(Finding::kKeywordForm, "ELSET");
-    const bool isGenerated = reader.statement.has("GENERATE");
+    const bool isGenerated = reader.statement.isGenerated();
+    if (isGenerated && !reader.statement.has("GENERATE"))
+        reader.lines.changeStatement(Finding::kKeywordForm, "ELSET");
     set.isGenerated = set.isGenerated || isGenerated;
     const std::size_t rows = readMembers(reader, set, true);
     if (isGenerated && rows != 1)  // the reader would keep one of them

@@ -6,6 +6,7 @@
 #include "text/ascii.h"
 #include "text/scan.h"
 #include "text/tokens.h"
+#include "tidy/abaqus/fields.h"
 
 namespace kvocaeio::tidy::abaqus {
 
@@ -30,6 +31,16 @@ std::string foldedWithoutBlanks(std::string_view text) {
     for (const char c : text)
         if (!text::isSpace(c))
             folded += text::toUpper(c);
+    return folded;
+}
+
+std::string titleOf(std::string_view text) {
+    std::string folded;
+    for (const char c : trimmed(text))
+        if (!text::isSpace(c))
+            folded += text::toUpper(c);
+        else if (folded.back() != ' ')
+            folded += ' ';
     return folded;
 }
 
@@ -76,6 +87,9 @@ std::string writtenName(std::string_view name) {
     std::ranges::replace_if(folded, isSeparator, '_');
     if (folded.starts_with('*'))
         folded[0] = '_';
+    int number = 0;
+    if (readInteger(folded, number))
+        folded.insert(0, 1, '_');  // where elements may be named it would be one
     folded.resize(std::min(folded.size(), kMostName));
     return std::string(trimmed(folded));
 }
@@ -86,6 +100,7 @@ void Statement::parse(std::string_view line) {
     line = line.substr(1);
     std::size_t end = findUnquoted(line, ',');
     keyword = foldedWithoutBlanks(line.substr(0, end));
+    title = titleOf(line.substr(0, end));
     isKeywordPlain = isKeywordPlain && isSpelledPlainly(line.substr(0, end), keyword);
     while (end < line.size()) {
         line.remove_prefix(end + 1);
@@ -124,6 +139,13 @@ bool Statement::isPlain(std::string_view kept) const {
            std::ranges::all_of(parameters, [&](const Parameter& parameter) {
                return parameter.isNamePlain && (parameter.name != kept || parameter.isValuePlain);
            });
+}
+
+bool Statement::isGenerated() const {
+    return std::ranges::any_of(parameters, [](const Parameter& parameter) {
+        return parameter.name.starts_with("GEN") &&
+               std::string_view("GENERATE").starts_with(parameter.name);
+    });
 }
 
 const Parameter* Statement::find(std::string_view name) const {

@@ -32,6 +32,7 @@ struct Parameter {
 /// A keyword line with the lines that continue it.
 struct Statement {
     std::string keyword;  ///< in upper case, without blanks and the asterisk
+    std::string title;    ///< the same with blanks between its words, to be told
     std::vector<Parameter> parameters;
     bool isKeywordPlain = true;  ///< and there are no quotes and tabs in the line
 
@@ -41,6 +42,9 @@ struct Statement {
     /// Whether the reader takes the keyword and its values as they are meant. It keeps blanks in
     /// the value of `kept`, and knows parameters by their names wherever these stand.
     bool isPlain(std::string_view kept) const;
+
+    /// Whether a set is of ranges. Many a deck has the flag cut to its first letters.
+    bool isGenerated() const;
 
     const Parameter* find(std::string_view name) const;
     bool has(std::string_view name) const { return find(name) != nullptr; }

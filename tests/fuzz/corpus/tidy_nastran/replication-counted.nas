@@ -1,0 +1,6 @@
+CEND
+PROD,1
+BEGIN BULK
+GRID,1,,1.
+=(3),*1,=,%(2.),==
+CBAR,1,1,1,2
