@@ -34,8 +34,8 @@ const std::array<text::FindingKind, static_cast<std::size_t>(Finding::kCount)> k
      ""},
     {"tidy.include-missing", kError, "the included file {} is not there",
      "The name is looked for in the folder of the file that includes it, then in the folder of the "
-     "deck, in any case of its letters. What the file holds cannot be known, so no new deck is "
-     "written.",
+     "deck, then in the current folder, in any case of its letters. What the file holds cannot be "
+     "known, so no new deck is written.",
      "Put the file beside the deck, or correct its path"},
     {"tidy.include-no-file", kError, "the include {} is a folder or something else that is no file",
      "Only regular files can be included.", "Correct the path"},

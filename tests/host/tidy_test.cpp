@@ -163,8 +163,13 @@ TEST_F(Tidy, AMapReplacesNoFileThatIsRead) {
 }
 
 TEST_F(Tidy, IncludesOfStandardInputAreInTheCurrentFolder) {
+#if defined(_WIN32)
+    const std::string change = "cd /d ";
+#else
+    const std::string change = "cd ";
+#endif
     const std::string program = quote(nativePath(KVOCAEIO_PROGRAM));
-    const std::string in = "cd " + quote(folder_.path().string()) + " && " + program;
+    const std::string in = change + quote(folder_.path().string()) + " && " + program;
     const Outcome outcome =
         runShell(in + " tidy --map map.txt - out.nas <" + quote(folder_.file("part.bdf")));
     EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;

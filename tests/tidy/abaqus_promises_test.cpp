@@ -10,13 +10,14 @@ namespace {
 
 using kvocaeio::test::DeckGenerator;
 using kvocaeio::test::expectAllStayTidy;
+using kvocaeio::test::kRandomDecks;
 using kvocaeio::test::staysTidy;
 using kvocaeio::test::TempFolder;
 
 TEST(TidyAbaqusPromises, ATidyDeckStaysAsItIsWhateverItWas) {
     const TempFolder folder;
     int tidied = 0;
-    for (unsigned seed = 1; seed <= 1500; ++seed) {
+    for (unsigned seed = 1; seed <= kRandomDecks; ++seed) {
         DeckGenerator generator(seed);
         EXPECT_TRUE(staysTidy(folder, folder.write("deck", generator.deck()), CKVODeckTidy::kAbaqus,
                               tidied))
@@ -25,7 +26,7 @@ TEST(TidyAbaqusPromises, ATidyDeckStaysAsItIsWhateverItWas) {
                               CKVODeckTidy::kAbaqus, tidied))
             << seed;
     }
-    EXPECT_GT(tidied, 100);
+    EXPECT_GT(tidied, 20);
 }
 
 TEST(TidyAbaqusPromises, SamplesStayTidy) {

@@ -9,13 +9,14 @@ namespace {
 
 using kvocaeio::test::DeckGenerator;
 using kvocaeio::test::expectAllStayTidy;
+using kvocaeio::test::kRandomDecks;
 using kvocaeio::test::staysTidy;
 using kvocaeio::test::TempFolder;
 
 TEST(TidyNastranPromises, ATidyDeckStaysAsItIsWhateverItWas) {
     const TempFolder folder;
     int tidied = 0;
-    for (unsigned seed = 1; seed <= 1500; ++seed) {
+    for (unsigned seed = 1; seed <= kRandomDecks; ++seed) {
         DeckGenerator generator(seed);
         EXPECT_TRUE(staysTidy(folder, folder.write("deck", generator.deck()),
                               CKVODeckTidy::kNastran, tidied))
@@ -24,7 +25,7 @@ TEST(TidyNastranPromises, ATidyDeckStaysAsItIsWhateverItWas) {
                               CKVODeckTidy::kNastran, tidied))
             << seed;
     }
-    EXPECT_GT(tidied, 100);
+    EXPECT_GT(tidied, 20);
 }
 
 TEST(TidyNastranPromises, SamplesStayTidy) {

@@ -66,6 +66,13 @@ inline Tidied tidyText(std::string_view text, int format) {
     return tidyFile(folder, "deck", format);
 }
 
+/// How many random decks of a kind are tidied. Wine takes its time for each file.
+#if defined(_WIN32)
+inline constexpr unsigned kRandomDecks = 100;
+#else
+inline constexpr unsigned kRandomDecks = 1500;
+#endif
+
 /// Whether tidying the tidy deck of `in` changes no byte of it; true as well where there is no tidy
 /// deck. `tidied` counts those that there are.
 inline bool staysTidy(const TempFolder& folder, const std::string& in, int format, int& tidied) {
