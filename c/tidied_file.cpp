@@ -36,12 +36,16 @@ fs::path makePrivateFolder() {
 }  // namespace
 
 TidiedFile::~TidiedFile() {
+    // Step by step, by what needs no memory.
     std::error_code error;
+    if (!path_.empty())
+        fs::remove(path_, error);
     if (!folder_.empty())
-        fs::remove_all(folder_, error);
+        fs::remove(folder_, error);
 }
 
 kvocaeio_status TidiedFile::run(const Request& request, const fs::path* target) {
+    outcome_ = {};
     auto format = static_cast<tidy::DeckFormat>(request.options.format);
     const tidy::Deck deck{request.path, request.name};
     return tidy::runTidy(deck, target, format, outcome_, request.listener())
@@ -69,11 +73,8 @@ kvocaeio_status TidiedFile::tidy(const Request& request) {
     folder_ = makePrivateFolder();
     if (folder_.empty())
         return fail(KVOCAEIO_NOT_TIDIED, "no temporary folder can be made", request.name);
-    const fs::path target = folder_ / "deck";
-    status = run(listened, &target);
-    if (status == KVOCAEIO_OK)
-        path_ = target;
-    return status;
+    path_ = folder_ / "deck";
+    return run(listened, &path_);
 }
 
 }  // namespace kvocaeio::c_interface
