@@ -16,19 +16,19 @@ namespace fs = std::filesystem;
 // Of two runs over a deck.
 constexpr std::uint64_t kMostPasses = 6;
 
-// Makes a folder that nobody else may look into; empty where that fails.
+// Makes a folder that nobody else may look into; returns none where that fails.
 fs::path makePrivateFolder() {
     constexpr int kTries = 100;
     std::error_code error;
     const fs::path parent = fs::temp_directory_path(error);
     std::random_device source;
     for (int i = 0; i < kTries && !error; ++i) {
-        const fs::path folder =
+        fs::path folder =
             parent / ("kvocaeio-" + std::to_string(source()) + std::to_string(source()));
         if (!fs::create_directory(folder, error))
             continue;  // somebody has a folder of that name
         fs::permissions(folder, fs::perms::owner_all, error);
-        return folder;
+        return folder;  // moved: a copy might find no memory, and the folder would stay
     }
     return {};
 }

@@ -1,5 +1,7 @@
 /// Memory that cannot be allocated, at every single allocation of what the C interface does.
 #include <array>
+#include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -76,6 +78,26 @@ int failuresOf(const Step& step) {
     return allocations;
 }
 
+// Temporary files go to a folder of the test's own, as long as this lives.
+class TemporaryFilesIn {
+  public:
+    explicit TemporaryFilesIn(const std::string& folder) { set(folder); }
+    ~TemporaryFilesIn() { set(before_); }
+    TemporaryFilesIn(const TemporaryFilesIn&) = delete;
+    TemporaryFilesIn& operator=(const TemporaryFilesIn&) = delete;
+
+  private:
+    static void set(const std::string& folder) {
+#if defined(_WIN32)
+        _putenv_s("TMP", folder.c_str());
+#else
+        setenv("TMPDIR", folder.c_str(), 1);
+#endif
+    }
+
+    const std::string before_ = std::filesystem::temp_directory_path().string();
+};
+
 class CMemoryFailure : public testing::Test {
   protected:
     // A file that is opened, asked for everything, and closed. Where it does not open, the reason
@@ -103,6 +125,8 @@ class CMemoryFailure : public testing::Test {
 };
 
 TEST_F(CMemoryFailure, OfAFileThatOpensLeaksNothing) {
+    folder.makeFolder("temporary");
+    const TemporaryFilesIn temporary(folder.file("temporary"));
     const std::vector<std::string> paths = {
         folder.write("deck.inp", kDeck), folder.write("deck.bdf", kBulkData),
         folder.write("file.pat", kNeutral), folder.write("file.3di", kPackage)};
@@ -122,6 +146,7 @@ TEST_F(CMemoryFailure, OfAFileThatOpensLeaksNothing) {
             };
             EXPECT_GT(failuresOf(step), 10);
         }
+    EXPECT_TRUE(std::filesystem::is_empty(folder.file("temporary")));
 }
 
 TEST_F(CMemoryFailure, OfAMeshThatIsWrittenLeaksNothing) {
