@@ -1,4 +1,5 @@
 """The code of the page docs/python.md runs, and prints what stands after it."""
+import ast
 import contextlib
 import inspect
 import io
@@ -54,15 +55,19 @@ def public_members():
 
 
 def attributes_without_description():
-    """Public attributes of classes and instances that have no comment "#:" before them."""
+    """Public attributes of the classes and their instances without a comment "#:" before them."""
     for path in sorted((SOURCE / "python/kvocaeio").glob("_*.py")):
-        if path.name == "_abi.py":
-            continue
         lines = path.read_text().splitlines()
-        for number, line in enumerate(lines):
-            attribute = re.match(r"    (?:    self\.)?([a-z]\w*): ", line)
-            if attribute and not lines[number - 1].lstrip().startswith("#:"):
-                yield f"{path.name}:{number + 1}: {line.strip()}"
+        for node in ast.parse("\n".join(lines)).body:
+            if not isinstance(node, ast.ClassDef) or node.name not in kvocaeio.__all__:
+                continue
+            for member in ast.walk(node):
+                if not isinstance(member, ast.AnnAssign):
+                    continue
+                name = ast.unparse(member.target)
+                described = lines[member.lineno - 2].lstrip().startswith("#:")
+                if re.match(r"(self\.)?[a-z]\w*$", name) and not described:
+                    yield f"{node.name}: {name}"
 
 
 def test_every_public_member_has_a_docstring():
