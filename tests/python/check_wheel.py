@@ -35,6 +35,8 @@ def problems(wheel, tag_pattern, library):
         content = {entry: archive.read(entry) for entry in archive.namelist()}
     expected = {f"kvocaeio/{file}" for file in [*MODULES, library]}
     expected |= {f"{INFO}/{file}" for file in ("METADATA", "WHEEL", "LICENSE", "RECORD")}
+    if library.endswith(".dll"):
+        expected |= {f"{INFO}/mingw-w64.txt", f"{INFO}/gcc-runtime.txt"}
     if set(content) != expected:
         yield f"missing: {expected - set(content)}, unexpected: {set(content) - expected}"
     record = {row[0]: row[1:] for row in csv.reader(io.StringIO(content[f"{INFO}/RECORD"].decode()))}
