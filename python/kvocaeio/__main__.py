@@ -30,8 +30,9 @@ def _arguments() -> argparse.ArgumentParser:
     )
     command.add_argument("paths", nargs="+", type=Path, help="files, and folders to walk")
     command.add_argument("--tidy", action="store_true", help="tidy decks before they are read")
+    cores = os.cpu_count() or 1
     command.add_argument(
-        "--jobs", type=int, default=os.cpu_count() or 1, help="files at a time (default: %(default)s)"
+        "--jobs", type=int, default=cores, help="files at a time (default: %(default)s)"
     )
     command.add_argument(
         "--min-severity", choices=_abi.SEVERITIES, default="note", help="what is listed"

@@ -39,14 +39,18 @@ def problems(wheel, tag_pattern, library):
         expected |= {f"{INFO}/mingw-w64.txt", f"{INFO}/gcc-runtime.txt"}
     if set(content) != expected:
         yield f"missing: {expected - set(content)}, unexpected: {set(content) - expected}"
-    record = {row[0]: row[1:] for row in csv.reader(io.StringIO(content[f"{INFO}/RECORD"].decode()))}
+    rows = csv.reader(io.StringIO(content[f"{INFO}/RECORD"].decode()))
+    record = {row[0]: row[1:] for row in rows}
     for entry, data in content.items():
-        known = ["", ""] if entry.endswith("/RECORD") else [f"sha256={digest(data)}", str(len(data))]
+        known = [f"sha256={digest(data)}", str(len(data))]
+        if entry.endswith("/RECORD"):
+            known = ["", ""]
         if record.get(entry) != known:
             yield f"{entry} is {known}, but recorded as {record.get(entry)}"
     if name and f"Tag: py3-none-{name[1]}\n" not in content[f"{INFO}/WHEEL"].decode():
         yield "the tag within differs from that of the name"
-    if not content[f"{INFO}/METADATA"].decode().startswith("Metadata-Version: 2.1\nName: kvocaeio\n"):
+    metadata = content[f"{INFO}/METADATA"].decode()
+    if not metadata.startswith("Metadata-Version: 2.1\nName: kvocaeio\n"):
         yield "the metadata begin with something else"
 
 
