@@ -34,7 +34,8 @@ class OpenTest : public testing::Test {
 
 TEST_F(OpenTest, RecognisesFormatsByTheirContent) {
     EXPECT_EQ(formatOf(kDeck), KVOCAEIO_FORMAT_ABAQUS);
-    EXPECT_EQ(formatOf("** only a comment\n"), KVOCAEIO_FORMAT_ABAQUS);
+    EXPECT_EQ(formatOf("\n** only a comment\n"), KVOCAEIO_FORMAT_ABAQUS);
+    EXPECT_EQ(formatOf("a title\n *Node , NSET=all\n"), KVOCAEIO_FORMAT_ABAQUS);
     EXPECT_EQ(formatOf(kFreeDeck), KVOCAEIO_FORMAT_NASTRAN);
     EXPECT_EQ(formatOf("$ only a comment\r\n"), KVOCAEIO_FORMAT_NASTRAN);
     EXPECT_EQ(formatOf("! made by hand\n25       0       0       1       0\n"),
@@ -46,6 +47,7 @@ TEST_F(OpenTest, RecognisesFormatsByTheirContent) {
 
 TEST_F(OpenTest, LeavesTheFormatAloneWhereNothingTellsIt) {
     EXPECT_EQ(formatOf("1, 2, 3\n"), -1);
+    EXPECT_EQ(formatOf("def show(\n    *values,\n):\n"), -1);
     EXPECT_STREQ(kvocaeio_error_text(), "nothing in the file tells its format");
     EXPECT_EQ(formatOf(""), -1);
     EXPECT_STREQ(kvocaeio_error_text(), "the file is empty");
