@@ -3,6 +3,7 @@ from __future__ import annotations
 
 import argparse
 import csv
+import io
 import os
 import sys
 from concurrent.futures import ThreadPoolExecutor
@@ -62,6 +63,8 @@ def _check(path: Path, tidy: bool) -> Findings:
 def main() -> int:
     """Runs the command line and returns the exit code."""
     arguments = _arguments().parse_args()
+    if isinstance(sys.stdout, io.TextIOWrapper):
+        sys.stdout.reconfigure(errors="backslashreplace")  # names of files may be no text
     least = _abi.SEVERITIES.index(arguments.min_severity)
     totals = dict.fromkeys(reversed(_abi.SEVERITIES), 0)
     files = failed = 0
@@ -79,7 +82,7 @@ def main() -> int:
             else:
                 print("".join(f"{finding}\n" for finding in shown), end="")
     if arguments.csv:
-        with open(arguments.csv, "w", newline="", encoding="utf-8", errors="replace") as out:
+        with open(arguments.csv, "w", newline="", encoding="utf-8", errors="backslashreplace") as out:
             table = csv.DictWriter(out, Findings.columns)
             table.writeheader()
             table.writerows(rows)

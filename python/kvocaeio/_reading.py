@@ -88,7 +88,7 @@ def read(
         normalise=normalise,
         property_values=property_values,
     )
-    return Model(pointer, os.fspath(path), kept)
+    return Model(pointer, os.fsdecode(path), kept)
 
 
 def check(

@@ -5,7 +5,7 @@ import types
 import meshio
 import numpy as np
 import pytest
-from conftest import BRICK, SOURCE
+from conftest import BRICK
 
 import kvocaeio
 import kvocaeio.meshio

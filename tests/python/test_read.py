@@ -111,6 +111,20 @@ def test_files_of_any_name_are_read(name, tmp_path):
     assert len(kvocaeio.read(str(path)).points) == 9
 
 
+def test_a_null_character_does_not_cut_a_path(brick):
+    with pytest.raises(ValueError, match="null character"):
+        kvocaeio.read(f"{brick}\0.bak")
+
+
+def test_names_in_another_encoding_can_be_shown_and_told_apart(tmp_path):
+    path = tmp_path / "latin.inp"
+    second = "*ELEMENT, TYPE=C3D4, ELSET=MAß\n13, 1, 2, 4, 5\n"
+    path.write_bytes((BRICK.replace("body", "GRÜN") + second).encode("latin-1"))
+    model = kvocaeio.read(path)
+    assert [section.name for section in model.sections] == ["GR\\xdcN", "GR\\xdcN", "MA\\xdf"]
+    repr(model.sections).encode("utf-8")
+
+
 def test_a_read_only_deck_is_read(brick):
     brick.chmod(stat.S_IRUSR)
     brick.parent.chmod(stat.S_IRUSR | stat.S_IXUSR)
