@@ -1,5 +1,4 @@
 /// Memory that cannot be allocated, at every single allocation of what the C interface does.
-#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -7,6 +6,7 @@
 #include <vector>
 
 #include "c/opened.h"
+#include "c/tetrahedron.h"
 #include "support/failing_memory.h"
 #include "support/files.h"
 
@@ -150,23 +150,11 @@ TEST_F(CMemoryFailure, OfAFileThatOpensLeaksNothing) {
 }
 
 TEST_F(CMemoryFailure, OfAMeshThatIsWrittenLeaksNothing) {
-    const std::array<double, 12> coordinates{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1};
-    const std::array<std::int32_t, 4> nodes{2, 4, 6, 8};
-    kvocaeio_block block{};
-    block.nodes_per_element = 4;
-    block.count = 1;
-    block.nodes = nodes.data();
-    kvocaeio_mesh mesh{};
-    mesh.struct_size = sizeof mesh;
-    mesh.node_count = 4;
-    mesh.node_oids = nodes.data();
-    mesh.coordinates = coordinates.data();
-    mesh.block_count = 1;
-    mesh.block_size = sizeof block;
-    mesh.blocks = &block;
+    const Tetrahedron tetrahedron;
     const std::string path = folder.file("file");
     for (const std::int32_t format : {KVOCAEIO_FORMAT_NASTRAN, KVOCAEIO_FORMAT_PATRAN})
-        EXPECT_GT(failuresOf([&] { return kvocaeio_write(path.c_str(), format, &mesh); }), 5);
+        EXPECT_GT(
+            failuresOf([&] { return kvocaeio_write(path.c_str(), format, &tetrahedron.mesh); }), 5);
 }
 
 TEST_F(CMemoryFailure, OfAReportLeavesNone) {

@@ -171,6 +171,24 @@ TEST_F(OpenTest, TidiesWhereItIsNeededAndLeadsBackToTheOriginal) {
     EXPECT_EQ(tableOf(deck.get(), kvocaeio_get_nodes).count, 4U);
 }
 
+TEST_F(OpenTest, NamesTheOriginalWhereItsTidiedDeckIsStopped) {
+    kvocaeio_options options = defaultOptions();
+    options.tidy = 1;
+    int calls = 0;
+    options.progress_user = &calls;
+    options.progress = [](void* user, std::uint64_t, std::uint64_t) -> std::int32_t {
+        ++*static_cast<int*>(user);
+        return 0;
+    };
+    const std::string path = folder.write("deck.bdf", kFreeDeck);
+    ASSERT_EQ(Opened(path, options).status, KVOCAEIO_OK);
+    options.progress = [](void* user, std::uint64_t, std::uint64_t) -> std::int32_t {
+        return --*static_cast<int*>(user) == 0 ? 1 : 0;  // in the last pass
+    };
+    ASSERT_EQ(Opened(path, options).status, KVOCAEIO_STOPPED);
+    EXPECT_EQ(kvocaeio_error_file(), path);
+}
+
 TEST_F(OpenTest, LeavesADeckAsItIsThatNeedsNoTidying) {
     kvocaeio_options options = defaultOptions();
     options.tidy = 1;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "c/opened.h"
+#include "c/tetrahedron.h"
 #include "support/files.h"
 
 namespace kvocaeio::test {
@@ -48,21 +49,8 @@ std::string faultOf(const std::string& path, std::size_t elements) {
 }
 
 std::string faultOfWriting(const std::string& path) {
-    const std::array<double, 12> coordinates{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1};
-    const std::array<std::int32_t, 4> nodes{0, 1, 2, 3};
-    kvocaeio_block block{};
-    block.nodes_per_element = 4;
-    block.count = 1;
-    block.nodes = nodes.data();
-    kvocaeio_mesh mesh{};
-    mesh.struct_size = sizeof mesh;
-    mesh.node_count = 4;
-    mesh.coordinates = coordinates.data();
-    mesh.numbering = KVOCAEIO_ROWS;
-    mesh.block_count = 1;
-    mesh.block_size = sizeof block;
-    mesh.blocks = &block;
-    return kvocaeio_write(path.c_str(), KVOCAEIO_FORMAT_NASTRAN, &mesh) == KVOCAEIO_OK
+    const Tetrahedron tetrahedron;
+    return kvocaeio_write(path.c_str(), KVOCAEIO_FORMAT_NASTRAN, &tetrahedron.mesh) == KVOCAEIO_OK
                ? ""
                : kvocaeio_error_text();
 }
