@@ -20,7 +20,8 @@ namespace kvocaeio::c_interface {
 struct Request {
     kvocaeio_options options{};
     std::filesystem::path path;
-    std::string name;                        ///< as the host has given it
+    bool isTidied = false;  ///< whether that is a tidied deck, with lines of its own
+    std::string name;       ///< as the host has given it
     report::ImportReport* report = nullptr;  ///< null where none is wanted
     Progress* progress = nullptr;            ///< null where nobody follows the import
 

@@ -59,8 +59,9 @@ kvocaeio_status failImport(const Request& request, kvocaeio_status otherwise,
     const text::FindingPlace& place = findings.lastError()->first[findings.lastErrorPlace()];
     std::array<char, 512> sentence;
     report::writeSentence(*findings.lastError(), place, sentence);
-    return fail(otherwise, sentence.data(), findings.file(place.file),
-                static_cast<std::int64_t>(place.line));
+    return request.isTidied ? fail(otherwise, sentence.data(), request.name)
+                            : fail(otherwise, sentence.data(), findings.file(place.file),
+                                   static_cast<std::int64_t>(place.line));
 }
 
 }  // namespace kvocaeio::c_interface

@@ -28,6 +28,19 @@ constexpr std::array<KindRow, 10> kKinds{{
 
 }  // namespace
 
+SectionTable sectionOf(std::int32_t geometry, std::size_t nodesPerElement,
+                       std::span<const int> oids, const int* nodes) {
+    SectionTable table;
+    table.section.name = table.section.type = "";
+    table.section.geometry = geometry;
+    table.section.kind = kindOf(geometry, nodesPerElement);
+    table.section.nodes_per_element = nodesPerElement;
+    table.section.count = oids.size();
+    table.section.oids = oids.data();
+    table.oids = nodes;
+    return table;
+}
+
 const int* connectivityOf(const MeshTables& mesh, SectionTable& table, bool asRows) {
     const int*& wanted = asRows ? table.rows : table.oids;
     if (wanted != nullptr)

@@ -34,6 +34,10 @@ struct SectionTable {
     text::ZeroedArray<int> made;  ///< whichever of the two was asked for and not there
 };
 
+/// One without a name, whose elements have these OIDs and nodes.
+SectionTable sectionOf(std::int32_t geometry, std::size_t nodesPerElement,
+                       std::span<const int> oids, const int* nodes);
+
 /// All that a mesh hands out.
 struct MeshTables {
     kvocaeio_nodes nodes{};

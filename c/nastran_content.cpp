@@ -99,14 +99,8 @@ class NastranMesh final : public NodeRows {
             const auto nodes = element.subspan(1, kind.nodes);
             elements.nodes.insert(elements.nodes.end(), nodes.begin(), nodes.end());
         });
-        SectionTable& table = tables.sections[KVOCAEIO_SECTIONS].emplace_back();
-        table.section.name = table.section.type = "";
-        table.section.geometry = kind.geometry;
-        table.section.kind = kindOf(kind.geometry, kind.nodes);
-        table.section.nodes_per_element = kind.nodes;
-        table.section.count = count;
-        table.section.oids = elements.oids.data();
-        table.oids = elements.nodes.data();
+        tables.sections[KVOCAEIO_SECTIONS].push_back(
+            sectionOf(kind.geometry, kind.nodes, elements.oids, elements.nodes.data()));
     }
 
     std::vector<int> oids_;

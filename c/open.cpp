@@ -56,6 +56,7 @@ kvocaeio_status readTidied(Request request, const TidiedFile& tidied,
     report::ImportReport report;
     report::ImportReport* const wanted = std::exchange(request.report, &report);
     request.path = tidied.path();
+    request.isTidied = true;
     const kvocaeio_status status = readContent(request, content);
     if (wanted != nullptr)
         addTidiedReading(report, request.name, *wanted);

@@ -81,15 +81,9 @@ class FlatSections final : public NodeRows {
             const int* const nodes = &mesh_.elementNodes[row * kNodesPerElement];
             elements.nodes.insert(elements.nodes.end(), nodes, nodes + shape.nodes);
         }
-        SectionTable& table = tables.sections[KVOCAEIO_SECTIONS].emplace_back();
-        table.section.name = table.section.type = "";
-        table.section.geometry = shape.geometry;
-        table.section.kind = kindOf(shape.geometry, shape.nodes);
-        table.section.nodes_per_element = shape.nodes;
-        table.section.count = count;
-        table.section.oids = elements.oids.data();
+        SectionTable& table = tables.sections[KVOCAEIO_SECTIONS].emplace_back(
+            sectionOf(shape.geometry, shape.nodes, elements.oids, elements.nodes.data()));
         table.section.property_ids = elements.properties.data();
-        table.oids = elements.nodes.data();
     }
 
     const FlatMesh& mesh_;

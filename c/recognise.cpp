@@ -8,6 +8,7 @@
 #include "c/content.h"
 #include "c/host_path.h"
 #include "text/ascii.h"
+#include "text/tokens.h"
 #include "tidy/format.h"
 
 namespace kvocaeio::c_interface {
@@ -18,6 +19,8 @@ constexpr std::size_t kHeadSize = std::size_t{64} * 1024;
 
 constexpr std::array<std::string_view, 5> k3diWords{"3DI", "GEOMETRIES", "GEOM", "3DPL",
                                                     "WIRE_MODELS"};
+constexpr std::array<std::string_view, 6> kMeshKeywords{"*NODE",    "*ELEMENT", "*ELSET",
+                                                        "*SURFACE", "*DLOAD",   "*SHELL SECTION"};
 constexpr std::array<std::string_view, 3> k3diTables{"COLOR", "OBJECT", "LAYER"};
 
 // Takes the first word off `line`, in upper case.
@@ -37,12 +40,21 @@ bool is3diLine(std::string_view line) {
                            : std::ranges::find(k3diWords, word) != k3diWords.end();
 }
 
-std::int32_t formatOfLine(std::string_view line) {
+// Whether a line is one of the keywords that a deck with a mesh has.
+bool isMeshKeyword(std::string_view line) {
+    std::string keyword;
+    text::foldToUpper(text::trimBlanks(line.substr(0, line.find(','))), keyword);
+    return std::ranges::find(kMeshKeywords, keyword) != kMeshKeywords.end();
+}
+
+// An asterisk begins lines of other texts, too, but seldom their first one.
+std::int32_t formatOfLine(std::string_view line, bool isFirst) {
     if (is3diLine(line))
         return KVOCAEIO_FORMAT_3DI;
     switch (tidy::recogniseText(line)) {
         case tidy::DeckFormat::kAbaqus:
-            return KVOCAEIO_FORMAT_ABAQUS;
+            return isFirst || isMeshKeyword(line) ? KVOCAEIO_FORMAT_ABAQUS
+                                                  : KVOCAEIO_FORMAT_UNKNOWN;
         case tidy::DeckFormat::kNastran:
             return KVOCAEIO_FORMAT_NASTRAN;
         case tidy::DeckFormat::kUnknown:
@@ -66,9 +78,12 @@ bool isPatranHead(std::string_view head) {
 std::int32_t recogniseText(std::string_view head) {
     if (isPatranHead(head))
         return KVOCAEIO_FORMAT_PATRAN;
+    bool isFirst = true;
     while (!head.empty()) {
         const std::size_t end = std::min(head.find_first_of("\r\n"), head.size());
-        const std::int32_t format = formatOfLine(head.substr(0, end));
+        const std::string_view line = head.substr(0, end);
+        const std::int32_t format = formatOfLine(line, isFirst);
+        isFirst = isFirst && line.find_first_not_of(" \t") == std::string_view::npos;
         if (format != KVOCAEIO_FORMAT_UNKNOWN)
             return format;
         head.remove_prefix(std::min(end + 1, head.size()));

@@ -36,10 +36,11 @@ bool anyEntry(const Findings& findings, const Matches& matches) {
 void addCounts(const ImportReport& from, ImportReport& to) {
     const auto known = to.countNum;
     for (std::size_t i = 0; i < from.countNum; ++i) {
-        const auto& [name, count] = from.counts[i];
-        if (std::none_of(to.counts.begin(), to.counts.begin() + known,
-                         [&](const auto& other) { return other.name == name; }))
-            to.addCount(name, count);
+        const ImportReport::Count& count = from.counts[i];
+        const auto end = to.counts.begin() + static_cast<std::ptrdiff_t>(known);
+        if (std::none_of(to.counts.begin(), end,
+                         [&](const auto& other) { return other.name == count.name; }))
+            to.addCount(count.name, count.count);
     }
 }
 

@@ -16,19 +16,19 @@ namespace fs = std::filesystem;
 // Of two runs over a deck.
 constexpr std::uint64_t kMostPasses = 6;
 
-// Makes a folder that nobody else may look into; empty where that fails.
+// Makes a folder that nobody else may look into; returns none where that fails.
 fs::path makePrivateFolder() {
     constexpr int kTries = 100;
     std::error_code error;
     const fs::path parent = fs::temp_directory_path(error);
     std::random_device source;
     for (int i = 0; i < kTries && !error; ++i) {
-        const fs::path folder =
+        fs::path folder =
             parent / ("kvocaeio-" + std::to_string(source()) + std::to_string(source()));
         if (!fs::create_directory(folder, error))
             continue;  // somebody has a folder of that name
         fs::permissions(folder, fs::perms::owner_all, error);
-        return folder;
+        return folder;  // moved: a copy might find no memory, and the folder would stay
     }
     return {};
 }
@@ -36,12 +36,16 @@ fs::path makePrivateFolder() {
 }  // namespace
 
 TidiedFile::~TidiedFile() {
+    // Step by step, by what needs no memory.
     std::error_code error;
+    if (!path_.empty())
+        fs::remove(path_, error);
     if (!folder_.empty())
-        fs::remove_all(folder_, error);
+        fs::remove(folder_, error);
 }
 
 kvocaeio_status TidiedFile::run(const Request& request, const fs::path* target) {
+    outcome_ = {};
     auto format = static_cast<tidy::DeckFormat>(request.options.format);
     const tidy::Deck deck{request.path, request.name};
     return tidy::runTidy(deck, target, format, outcome_, request.listener())
@@ -69,11 +73,8 @@ kvocaeio_status TidiedFile::tidy(const Request& request) {
     folder_ = makePrivateFolder();
     if (folder_.empty())
         return fail(KVOCAEIO_NOT_TIDIED, "no temporary folder can be made", request.name);
-    const fs::path target = folder_ / "deck";
-    status = run(listened, &target);
-    if (status == KVOCAEIO_OK)
-        path_ = target;
-    return status;
+    path_ = folder_ / "deck";
+    return run(listened, &path_);
 }
 
 }  // namespace kvocaeio::c_interface

@@ -1,4 +1,4 @@
-# Debian's packages: the library, what hosts are built with, and the program.
+# Debian's packages: the library, what hosts are built with, the program, and the Python module.
 
 # Their own rules of installation, with Debian's folders.
 foreach(component IN ITEMS library program)
@@ -19,6 +19,16 @@ set(packageOf_program kvocaeio)
 kvocaeio_install_code(${libdir} debian)
 kvocaeio_install_manual(vendor-completions)
 kvocaeio_install_pages(share/doc/${packageOf_development})
+# What is in the wheel but the library, which has a package of its own.
+set(pythonComponent)
+if(TARGET kvocaeio_wheel)
+    set(pythonComponent python)
+    set(packageOf_python python3-kvocaeio)
+    set(as_python COMPONENT debian_python EXCLUDE_FROM_ALL)
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/wheel/tree/ DESTINATION lib/python3/dist-packages
+        ${as_python} PATTERN *.so EXCLUDE PATTERN RECORD EXCLUDE PATTERN LICENSE EXCLUDE
+        PATTERN WHEEL EXCLUDE)
+endif()
 # The loader finds the library without being told where.
 install(CODE [[file(RPATH_REMOVE FILE "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/bin/kvocaeio")]]
     ${as_program})
@@ -33,7 +43,7 @@ file(CONFIGURE OUTPUT ${debianFolder}/copyright
 configure_file(cmake/changelog.in ${debianFolder}/changelog @ONLY)
 execute_process(COMMAND ${KVOCAEIO_GZIP} -9nkf ${debianFolder}/changelog
     COMMAND_ERROR_IS_FATAL ANY)
-foreach(component IN ITEMS library development program)
+foreach(component IN ITEMS library development program ${pythonComponent})
     install(FILES ${debianFolder}/copyright ${debianFolder}/changelog.gz
         DESTINATION share/doc/${packageOf_${component}} ${as_${component}})
 endforeach()
@@ -47,6 +57,9 @@ configure_file(cmake/debian_control.cmake.in ${debianFolder}/control.cmake @ONLY
 set(CPACK_PROJECT_CONFIG_FILE ${debianFolder}/control.cmake)
 
 set(CPACK_COMPONENTS_ALL debian_library debian_development debian_program)
+if(pythonComponent)
+    list(APPEND CPACK_COMPONENTS_ALL debian_python)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
@@ -80,3 +93,19 @@ set(CPACK_DEBIAN_DEBIAN_PROGRAM_DESCRIPTION
 "command-line host of a library for files of simulation tools
 It says what Abaqus input decks, Nastran bulk data, Patran neutral files and
 chip packages hold, and converts meshes of solids.")
+
+set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_NAME python3-kvocaeio)
+set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.9), python3-numpy, ${packageOf_library} (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_SUGGESTS
+    "python3-meshio, python3-pandas, python3-tqdm")
+set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/cmake/debian_python/postinst
+    ${PROJECT_SOURCE_DIR}/cmake/debian_python/prerm)
+set(CPACK_DEBIAN_DEBIAN_PYTHON_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_DEBIAN_PYTHON_DESCRIPTION "Python module for files of simulation tools
+It reads Abaqus input decks, Nastran bulk data, Patran neutral files and chip
+packages as numpy arrays, tells what of a file is not read, and writes meshes
+of solids.")

@@ -4,8 +4,9 @@
 usage: python/build_wheel.py LIBRARY VERSION PLATFORM OUTPUT
 
 LIBRARY is libKVOCAEIO.so or KVOCAEIO.dll, stripped or not; PLATFORM the platform tag of the wheel,
-such as win_amd64, or "linux" for that of this machine; OUTPUT the folder of the wheel. The same
-input gives the same bytes.
+such as win_amd64, or "linux" for that of this machine; OUTPUT the folder of the wheel. What is in
+the wheel stands beside it in the folder "tree", for packages of a system. The same input gives the
+same bytes.
 """
 import base64
 import hashlib
@@ -72,6 +73,10 @@ def contents(library, version, tag):
     files[f"{info}/METADATA"] = (METADATA.format(version=version) + description).encode()
     files[f"{info}/WHEEL"] = WHEEL.format(platform=tag).encode()
     files[f"{info}/LICENSE"] = (ROOT / "LICENSE").read_bytes()
+    # The DLL holds the runtime of its compiler.
+    notices = ("mingw-w64.txt", "gcc-runtime.txt") if library.suffix == ".dll" else ()
+    for notice in notices:
+        files[f"{info}/{notice}"] = (ROOT / "notices" / notice).read_bytes()
     return files, info
 
 
@@ -100,6 +105,9 @@ def main(library, version, platform_name, output):
             entry.compress_type = zipfile.ZIP_DEFLATED
             entry.external_attr = 0o100644 << 16
             archive.writestr(entry, content)
+            path = wheel.parent / "tree" / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes(content)
     print(wheel)
 
 

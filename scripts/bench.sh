@@ -4,7 +4,9 @@
 # sort), tidying against the import of what a deck becomes.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
+#        scripts/bench.sh python [N]
 #   FORMAT   abaqus, 3di, nastran or patran (all of them)
+#   python   instead, the Python module against the import in C++, and by four threads
 #   N        elements of the meshes, geometry blocks of the package (1000000)
 #   --scale  and the time per element for 10,000 to 5,000,000 elements
 #   --peers  and other readers of the formats, as far as they are installed
@@ -52,11 +54,13 @@ formats=
 scale=
 peers=
 parts=
+python=
 for argument in "$@"; do
     case $argument in
         --scale) scale=yes ;;
         --peers) peers=yes ;;
         --parts) parts=yes ;;
+        python) python=yes ;;
         abaqus | 3di | nastran | patran) formats+=" $argument" ;;
         *[!0-9]* | '')
             sed -n '2,/^set/s/^# \{0,1\}//p' "$0" >&2
@@ -281,6 +285,49 @@ print(meshio.__version__, time.process_time() - start)'
     done
 }
 
+# The module reads in one process, the library's job imports in another, in turns. What numpy takes
+# by itself is part of the peak.
+comparePython() {
+    local kind job round file peak reads imports script=bench/python_module.py
+    export PYTHONPATH=build/linux-release/wheel/tree
+    printf '\nPython, %d elements, %d rounds\n' "$elements" "$rounds"
+    printf '%-11s %9s %9s %7s %10s %10s %11s\n' \
+        file 'read s' 'import s' ratio 'peak MiB' 'numpy MiB' 'tables MiB'
+    for kind in abaqus-hex:abaqus abaqus-tet:abaqus nastran:nastran patran:patran-reader; do
+        job=${kind#*:}
+        kind=${kind%:*}
+        file=$(input "$kind" "$elements")
+        reads=
+        imports=
+        for ((round = 0; round < rounds; ++round)); do
+            imports+=$("$bin/kvocaeio_bench_library" "$job" "$file" 0 | head -n 1)$'\n'
+            reads+=$("$pythonProgram" "$script" read "$file")$'\n'
+        done
+        imports=$(sed 's/[a-z]*_\(cpu\|tables\)/\1/g' <<<"$imports")
+        printf '%-11s %9.3f %9.3f %7.2f %10.1f %10.1f %11.1f\n' "$kind" \
+            "$(field cpu <<<"$reads" | median)" "$(field cpu <<<"$imports" | median)" \
+            "$(paste <(field cpu <<<"$reads") <(field cpu <<<"$imports") |
+                awk '{ print $1 / $2 }' | median)" \
+            "$(field peak <<<"$reads" | mebibytes)" "$(field start <<<"$reads" | mebibytes)" \
+            "$(field tables <<<"$imports" | mebibytes)"
+    done
+    file=$(input abaqus-hex "$elements")
+    reads=
+    for ((round = 0; round < rounds; ++round)); do
+        reads+=$("$pythonProgram" "$script" threads "$file")$'\n'
+    done
+    printf '\nFour decks: one thread %.3f s, four threads %.3f s, ratio %.2f (%d cores)\n' \
+        "$(field alone <<<"$reads" | median)" "$(field together <<<"$reads" | median)" \
+        "$(paste <(field alone <<<"$reads") <(field together <<<"$reads") |
+            awk '{ print $1 / $2 }' | median)" "$(nproc)"
+}
+
+if [ -n "$python" ]; then
+    pythonProgram=$(sed -n 's/^KVOCAEIO_PYTHON:[^=]*=//p' build/linux-release/CMakeCache.txt)
+    cmake --build --preset linux-release --target kvocaeio_wheel >/dev/null
+    comparePython
+    exit
+fi
 compareWithFloor
 compareWithImport 'Import with a report' report reportSeconds
 compareWithImport 'kvocaeio info' info infoSeconds

@@ -6,8 +6,8 @@ usage: scripts/check_docs.py [--fix] [PAGE]...
 - Paragraphs and list items are filled to 100 columns: no line is longer, and each takes as many
   words as fit. Tables, code and headings stand as they are.
 - Relative links lead to a file, and where they name a heading of a page, to a heading.
-- Each C++ block in a page is a whole file of examples/ ("```cpp examples/NAME.cpp"), and each such
-  file is shown on a page. --fix brings the blocks up to date.
+- Each C or C++ block in a page is a whole file of examples/ ("```cpp examples/NAME.cpp"), and each
+  such file is shown on a page. --fix brings the blocks up to date.
 """
 import re
 import sys
@@ -68,7 +68,7 @@ def refilled(lines):
 
 
 def updated_examples(lines, problems):
-    """The lines of a page with its C++ blocks taken from their files, and the files."""
+    """The lines of a page with its C and C++ blocks taken from their files, and the files."""
     result, shown = [], set()
     at = 0
     while at < len(lines):
@@ -79,9 +79,11 @@ def updated_examples(lines, problems):
             continue
         end = next((i for i in range(at, len(lines)) if FENCE.match(lines[i])), len(lines))
         block = lines[at:end]
-        if line.startswith("```cpp"):
-            name = line[len("```cpp") :].strip()
-            if re.fullmatch(r"examples/\w+\.cpp", name) and (ROOT / name).is_file():
+        language = re.match(r"```(cpp|c)\b", line)
+        if language:
+            name = line[language.end() :].strip()
+            pattern = rf"examples/\w+\.{language.group(1)}"
+            if re.fullmatch(pattern, name) and (ROOT / name).is_file():
                 block = (ROOT / name).read_text().splitlines()
                 shown.add(name)
             else:
@@ -148,7 +150,7 @@ def main(arguments):
         for problem in problems:
             print(f"{page.relative_to(ROOT)}:{problem}", file=sys.stderr)
     if not named:
-        for example in sorted((ROOT / "examples").glob("*.cpp")):
+        for example in sorted((ROOT / "examples").glob("*.c*")):
             name = example.relative_to(ROOT).as_posix()
             if name not in shown:
                 failures += 1

@@ -3,12 +3,13 @@
 #
 # usage: scripts/setup.sh [build | package | test | fuzz | bench]...
 #   build    what the Linux build needs
-#   package  and what scripts/package.sh needs: mingw-w64, tools of LLVM and of Debian's developers
-#   test     and what scripts/test.sh needs: clang, Wine, Python, a locale with a decimal comma,
-#            what checks packages, manual pages, completion and the interface, programs and decks to
-#            compare with
+#   package  and what scripts/package.sh needs: mingw-w64, Python, tools of LLVM and of Debian's
+#            developers
+#   test     and what scripts/test.sh needs: clang, Wine, Python with what the tests of its module
+#            use, a locale with a decimal comma, what checks packages, manual pages, completion and
+#            the interface, programs and decks to compare with
 #   fuzz     clang with libFuzzer
-#   bench    Google Benchmark
+#   bench    Google Benchmark, and Python with numpy
 # Without a word: all of them.
 set -euo pipefail
 
@@ -19,15 +20,17 @@ locales=()
 for part in "$@"; do
     case $part in
         build) ;;
-        package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file) ;;
+        package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file python3) ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
                 python3 wine64 lintian groff-base fish zsh doxygen abigail-tools
-                calculix-ccx-test freecad-common gmsh python3-meshio)
+                calculix-ccx-test freecad-common gmsh
+                mypy python3-dask python3-meshio python3-numpy python3-pandas python3-pip
+                python3-pytest python3-tqdm python3-venv)
             locales+=(de_DE)
             ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
-        bench) packages+=(libbenchmark-dev) ;;
+        bench) packages+=(libbenchmark-dev python3-numpy) ;;
         *)
             echo "setup.sh: unknown part '$part'" >&2
             exit 2

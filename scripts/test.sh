@@ -58,7 +58,7 @@ scripts/reference.sh
 
 testPreset linux-release
 testPreset linux-sanitize # replays the fuzz corpora, as every other preset does
-testPreset linux-thread # one test, which is all that this preset builds beside the library
+testPreset linux-thread # two tests, which are all that this preset builds beside the library
 
 buildPreset windows-release
 begin 'windows-release: tests'

@@ -114,12 +114,16 @@ File openFile(const wchar_t* path, const char* mode) noexcept {
 File createFile(const std::filesystem::path& path, LineEnds) noexcept {
     constexpr mode_t kAnyone = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
     int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL, kAnyone);
+    const bool wasCreated = descriptor >= 0;
     if (descriptor >= 0 && descriptor < kFirstOwnDescriptor) {
         const int higher = fcntl(descriptor, F_DUPFD, kFirstOwnDescriptor);
         close(descriptor);
         descriptor = higher;
     }
-    return fileOf(descriptor, "wb");
+    File file = fileOf(descriptor, "wb");
+    if (file == nullptr && wasCreated)
+        unlink(path.c_str());
+    return file;
 }
 
 bool reserveFile(std::FILE* file, std::uintmax_t size) noexcept {

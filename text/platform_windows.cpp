@@ -107,7 +107,10 @@ File createFile(const std::filesystem::path& path, LineEnds lineEnds) noexcept {
     std::FILE* const stream = descriptor < 0 ? nullptr : _fdopen(descriptor, mode);
     if (stream == nullptr && descriptor >= 0)
         _close(descriptor);
-    return checked(stream, mode);
+    File file = checked(stream, mode);
+    if (file == nullptr && descriptor >= 0)
+        DeleteFileW(path.c_str());
+    return file;
 }
 
 bool reserveFile(std::FILE*, std::uintmax_t) noexcept {

@@ -8,6 +8,7 @@
 #include <random>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace kvocaeio::tidy {
 
@@ -70,11 +71,11 @@ bool OutputFile::open(const fs::path& target, text::LineEnds lineEnds) {
 bool OutputFile::create(text::LineEnds lineEnds) {
     constexpr int kTries = 100;
     for (int i = 0; i < kTries; ++i) {
-        const fs::path path = target_.parent_path() / uniqueName();
+        fs::path path = target_.parent_path() / uniqueName();
         errno = 0;
         file_ = text::createFile(path, lineEnds);
         if (file_ != nullptr) {
-            path_ = path;
+            path_ = std::move(path);  // a copy might find no memory
             writer_.emplace(file_.get());
             return true;
         }

@@ -34,6 +34,7 @@
 #ifndef KVOCAEIO_KVOCAEIO_H
 #define KVOCAEIO_KVOCAEIO_H
 
+// NOLINTBEGIN(modernize-*): this is C, too.
 #include <stddef.h>
 #include <stdint.h>
 
@@ -643,5 +644,6 @@ KVOCAEIO_API kvocaeio_status kvocaeio_write(const char* path, int32_t format,
 #ifdef __cplusplus
 }
 #endif
+// NOLINTEND(modernize-*)
 
 #endif

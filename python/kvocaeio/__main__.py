@@ -3,6 +3,7 @@ from __future__ import annotations
 
 import argparse
 import csv
+import io
 import os
 import sys
 from concurrent.futures import ThreadPoolExecutor
@@ -30,8 +31,9 @@ def _arguments() -> argparse.ArgumentParser:
     )
     command.add_argument("paths", nargs="+", type=Path, help="files, and folders to walk")
     command.add_argument("--tidy", action="store_true", help="tidy decks before they are read")
+    cores = os.cpu_count() or 1
     command.add_argument(
-        "--jobs", type=int, default=os.cpu_count() or 1, help="files at a time (default: %(default)s)"
+        "--jobs", type=int, default=cores, help="files at a time (default: %(default)s)"
     )
     command.add_argument(
         "--min-severity", choices=_abi.SEVERITIES, default="note", help="what is listed"
@@ -61,6 +63,8 @@ def _check(path: Path, tidy: bool) -> Findings:
 def main() -> int:
     """Runs the command line and returns the exit code."""
     arguments = _arguments().parse_args()
+    if isinstance(sys.stdout, io.TextIOWrapper):
+        sys.stdout.reconfigure(errors="backslashreplace")  # names of files may be no text
     least = _abi.SEVERITIES.index(arguments.min_severity)
     totals = dict.fromkeys(reversed(_abi.SEVERITIES), 0)
     files = failed = 0
@@ -78,7 +82,7 @@ def main() -> int:
             else:
                 print("".join(f"{finding}\n" for finding in shown), end="")
     if arguments.csv:
-        with open(arguments.csv, "w", newline="", encoding="utf-8", errors="replace") as out:
+        with open(arguments.csv, "w", newline="", encoding="utf-8", errors="backslashreplace") as out:
             table = csv.DictWriter(out, Findings.columns)
             table.writeheader()
             table.writerows(rows)

@@ -6,7 +6,7 @@ from dataclasses import dataclass, field
 from typing import TYPE_CHECKING, Any, ClassVar, Iterator, Sequence, overload
 
 from . import _abi
-from ._library import Report, lib, require, text_of
+from ._library import Report, lib, path_of, require, text_of
 
 if TYPE_CHECKING:
     import pandas
@@ -122,7 +122,7 @@ def _finding(raw: _abi.Finding, places: tuple[Place, ...]) -> Finding:
         code=text_of(raw.code),
         text=text_of(raw.text),
         advice=text_of(raw.advice),
-        file=text_of(raw.file),
+        file=path_of(raw.file),
         line=raw.line,
         column=raw.column,
         count=raw.count,
@@ -133,7 +133,7 @@ def _finding(raw: _abi.Finding, places: tuple[Place, ...]) -> Finding:
 def _place(report: Report, index: int, place_index: int) -> Place:
     raw = _abi.Place()
     require(lib.report_place(report.pointer, index, place_index, ctypes.byref(raw)))
-    return Place(text_of(raw.file), raw.line, raw.column, text_of(raw.text))
+    return Place(path_of(raw.file), raw.line, raw.column, text_of(raw.text))
 
 
 def _finding_at(report: Report, index: int) -> Finding:

@@ -25,7 +25,7 @@ class Cell(NamedTuple):
     vtk: int
 
 
-# The mid-side nodes of all formats here come in the order of VTK. Within a kind by number of nodes.
+# Mid-side nodes come in the order of meshio and VTK. Within a kind by number of nodes.
 CELLS = (
     Cell("line", 2, "line", 3),
     Cell("line", 3, "line3", 21),
@@ -42,6 +42,11 @@ CELLS = (
     Cell("hexahedron", 8, "hexahedron", 12),
     Cell("hexahedron", 20, "hexahedron20", 25),
 )
+# A wedge of VTK begins with the triangle whose normal points outward.
+_VTK_ORDER = {
+    13: (3, 4, 5, 0, 1, 2),
+    26: (3, 4, 5, 0, 1, 2, 9, 10, 11, 6, 7, 8, 12, 13, 14),
+}
 # What remains of the solids and shells of the normalised mesh without their repeated corners.
 _BY_CORNERS = {
     8: {8: "hexahedron", 6: "wedge", 5: "pyramid", 4: "tetrahedron"},
@@ -62,7 +67,7 @@ class Piece(NamedTuple):
 
 
 def _cell_for(kind: str, nodes: int) -> Cell | None:
-    """The cell of a kind with the most nodes of those that fit; further nodes are left out."""
+    """The cell of a kind with the most nodes that an element has. Further nodes are left out."""
     fitting = [cell for cell in CELLS if cell.kind == kind and cell.nodes <= nodes]
     return fitting[-1] if fitting else None
 
@@ -105,11 +110,14 @@ class Grid:
             if not drop:
                 number = counted(int(missing.sum()), "element")
                 raise ValueError(
-                    f"{number} of {section!r} with a node that is not there; drop=True leaves such out"
+                    f"{number} of {section!r} with a node that is not there; "
+                    "drop=True leaves such out"
                 )
             nodes = nodes[~missing]
             oids = None if oids is None else oids[~missing]
-        kinds = [(section.kind, nodes)] if oids is not None else _without_repeats(section.kind, nodes)
+        kinds = iter([(section.kind, nodes)])
+        if oids is None:
+            kinds = _without_repeats(section.kind, nodes)
         for kind, kept in kinds:
             cell = _cell_for(kind, kept.shape[1])
             if cell and len(kept):
@@ -147,12 +155,18 @@ def to_meshio(grid: Grid) -> meshio.Mesh:
     )
 
 
+def _for_vtk(piece: Piece) -> Ints:
+    """The cells as VTK lists them: the number of nodes before the nodes of each."""
+    order = _VTK_ORDER.get(piece.cell.vtk)
+    nodes = piece.nodes[:, order] if order else piece.nodes
+    return np.insert(nodes, 0, piece.cell.nodes, axis=1).ravel()
+
+
 def to_pyvista(grid: Grid) -> pyvista.UnstructuredGrid:
     """A grid of PyVista."""
     import pyvista
 
-    # VTK's list of cells: the number of nodes before the nodes of each.
-    cells = [np.insert(p.nodes, 0, p.cell.nodes, axis=1).ravel() for p in grid.pieces]
+    cells = [_for_vtk(piece) for piece in grid.pieces]
     types = [np.full(len(p.nodes), p.cell.vtk, np.uint8) for p in grid.pieces]
     sections = [np.full(len(p.nodes), p.section, np.int32) for p in grid.pieces]
     oids = [p.oids for p in grid.pieces if p.oids is not None]

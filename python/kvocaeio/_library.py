@@ -42,20 +42,30 @@ lib = _load()
 
 
 def text_of(raw: bytes | None) -> str:
-    """A text of the library. What is no UTF-8, from a file, is kept as lone surrogates."""
-    return raw.decode("utf-8", "surrogateescape") if raw else ""
+    r"""A text of the library. Bytes of a file that are no UTF-8 stand in it as "\xdf"."""
+    return raw.decode("utf-8", "backslashreplace") if raw else ""
+
+
+def path_of(raw: bytes | None) -> str:
+    """A path of the library, as Python has it."""
+    if not raw:
+        return ""
+    return raw.decode("utf-8", "replace") if sys.platform == "win32" else os.fsdecode(raw)
 
 
 def path_bytes(path: str | os.PathLike[str]) -> bytes:
     """A path as the library takes it: UTF-8 on Windows, elsewhere the bytes of the system."""
-    return os.fspath(path).encode("utf-8") if sys.platform == "win32" else os.fsencode(path)
+    raw = os.fsdecode(path).encode("utf-8") if sys.platform == "win32" else os.fsencode(path)
+    if b"\0" in raw:
+        raise ValueError("a null character in a path")
+    return raw
 
 
 def require(status: int) -> None:
     """Raises the exception for a status that is not success."""
     if status != _abi.OK:
         raise exception_for(
-            status, text_of(lib.error_text()), text_of(lib.error_file()), lib.error_line()
+            status, text_of(lib.error_text()), path_of(lib.error_file()), lib.error_line()
         )
 
 
@@ -102,10 +112,10 @@ class Handle:
             return empty
         return np.asarray(_Borrowed(self, address, shape, np.dtype(dtype).str))
 
-    @staticmethod
-    def texts(pointer: Any, count: int) -> list[str]:
-        """An array of texts."""
-        return [text_of(pointer[i]) for i in range(count)]
+
+def texts_of(pointer: Any, count: int) -> list[str]:
+    """An array of texts."""
+    return [text_of(pointer[i]) for i in range(count)]
 
 
 class Report:

@@ -160,8 +160,8 @@ class Model:
         return bool(self._open().call(lib.model_is_normalised))
 
     def normalise(self) -> Model:
-        """Makes the normalised mesh of an Abaqus deck, `solids` and `shells`, and returns the model.
-        What is noticed is added to `findings`, where `read` was asked for a report."""
+        """Makes the normalised mesh of an Abaqus deck, `solids` and `shells`, and returns the
+        model. What is noticed is added to `findings`, where `read` was asked for a report."""
         report = self._report
         require(self._open().call(lib.normalise, report.pointer if report else None))
         if report:
@@ -215,12 +215,12 @@ class Model:
         return _tables.origins(self._open(), index_of(things, _abi.THINGS, "a kind of things"))
 
     def to_meshio(self, *, normalised: bool | None = None, drop: bool = False) -> meshio.Mesh:
-        """Returns the mesh as one of meshio, which must be installed: a block for each section, OIDs
-        as "oid" of points and cells, named sections as cell sets.
+        """Returns the mesh as one of meshio, which must be installed: a block for each section,
+        OIDs as "oid" of points and cells, named sections as cell sets.
 
         `normalised` takes the normalised mesh; None does so where it has been made. Elements of
-        unknown kind are left out, and mid-side nodes of cells that meshio does not know. Elements with a node that is not there raise ValueError, or are
-        left out with `drop`.
+        unknown kind are left out, and mid-side nodes of cells that meshio does not know. Elements
+        with a node that is not there raise ValueError, or are left out with `drop`.
         """
         return _grids.to_meshio(self._grid(normalised, drop))
 

@@ -25,8 +25,8 @@ def _bar() -> Any:
 class Watch:
     """Calls the progress function during an import, and stops the import at Ctrl-C.
 
-    Used as a context around the import. On the way out, what has stopped the import is raised again:
-    an exception of the progress function, or what Ctrl-C does in the program.
+    Used as a context around the import. On the way out, what has stopped the import is raised
+    again: an exception of the progress function, or what Ctrl-C does in the program.
     """
 
     def __init__(self, progress: Union[Progress, bool, None]) -> None:

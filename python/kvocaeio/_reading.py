@@ -88,7 +88,7 @@ def read(
         normalise=normalise,
         property_values=property_values,
     )
-    return Model(pointer, os.fspath(path), kept)
+    return Model(pointer, os.fsdecode(path), kept)
 
 
 def check(
@@ -131,13 +131,13 @@ def recognise(path: PathLike) -> str:
 
 
 def find_files(folder: PathLike) -> Iterator[Path]:
-    """Walks a folder and all folders in it, by name, and yields the files whose extension or content
-    is that of a known format. Links to folders are not followed. Raises OSError where the folder
+    """Walks a folder and all folders in it, by name, and yields the files whose extension or
+    content is that of a known format. Links to folders are not followed. Raises OSError where the folder
     itself cannot be read."""
     os.scandir(folder).close()
     for place, folders, files in os.walk(folder):
         folders.sort()
-        yield from (path for path in (Path(place, name) for name in sorted(files)) if _is_known(path))
+        yield from filter(_is_known, (Path(place, name) for name in sorted(files)))
 
 
 def _is_known(path: Path) -> bool:

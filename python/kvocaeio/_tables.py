@@ -8,7 +8,7 @@ from typing import TYPE_CHECKING
 import numpy as np
 
 from . import _abi
-from ._library import Handle, lib, text_of
+from ._library import Handle, lib, path_of, text_of, texts_of
 
 if TYPE_CHECKING:  # numpy.typing takes a mebibyte
     from numpy.typing import NDArray
@@ -126,7 +126,7 @@ class Bodies:
     @cached_property
     def names(self) -> list[str]:
         """Their names."""
-        return Handle.texts(self._raw.names, self._raw.count)
+        return texts_of(self._raw.names, self._raw.count)
 
     def __len__(self) -> int:
         return int(self._raw.count)
@@ -158,7 +158,7 @@ class Wires:
         #: (n,) packed colours, the first value in the lowest byte.
         self.colors: NDArray[np.uint32] = handle.array(raw.colors, (raw.count,), np.uint32)
         #: Names of the wire models, in upper case. That of model n is at n-1.
-        self.profile_names: list[str] = Handle.texts(raw.profile_names, raw.profile_count)
+        self.profile_names: list[str] = texts_of(raw.profile_names, raw.profile_count)
 
     def __len__(self) -> int:
         return self._count
@@ -225,7 +225,7 @@ def origins(handle: Handle, things: int) -> Origins:
         oids=handle.array(raw.oids, (raw.count,), np.int32),
         original_oids=handle.array(raw.original_oids, (raw.count,), np.int32),
         sources=handle.array(raw.sources, (raw.count,), np.int32),
-        parts=Handle.texts(raw.source_parts, raw.source_count),
-        files=Handle.texts(raw.source_files, raw.source_count),
+        parts=texts_of(raw.source_parts, raw.source_count),
+        files=[path_of(raw.source_files[i]) for i in range(raw.source_count)],
         deviation=raw.deviation,
     )

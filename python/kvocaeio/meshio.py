@@ -27,8 +27,8 @@ _SOLIDS = ("tetra", "wedge", "hexahedron")
 def read(
     path: str | os.PathLike[str], *, format: str | None = None, tidy: bool = True, **options: Any
 ) -> meshio.Mesh:
-    """Reads a file as `kvocaeio.read` does, with its options, and returns a mesh of meshio. Decks are
-    tidied, unless `tidy` is False."""
+    """Reads a file as `kvocaeio.read` does, with its options, and returns a mesh of meshio. Decks
+    are tidied, unless `tidy` is False."""
     with _read(path, format=format, tidy=tidy, **options) as model:
         return model.to_meshio()
 
@@ -40,8 +40,8 @@ def write(
     format: str | None = None,
     unit: str = "mm",
 ) -> None:
-    """Writes the tetrahedra, wedges and hexahedra of a mesh of meshio as `kvocaeio.write` does, with
-    the OIDs that its points and cells have as "oid". Cells of other kinds raise ValueError."""
+    """Writes the tetrahedra, wedges and hexahedra of a mesh of meshio as `kvocaeio.write` does,
+    with the OIDs that its points and cells have as "oid". Cells of other kinds raise ValueError."""
     other = sorted({block.type for block in mesh.cells} - set(_SOLIDS))
     if other:
         raise ValueError(f"only {', '.join(_SOLIDS)} can be written, not {', '.join(other)}")

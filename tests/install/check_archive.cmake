@@ -16,6 +16,7 @@ set(doc share/doc/KVOCAEIO)
 set(expected
     include/kvocaeio/abaqus.h
     include/kvocaeio/export.h
+    include/kvocaeio/kvocaeio.h
     include/kvocaeio/nastran.h
     include/kvocaeio/package.h
     include/kvocaeio/patran.h

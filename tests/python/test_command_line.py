@@ -1,5 +1,6 @@
 """`python -m kvocaeio`, and the example that checks an archive on many cores."""
 import csv
+import os
 import subprocess
 import sys
 
@@ -33,6 +34,13 @@ def test_a_folder_is_checked(archive):
     assert lines[1].startswith(f"{archive}/old/cut.inp:4:4: error: ")
     assert lines[-1] == "2 errors, 2 warnings in 2 files"
     assert result.stderr == ""
+
+
+def test_names_that_are_no_text_are_listed(tmp_path):
+    (tmp_path / os.fsdecode(b"\xfc.inp")).write_text(CUT)
+    result = run("-m", "kvocaeio", "check", tmp_path)
+    assert (result.returncode, result.stderr) == (2, "")
+    assert "/\\udcfc.inp:4:4: error: " in result.stdout
 
 
 def test_less_is_listed_with_a_severity(archive):

@@ -5,7 +5,7 @@ import types
 import meshio
 import numpy as np
 import pytest
-from conftest import BRICK, SOURCE
+from conftest import BRICK
 
 import kvocaeio
 import kvocaeio.meshio
@@ -124,6 +124,17 @@ def test_sections_become_cells_of_vtk(brick, monkeypatch):
     assert grid.point_data["oid"].tolist() == [1, 2, 3, 4, 5, 6, 7, 8, 20]
     assert grid.cell_data["oid"].tolist() == [11, 12]
     assert grid.cell_data["section"].tolist() == [0, 1]
+
+
+def test_wedges_are_turned_for_vtk(tmp_path, monkeypatch):
+    deck = tmp_path / "wedge.inp"
+    points = ["0,0,0", "1,0,0", "0,1,0", "0,0,1", "1,0,1", "0,1,1"]
+    nodes = "".join(f"{i + 1},{point}\n" for i, point in enumerate(points))
+    deck.write_text(f"*NODE\n{nodes}*ELEMENT, TYPE=C3D6, ELSET=A\n1, 1, 2, 3, 4, 5, 6\n")
+    pyvista = types.ModuleType("pyvista")
+    pyvista.UnstructuredGrid = Grid
+    monkeypatch.setitem(sys.modules, "pyvista", pyvista)
+    assert kvocaeio.read(deck).to_pyvista().cells.tolist() == [6, 3, 4, 5, 0, 1, 2]
 
 
 def test_the_numbers_of_vtk_are_those_of_meshio():

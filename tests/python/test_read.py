@@ -44,7 +44,8 @@ def test_the_normalised_mesh_comes_beside_the_sections(brick):
 
 def test_what_it_is_can_be_seen(brick, data):
     model = kvocaeio.read(brick)
-    assert repr(model) == f"<kvocaeio.Model {brick}: Abaqus input deck, 9 nodes, 2 elements, 2 sections>"
+    content = "Abaqus input deck, 9 nodes, 2 elements, 2 sections"
+    assert repr(model) == f"<kvocaeio.Model {brick}: {content}>"
     assert repr(model.sections[1]) == (
         "<kvocaeio.Section BODY: 1 element of kind pyramid (C3D5), 5 nodes each>"
     )
@@ -59,7 +60,8 @@ def test_arrays_are_those_of_the_library_and_read_only(brick):
     model = kvocaeio.read(brick)
     assert model.points.ctypes.data == model.points.ctypes.data
     assert not model.points.flags.owndata
-    assert model.sections[0].cells.ctypes.data == kvocaeio.Model.sections.func(model)[0].cells.ctypes.data
+    again = kvocaeio.Model.sections.func(model)
+    assert model.sections[0].cells.ctypes.data == again[0].cells.ctypes.data
     for array in (model.points, model.node_oids, model.sections[0].oids, model.sections[0].cells):
         assert array.flags.c_contiguous and array.flags.aligned
         with pytest.raises(ValueError, match="read-only"):
@@ -107,6 +109,20 @@ def test_files_of_any_name_are_read(name, tmp_path):
     path.write_text(BRICK)
     assert len(kvocaeio.read(path).points) == 9
     assert len(kvocaeio.read(str(path)).points) == 9
+
+
+def test_a_null_character_does_not_cut_a_path(brick):
+    with pytest.raises(ValueError, match="null character"):
+        kvocaeio.read(f"{brick}\0.bak")
+
+
+def test_names_in_another_encoding_can_be_shown_and_told_apart(tmp_path):
+    path = tmp_path / "latin.inp"
+    second = "*ELEMENT, TYPE=C3D4, ELSET=MAß\n13, 1, 2, 4, 5\n"
+    path.write_bytes((BRICK.replace("body", "GRÜN") + second).encode("latin-1"))
+    model = kvocaeio.read(path)
+    assert [section.name for section in model.sections] == ["GR\\xdcN", "GR\\xdcN", "MA\\xdf"]
+    repr(model.sections).encode("utf-8")
 
 
 def test_a_read_only_deck_is_read(brick):

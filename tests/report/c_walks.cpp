@@ -3,35 +3,19 @@
 #include <array>
 #include <cstring>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "c/opened.h"
 #include "report/walked.h"
 #include "support/captured_output.h"
-#include <kvocaeio/kvocaeio.h>
 
 namespace kvocaeio::test {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Close {
-    void operator()(kvocaeio_model* model) const { kvocaeio_close(model); }
-    void operator()(kvocaeio_report* report) const { kvocaeio_report_destroy(report); }
-};
-using Model = std::unique_ptr<kvocaeio_model, Close>;
-using Report = std::unique_ptr<kvocaeio_report, Close>;
-
-template <class Table>
-Table tableOf(kvocaeio_model* model, kvocaeio_status (*get)(kvocaeio_model*, Table*)) {
-    Table table{};
-    table.struct_size = sizeof table;
-    EXPECT_EQ(get(model, &table), KVOCAEIO_OK) << kvocaeio_error_text();
-    return table;
-}
 
 kvocaeio_section sectionAt(kvocaeio_model* model, int table, std::size_t index) {
     kvocaeio_section section{};
@@ -232,28 +216,23 @@ Form formOf(const fs::path& path, bool isNeutralList) {
 
 Walked walkedByC(const fs::path& path, bool isNeutralList, bool isReported) {
     const Form form = formOf(path, isNeutralList);
-    kvocaeio_report* made = nullptr;
-    EXPECT_EQ(kvocaeio_report_create(&made), KVOCAEIO_OK);
-    const Report report(made);
-    kvocaeio_options options;
-    kvocaeio_init_options(&options, sizeof options);
+    const ReportHandle report = makeReport();
+    kvocaeio_options options = defaultOptions();
     options.format = form.format;
     options.property_values = 1;
     options.report = isReported ? report.get() : nullptr;
     CapturedOutput printed;
     Walked walked;
     Writer out;
-    kvocaeio_model* opened = nullptr;
-    const auto utf8 = path.u8string();
-    const kvocaeio_status status =
-        kvocaeio_open(reinterpret_cast<const char*>(utf8.c_str()), &options, &opened);
-    const Model model(opened);
-    walked.imported = status == KVOCAEIO_OK;
-    EXPECT_EQ(opened != nullptr, walked.imported);
+    const std::u8string utf8 = path.u8string();
+    const Opened opened({utf8.begin(), utf8.end()}, options);
+    walked.imported = opened.status == KVOCAEIO_OK;
+    EXPECT_EQ(opened.get() != nullptr, walked.imported);
     if (walked.imported)
-        form.put(model.get(), out);
+        form.put(opened.get(), out);
     else
-        EXPECT_TRUE(status == KVOCAEIO_NOT_READ && *kvocaeio_error_text() != '\0') << status;
+        EXPECT_TRUE(opened.status == KVOCAEIO_NOT_READ && *kvocaeio_error_text() != '\0')
+            << opened.status;
     walked.tables = out.text();
     walked.printed = printed.text();
     return walked;
