@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "file_report.h"
+#include "file_system.h"
 #include "output_file.h"
 #include "version_text.h"
 
@@ -134,6 +135,10 @@ Json linePrimitive(std::size_t points, std::size_t rows, std::size_t material) {
     Json lines = trianglePrimitive(points, rows, material);
     lines["mode"] = kLines;
     return lines;
+}
+
+std::string nameIn(const std::string& path) {
+    return path.substr(folderLength(path));
 }
 
 double metresIn(std::string_view unit) {
