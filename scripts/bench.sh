@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures the library against the floor, the least that any program must do for the same job, and
-# imports with a report and `kvocaeio info` against the import in them (of Abaqus decks with the
-# sort), tidying against the import of what a deck becomes.
+# imports with a report, `kvocaeio info` and `kvocaeio convert` against the import in them (of Abaqus
+# decks with the sort), tidying against the import of what a deck becomes.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
 #        scripts/bench.sh python [N]
@@ -77,7 +77,7 @@ cmake --build --preset linux-release --target kvocaeio kvocaeio_bench kvocaeio_b
 bin=build/linux-release/bin
 data=build/bench-data
 mkdir -p "$data"
-trap 'rm -f "$data/written"' EXIT
+trap 'rm -f "$data"/written*' EXIT
 
 isChosen() {
     [ -z "$formats" ] || [[ " $formats " = *" $1 "* ]]
@@ -197,6 +197,13 @@ compareWithImport() {
 
 infoSeconds() {
     processorSeconds "$bin/kvocaeio" info "$1"
+}
+
+convertSeconds() {
+    rm -f "$data"/written.vt? # to write over a file costs as much again
+    local extension=vtu
+    [[ $1 != *.3di ]] || extension=vtp
+    processorSeconds "$bin/kvocaeio" convert --as-is --force --quiet "$1" "$data/written.$extension"
 }
 
 reportSeconds() {
@@ -331,6 +338,7 @@ fi
 compareWithFloor
 compareWithImport 'Import with a report' report reportSeconds
 compareWithImport 'kvocaeio info' info infoSeconds
+compareWithImport 'kvocaeio convert to VTK' convert convertSeconds
 compareTidy
 [ -z "$scale" ] || compareSizes
 [ -z "$peers" ] || comparePeers

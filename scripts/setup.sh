@@ -26,7 +26,7 @@ for part in "$@"; do
                 python3 wine64 lintian groff-base fish zsh doxygen abigail-tools
                 calculix-ccx-test freecad-common gmsh
                 mypy python3-dask python3-meshio python3-numpy python3-pandas python3-pip
-                python3-pytest python3-tqdm python3-venv)
+                python3-pytest python3-tqdm python3-venv python3-vtk9)
             locales+=(de_DE)
             ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;

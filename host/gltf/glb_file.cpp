@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "file_report.h"
+#include "file_system.h"
 #include "output_file.h"
 #include "version_text.h"
 
@@ -133,6 +134,10 @@ Json linePrimitive(std::size_t points, std::size_t rows, std::size_t material) {
     Json lines = trianglePrimitive(points, rows, material);
     lines["mode"] = kLines;
     return lines;
+}
+
+std::string nameIn(const std::string& path) {
+    return path.substr(folderLength(path));
 }
 
 double metresIn(std::string_view unit) {

@@ -59,6 +59,9 @@ GltfPoint turned(const Place& place, double factor) {
             static_cast<float>(-place[1] * factor)};
 }
 
+/// The name of the file at `path`, without its folder.
+std::string nameIn(const std::string& path);
+
 /// Metres in one of `unit` of `kLengthUnits`.
 double metresIn(std::string_view unit);
 

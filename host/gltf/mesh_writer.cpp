@@ -7,7 +7,6 @@
 #include <span>
 
 #include "bounding_box.h"
-#include "clean_name.h"
 #include "convert/convert.h"
 #include "gltf/glb_file.h"
 #include "gltf/writers.h"
@@ -99,9 +98,8 @@ class MeshScene {
         // Points are relative to the middle: they have seven digits.
         const std::array<double, 3> middle = {center_[0] * metres_, center_[2] * metres_,
                                               -center_[1] * metres_};
-        file_.write(path, file_.addNode({{"name", cleanName(name)},
-                                         {"children", children},
-                                         {"translation", middle}}));
+        file_.write(
+            path, file_.addNode({{"name", name}, {"children", children}, {"translation", middle}}));
         takeNotes();
     }
 
@@ -199,7 +197,7 @@ class MeshScene {
 
 void writeGltfMesh(Mesh& mesh, const std::string& path, const ConvertOptions& options) {
     remarkUnit(mesh.lengthUnit, mesh.remarks);
-    MeshScene(mesh, metresIn(options.lengthUnit())).write(path, options.source);
+    MeshScene(mesh, metresIn(options.lengthUnit())).write(path, nameIn(options.source));
 }
 
 }  // namespace kvocaeio::host

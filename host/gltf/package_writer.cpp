@@ -3,7 +3,6 @@
 #include <nlohmann/json.hpp>
 #include <tuple>
 
-#include "clean_name.h"
 #include "convert/convert.h"
 #include "gltf/glb_file.h"
 #include "gltf/tube.h"
@@ -61,7 +60,7 @@ class SceneWriter {
             addBody(body);
         for (const WireProfile& profile : scene_.profiles)
             addWires(profile);
-        file_.write(path, file_.addNode({{"name", cleanName(name)}, {"children", children_}}));
+        file_.write(path, file_.addNode({{"name", name}, {"children", children_}}));
     }
 
   private:
@@ -137,7 +136,7 @@ class SceneWriter {
 void writeGltfPackage(PackageScene& scene, const std::string& path, const ConvertOptions& options) {
     remarkUnit(scene.lengthUnit, scene.remarks);
     const std::string unit = scene.lengthUnit.empty() ? "mm" : scene.lengthUnit;
-    SceneWriter(scene, metresIn(unit)).write(path, options.source);
+    SceneWriter(scene, metresIn(unit)).write(path, nameIn(options.source));
 }
 
 }  // namespace kvocaeio::host

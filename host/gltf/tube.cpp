@@ -41,7 +41,7 @@ Vector across(const Vector& along) {
 class Tube {
   public:
     Tube(std::span<const double> path, double radius, double metres, ShadedSurface& surface)
-        : radius_(radius), metres_(metres), surface_(surface) {
+        : radius_(radius), metres_(metres), surface_(surface), begin_(surface.points.size()) {
         for (std::size_t i = 0; i + 2 < path.size(); i += 3) {
             const Vector point = {path[i], path[i + 1], path[i + 2]};
             if (points_.empty() || point != points_.back())
@@ -54,32 +54,36 @@ class Tube {
             return;
         Vector along = directionFrom(0);
         Vector side = across(along);
-        cap(points_.front(), along, side, -1.0);
+        Ring ring = ringAt(0, along, side);
+        addCap(ring, sum({0, 0, 0}, -1.0, along));
         for (std::size_t i = 0; i + 1 < points_.size(); ++i) {
-            along = directionFrom(i);
-            // Turned with the line as little as can be.
-            const Vector turnedSide = unit(sum(side, -dot(side, along), along));
-            side = dot(turnedSide, turnedSide) < 0.5 ? across(along) : turnedSide;
-            const auto first = static_cast<std::uint32_t>(surface_.points.size());
-            ring(i, along, side, halvingPlane(i));
-            ring(i + 1, along, side, halvingPlane(i + 1));
-            for (std::uint32_t s = 0; s < kSides; ++s) {
-                const std::uint32_t next = (s + 1) % kSides;
-                for (const std::uint32_t row :
-                     {s, next, kSides + next, s, kSides + next, kSides + s})
-                    surface_.rows.push_back(first + row);
-            }
+            const Vector next = directionFrom(i);
+            side = turnedWith(along, next, side);
+            along = next;
+            const Ring end = ringAt(i + 1, along, side);
+            addSides(ring, end, along, side);
+            ring = end;
         }
-        cap(points_.back(), along, side, 1.0);
+        addCap(ring, along);
     }
 
   private:
+    using Ring = std::array<Vector, kSides>;
+
     Vector directionFrom(std::size_t i) const {
         return unit(sum(points_[i + 1], -1.0, points_[i]));
     }
 
+    /// `side`, across `from`, turned by the least angle that turns `from` to `to`.
+    static Vector turnedWith(const Vector& from, const Vector& to, const Vector& side) {
+        const double cosine = dot(from, to);
+        if (cosine < -0.999999)
+            return across(to);
+        return unit(sum(side, -dot(side, to) / (1.0 + cosine), sum(from, 1.0, to)));
+    }
+
     /// The direction across which the tube is cut at a point.
-    Vector halvingPlane(std::size_t i) const {
+    Vector cutAt(std::size_t i) const {
         if (i == 0)
             return directionFrom(0);
         if (i + 1 == points_.size())
@@ -88,42 +92,57 @@ class Tube {
         return dot(middle, middle) < 0.5 ? directionFrom(i) : middle;
     }
 
+    static Vector outward(const Vector& along, const Vector& side, std::size_t s) {
+        const double angle = 2 * std::numbers::pi * static_cast<double>(s) / kSides;
+        const Vector direction = sum({0, 0, 0}, std::cos(angle), side);
+        return sum(direction, std::sin(angle), cross(along, side));
+    }
+
+    /// Where the edges of the tube along `along` are cut.
+    Ring ringAt(std::size_t i, const Vector& along, const Vector& side) const {
+        const Vector cut = cutAt(i);
+        Ring ring;
+        for (std::size_t s = 0; s < kSides; ++s) {
+            const Vector normal = outward(along, side, s);
+            const double slope = std::clamp(-dot(normal, cut) / std::max(dot(along, cut), 1e-9),
+                                            -kLongestMiter, kLongestMiter);
+            ring[s] = sum(sum(points_[i], radius_, normal), radius_ * slope, along);
+        }
+        return ring;
+    }
+
     void addPoint(const Vector& place, const Vector& normal) {
         surface_.points.push_back(turned(place, metres_));
         surface_.normals.push_back(turned(normal, 1.0));
     }
 
-    static Vector outward(const Vector& along, const Vector& side, std::uint32_t s) {
-        const double angle = 2 * std::numbers::pi * s / kSides;
-        const Vector none = {0, 0, 0};
-        return sum(sum(none, std::cos(angle), side), std::sin(angle), cross(along, side));
-    }
-
-    /// The points of the tube along `along` at its cut with `plane`.
-    void ring(std::size_t i, const Vector& along, const Vector& side, const Vector& plane) {
+    void addSides(const Ring& begin, const Ring& end, const Vector& along, const Vector& side) {
+        const auto first = static_cast<std::uint32_t>(surface_.points.size());
+        for (const Ring* ring : {&begin, &end})
+            for (std::size_t s = 0; s < kSides; ++s)
+                addPoint((*ring)[s], outward(along, side, s));
         for (std::uint32_t s = 0; s < kSides; ++s) {
-            const Vector normal = outward(along, side, s);
-            const Vector edge = sum(points_[i], radius_, normal);
-            const double slope = std::clamp(-dot(normal, plane) / std::max(dot(along, plane), 1e-9),
-                                            -kLongestMiter, kLongestMiter);
-            addPoint(sum(edge, radius_ * slope, along), normal);
+            const std::uint32_t next = (s + 1) % kSides;
+            for (const std::uint32_t row : {s, next, kSides + next, s, kSides + next, kSides + s})
+                surface_.rows.push_back(first + row);
         }
     }
 
-    /// Closes an end: `way` is -1 at the beginning.
-    void cap(const Vector& center, const Vector& along, const Vector& side, double way) {
+    /// Closes the first end, where the ring is clockwise as seen from outside, or the last one.
+    void addCap(const Ring& ring, const Vector& normal) {
+        const bool isFirst = surface_.points.size() == begin_;
         const auto first = static_cast<std::uint32_t>(surface_.points.size());
-        const Vector normal = sum({0, 0, 0}, way, along);
-        for (std::uint32_t s = 0; s < kSides; ++s)
-            addPoint(sum(center, radius_, outward(along, side, s)), normal);
+        for (const Vector& place : ring)
+            addPoint(place, normal);
         for (std::uint32_t s = 1; s + 1 < kSides; ++s)
-            for (const std::uint32_t row : {0u, way > 0 ? s : s + 1, way > 0 ? s + 1 : s})
+            for (const std::uint32_t row : {0u, isFirst ? s + 1 : s, isFirst ? s : s + 1})
                 surface_.rows.push_back(first + row);
     }
 
     double radius_;
     double metres_;
     ShadedSurface& surface_;
+    std::size_t begin_;  // of its points in the surface
     std::vector<Vector> points_;
 };
 

@@ -250,8 +250,8 @@ TEST(ConvertFailure, TargetThatNoFormatHas) {
     const TempFolder folder;
     EXPECT_EQ(failureOf(sampleDeck("hinge.inp"), folder.file("out.xyz")),
               "kvocaeio: " + folder.file("out.xyz") +
-                  ": cannot be written: its name must end in .nas, .bdf (Nastran) or .pat "
-                  "(Patran)\n");
+                  ": cannot be written: its name must end in .nas, .bdf (Nastran), .pat "
+                  "(Patran), .inp (Abaqus), .glb (glTF), .vtu (VTK), .vtp (VTK, packages)\n");
 }
 
 TEST(ConvertFailure, FolderThatIsNotThere) {
