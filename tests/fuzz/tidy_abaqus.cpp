@@ -36,7 +36,7 @@ void expectReadWhole(CKVODeckTidy& tidy, const std::string& path) {
     CKVOAbaqusReader::ElemSecData section{};
     tidy.GetElemOriginBegin();
     for (reader.GetElemSecBegin(); reader.GetElemSecNext(&section);) {
-        if (section.nodesPerElem == 0)
+        if (section.geometryType == 0)
             continue;  // of an unknown type, in a deck that needs nothing
         int id = 0;
         int* nodes = nullptr;

@@ -70,6 +70,10 @@ double lengthOf(const Point& a) {
     return std::sqrt(dot(a, a));
 }
 
+bool isFinite(const Point& a) {
+    return std::isfinite(a[0]) && std::isfinite(a[1]) && std::isfinite(a[2]);
+}
+
 Point Placement::operator()(const Point& point) const {
     if (isIdentity)
         return point;

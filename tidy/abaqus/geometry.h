@@ -13,6 +13,7 @@ Point operator*(double factor, const Point& a);
 double dot(const Point& a, const Point& b);
 Point cross(const Point& a, const Point& b);
 double lengthOf(const Point& a);
+bool isFinite(const Point& a);
 
 /// A rigid motion or reflection: x becomes M x + t.
 struct Placement {

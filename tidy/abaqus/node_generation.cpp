@@ -1,5 +1,4 @@
 /// The readers of statements that generate nodes from others.
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -40,7 +39,7 @@ void addTo(IdSet* set, int id) {
 
 // Bias may make steps of any size, and copies of copies may go anywhere.
 void addGenerated(DeckReader& reader, int id, const Point& point) {
-    if (std::ranges::all_of(point, [](double x) { return std::isfinite(x); }))
+    if (isFinite(point))
         addNode(reader, id, point);
     else
         reader.refuse(Finding::kGenerationInvalid);

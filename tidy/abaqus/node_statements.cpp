@@ -120,7 +120,8 @@ void readNodes(DeckReader& reader) {
     lines.includeInput(reader.statement);
     NodeLine node;
     while (lines.nextData()) {
-        if (!readPlainNode(lines.line(), node) && !readNode(reader, node))
+        const bool isPlain = readPlainNode(lines.line(), node) && isFinite(node.point);
+        if (!isPlain && !readNode(reader, node))
             continue;
         if (!isGlobal)
             node.point = reader.system(rectangular(node.point, coordinates));
