@@ -221,7 +221,7 @@ TEST(TidyAbaqusGrammar, WhatIsNoDecimalNumberIsAnError) {
     for (const char* const coordinate : {"0x1F", "-0X2", "inf", "nan", ".", "-", "1.5e3x", "1 2"}) {
         const Tidied deck = tidied(std::string("*NODE\n1, 0, ") + coordinate + ", 0\n");
         EXPECT_FALSE(deck.isDone) << coordinate;
-        EXPECT_THAT(deck.others, ElementsAre("2:1 tidy.abaqus-number-invalid")) << coordinate;
+        EXPECT_THAT(deck.others, ElementsAre("2:7 tidy.abaqus-number-invalid")) << coordinate;
     }
 }
 
