@@ -114,21 +114,26 @@ CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
 
 CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     CLI::App* convert =
-        app.add_subcommand("convert", "Writes the mesh of IN as OUT.")->group(kCommandsTitle);
+        app.add_subcommand("convert", "Writes the mesh or the package of IN as OUT.")
+            ->group(kCommandsTitle);
     convert
-        ->add_option("IN", options.source,
-                     "An Abaqus input deck or a Patran neutral file; - is standard input.")
+        ->add_option(
+            "IN", options.source,
+            "An Abaqus input deck, a Nastran deck, a Patran neutral file or a 3DI package; - is "
+            "standard input.")
         ->required();
     convert
-        ->add_option("OUT", options.target,
-                     "A Nastran deck (.nas, .bdf) or a Patran neutral file (.pat).")
+        ->add_option(
+            "OUT", options.target,
+            "The file to write, of the kind that its name ends with: an Abaqus deck (.inp), a "
+            "Nastran deck (.nas, .bdf), a Patran neutral file (.pat), a VTK file (.vtu, of a "
+            "package .vtp) or a binary glTF file (.glb).")
         ->required();
     convert
         ->add_option("--unit", options.unit,
-                     "Length unit that the header of a Nastran deck names; coordinates stay as "
-                     "they are.")
+                     "Length unit that the file names; coordinates stay as they are.")
         ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
-        ->default_str("mm");
+        ->default_str(kvocaeio::host::kUsualLengthUnit);
     convert
         ->add_option_function<std::string>(
             "--nastran",
