@@ -161,6 +161,8 @@ class WideNastranDeck(Deck):
         nodes = sum((element.nodes for element in elements()), [])
         self.assertEqual(list(mesh.points_id), nodes)
         self.assertEqual([list(oids) for oids in mesh.cells_id], [[e.oid] for e in elements()])
+        self.assertEqual([list(ids) for ids in mesh.cell_data["nastran:ref"]],
+                         [[place + 1] for place in range(len(elements()))])
 
     def test_gmsh_reads_all(self):
         # Which numbers its own again.
