@@ -57,7 +57,7 @@ PackageScene takeScene(const InputFile& file, const Format& format, const Conver
 
 Content take(const InputFile& file, const ConvertOptions& options) {
     const Target& target = targetOf(options.target);
-    if (target.solids != nullptr && !options.wideNastran)
+    if (isWrittenByLibrary(target, options))
         return takeSolids(file, options);
     const Format& format = findFormatToTidy(file.path(), !options.asIs);
     if (format.takeScene != nullptr && target.writeScene == nullptr)
