@@ -15,6 +15,7 @@
 #include "mesh/load.h"
 #include "mesh/refusals.h"
 #include "mesh_checks.h"
+#include "progress_line.h"
 #include "replacement_file.h"
 
 namespace kvocaeio::host {
@@ -78,6 +79,7 @@ void write(Content& content, const ConvertOptions& options) {
     if (auto* const solids = std::get_if<SolidMesh>(&content))
         return writeSolids(*solids, *target.solids, options);
     ReplacementFile file(options.target);
+    const ProgressLine line("writing");
     if (auto* const mesh = std::get_if<Mesh>(&content))
         target.writeMesh(*mesh, file.path(), options);
     else
