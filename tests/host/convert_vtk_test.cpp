@@ -167,6 +167,18 @@ TEST(ConvertVtk, HoldsPackagesAsSurfacesAndLines) {
     EXPECT_THAT(color, ElementsAre(230, 190, 60));
 }
 
+TEST(ConvertVtk, ReadsTheReportsOfACadenceDesign) {
+    const VtkDocument file = converted({}, sampleDeck("reports"), "out.vtp");
+    EXPECT_THAT(file.texts("FieldData", "BodyNames"),
+                ElementsAre("SUBSTRATE", "LOGIC_DIE", "SPACER_LOW", "MEMORY_DIE", "INTERPOSER_TOP",
+                            "SENSOR_DIE"));
+    EXPECT_THAT(file.head(), HasSubstr("NumberOfPolys=\"36\""));
+    const TempFolder folder;
+    const Outcome outcome = runHost({"convert", folder.path().string(), folder.file("out.vtp")});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("no reports of a design that can be used"));
+}
+
 TEST(ConvertVtk, RefusesWhatTheTargetIsNotFor) {
     const TempFolder folder;
     const std::string mesh = folder.write("in.inp", kEveryKind);
