@@ -60,7 +60,7 @@ Content take(const std::optional<InputFile>& source, const ConvertOptions& optio
     if (!source)
         return finished(loadReports(options.source, load), options);
     const InputFile& file = *source;
-    if (target.solids != nullptr && !options.wideNastran)
+    if (isWrittenByLibrary(target, options))
         return takeSolids(file, options);
     const Format& format = findFormatToTidy(file.path(), !options.asIs);
     if (format.takeScene != nullptr && target.writeScene == nullptr)

@@ -135,7 +135,7 @@ class SceneWriter {
 
 void writeGltfPackage(PackageScene& scene, const std::string& path, const ConvertOptions& options) {
     remarkUnit(scene.lengthUnit, scene.remarks);
-    const std::string unit = scene.lengthUnit.empty() ? "mm" : scene.lengthUnit;
+    const std::string unit = scene.lengthUnit.empty() ? kUsualLengthUnit : scene.lengthUnit;
     SceneWriter(scene, metresIn(unit)).write(path, nameIn(options.source));
 }
 
