@@ -120,7 +120,7 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
         ->add_option(
             "IN", options.source,
             "An Abaqus input deck, a Nastran deck, a Patran neutral file or a 3DI package; - is "
-            "standard input.")
+            "standard input. Of a Cadence design the folder with the reports that a tool has left.")
         ->required();
     convert
         ->add_option(
