@@ -68,6 +68,7 @@ def test_exit_codes_tell_the_worst(archive):
 
 
 def test_the_example_writes_one_table_of_an_archive(archive, tmp_path):
+    (archive / "old" / "letter.inp").write_text("Dear Sir,\n")
     table = tmp_path / "archive.csv"
     result = run(SOURCE / "examples/archive.py", archive, table)
     assert result.returncode == 0, result.stderr
@@ -77,5 +78,7 @@ def test_the_example_writes_one_table_of_an_archive(archive, tmp_path):
         str(archive / "brick.inp"),
         str(archive / "old/cut.inp"),
         str(archive / "old/cut.inp"),
+        str(archive / "old/letter.inp"),
     ]
-    assert rows[1]["code"] == "abaqus.node-cut-short"
+    assert (rows[1]["code"], rows[1]["line"]) == ("abaqus.node-cut-short", "4")
+    assert (rows[3]["code"], rows[3]["line"]) == ("file.not-read", "")
