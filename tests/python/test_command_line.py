@@ -1,6 +1,7 @@
 """`python -m kvocaeio`, and the example that checks an archive on many cores."""
 import csv
 import os
+import signal
 import subprocess
 import sys
 
@@ -43,6 +44,20 @@ def test_names_that_are_no_text_are_listed(tmp_path):
     assert "/\\udcfc.inp:4:4: error: " in result.stdout
 
 
+def test_ctrl_c_ends_a_check(tmp_path, large):
+    folder = tmp_path / "archive"
+    folder.mkdir()
+    for i in range(300):
+        os.link(large, folder / f"{i}.inp")
+    command = [sys.executable, "-u", "-m", "kvocaeio", "check", "--jobs", "1", folder]
+    with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+        process.stdout.readline()
+        process.send_signal(signal.SIGINT)
+        output, errors = process.communicate(timeout=60)
+    assert (process.returncode, errors) == (130, b"")
+    assert len(output.splitlines()) < 200
+
+
 def test_less_is_listed_with_a_severity(archive):
     result = run("-m", "kvocaeio", "check", "--min-severity", "error", archive)
     assert len(result.stdout.splitlines()) == 2
@@ -63,6 +78,8 @@ def test_exit_codes_tell_the_worst(archive):
     assert run("-m", "kvocaeio", "check", archive / "brick.inp").returncode == 1
     assert run("-m", "kvocaeio", "check", archive / "letter.txt").returncode == 3
     assert run("-m", "kvocaeio", "check", archive / "none.inp").returncode == 3
+    no_table = run("-m", "kvocaeio", "check", "--csv", archive / "none" / "t.csv", archive)
+    assert (no_table.returncode, no_table.stderr.count("\n")) == (3, 1)
     assert run("-m", "kvocaeio").returncode == 2
     assert run("-m", "kvocaeio", "--version").stdout == f"kvocaeio {kvocaeio.__version__}\n"
 
