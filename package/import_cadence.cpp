@@ -79,11 +79,12 @@ bool extract(const ToolPaths<String>& paths, const typename String::value_type* 
 }
 
 // The tool leaves its reports where its commands were, not where the data files' paths point.
-template <class String>
-bool readExtracted(const ToolPaths<String>& paths, Model& model, const text::Listener& listener) {
-    InputFile symbols(paths.commandFiles[kSymbolReport].c_str());
-    InputFile layers(paths.commandFiles[kLayerReport].c_str());
-    InputFile dieStack(paths.commandFiles[kDieStackReport].c_str());
+// `report(i)` is the file of one of them.
+template <class ReportFile>
+bool readExtracted(const ReportFile& report, Model& model, const text::Listener& listener) {
+    InputFile symbols = report(kSymbolReport);
+    InputFile layers = report(kLayerReport);
+    InputFile dieStack = report(kDieStackReport);
     return readReportFiles(symbols, layers, dieStack, listener, model.reportTables) &&
            readReportUnits((*model.reportTables)[kSymbolReport], listener, model.unitScale) &&
            readReports(*model.reportTables, listener, model.unitScale, model.components);
@@ -100,14 +101,18 @@ bool importCadence(InputFile& design, Model& model, const text::Listener& listen
             : pathsW.exe.empty() || extract(pathsW, design.widePath, paths, listener);
     if (!extracted)
         return false;
-    return pathsW.commandFiles[0].empty() ? readExtracted(paths, model, listener)
-                                          : readExtracted(pathsW, model, listener);
+    const auto report = [&](std::size_t i) {
+        return pathsW.commandFiles[i].empty() ? InputFile(paths.commandFiles[i].c_str())
+                                              : InputFile(pathsW.commandFiles[i].c_str());
+    };
+    return readExtracted(report, model, listener);
 }
 
 bool importCadence(const std::filesystem::path& design, const NativeToolPaths& paths, Model& model,
                    const text::Listener& listener) {
+    const auto report = [&](std::size_t i) { return InputFile(paths.commandFiles[i].c_str()); };
     return (paths.exe.empty() || extract(paths, design.c_str(), paths, listener)) &&
-           readExtracted(paths, model, listener);
+           readExtracted(report, model, listener);
 }
 
 bool writeCommandFiles(const ToolPaths<std::string>& paths, const text::Listener& listener) {

@@ -8,8 +8,8 @@
     for finding in kvocaeio.check("part.inp"):
         print(finding)
 
-`read` gives a `Model`, `check` tells what of a file is not read, `write` writes a mesh of solids.
-All failures are exceptions derived from `Error`, but for arguments that make no sense.
+`read` returns a `Model`, `check` what of a file is not read; `write` writes a mesh of solids. A
+file that cannot be read or written raises an `Error`.
 """
 from ._errors import (
     ArgumentError,

@@ -6,7 +6,8 @@ import csv
 import io
 import os
 import sys
-from concurrent.futures import ThreadPoolExecutor
+from collections import deque
+from concurrent.futures import Future, ThreadPoolExecutor
 from pathlib import Path
 from typing import Iterator
 
@@ -16,6 +17,7 @@ from ._findings import Finding, Findings, counted
 from ._reading import check, find_files
 
 _CANNOT_BE_READ = 3
+_INTERRUPTED = 130  # as a shell has it
 
 
 def _arguments() -> argparse.ArgumentParser:
@@ -60,37 +62,79 @@ def _check(path: Path, tidy: bool) -> Findings:
         return Findings((failure,), failure, {})
 
 
+def _checked(paths: Iterator[Path], tidy: bool, jobs: int) -> Iterator[Findings]:
+    """The findings of each file, in order. No more files are taken than are soon to be read."""
+    with ThreadPoolExecutor(jobs) as pool:
+        waiting: deque[Future[Findings]] = deque()
+        try:
+            for path in paths:
+                waiting.append(pool.submit(_check, path, tidy))
+                if len(waiting) > 4 * jobs:
+                    yield waiting.popleft().result()
+            while waiting:
+                yield waiting.popleft().result()
+        finally:
+            pool.shutdown(wait=False, cancel_futures=True)
+
+
+class _Totals:
+    """What has been found in all files."""
+
+    def __init__(self) -> None:
+        self.found = dict.fromkeys(reversed(_abi.SEVERITIES), 0)
+        self.files = 0
+        self.failed = 0
+
+    def add(self, findings: Findings) -> None:
+        self.files += 1
+        self.failed += findings.failure is not None
+        for severity in self.found:
+            self.found[severity] += findings.total(severity)
+
+    def exit_code(self) -> int:
+        if self.failed:
+            return _CANNOT_BE_READ
+        return 2 if self.found["error"] else 1 if self.found["warning"] else 0
+
+    def __str__(self) -> str:
+        found = ", ".join(counted(n, severity) for severity, n in self.found.items() if n)
+        return f"{found or 'no findings'} in {counted(self.files, 'file')}"
+
+
+def _run(arguments: argparse.Namespace) -> int:
+    least = _abi.SEVERITIES.index(arguments.min_severity)
+    totals = _Totals()
+    rows = []
+    for findings in _checked(_files(arguments.paths), arguments.tidy, max(1, arguments.jobs)):
+        totals.add(findings)
+        shown = tuple(f for f in findings if _abi.SEVERITIES.index(f.severity) >= least)
+        if arguments.csv:
+            rows += Findings(shown, None, {}).to_records()
+        else:
+            print("".join(f"{finding}\n" for finding in shown), end="")
+    if arguments.csv:
+        with open(
+            arguments.csv, "w", newline="", encoding="utf-8", errors="backslashreplace"
+        ) as out:
+            table = csv.DictWriter(out, Findings.columns)
+            table.writeheader()
+            table.writerows(rows)
+    print(totals)
+    return totals.exit_code()
+
+
 def main() -> int:
     """Runs the command line and returns the exit code."""
     arguments = _arguments().parse_args()
     if isinstance(sys.stdout, io.TextIOWrapper):
         sys.stdout.reconfigure(errors="backslashreplace")  # names of files may be no text
-    least = _abi.SEVERITIES.index(arguments.min_severity)
-    totals = dict.fromkeys(reversed(_abi.SEVERITIES), 0)
-    files = failed = 0
-    rows = []
-    with ThreadPoolExecutor(max(1, arguments.jobs)) as pool:
-        results = pool.map(lambda path: _check(path, arguments.tidy), _files(arguments.paths))
-        for findings in results:
-            files += 1
-            failed += findings.failure is not None
-            for severity in totals:
-                totals[severity] += findings.total(severity)
-            shown = [f for f in findings if _abi.SEVERITIES.index(f.severity) >= least]
-            if arguments.csv:
-                rows += Findings(tuple(shown), None, {}).to_records()
-            else:
-                print("".join(f"{finding}\n" for finding in shown), end="")
-    if arguments.csv:
-        with open(arguments.csv, "w", newline="", encoding="utf-8", errors="backslashreplace") as out:
-            table = csv.DictWriter(out, Findings.columns)
-            table.writeheader()
-            table.writerows(rows)
-    found = ", ".join(counted(n, severity) for severity, n in totals.items() if n)
-    print(f"{found or 'no findings'} in {counted(files, 'file')}")
-    if failed:
+    try:
+        return _run(arguments)
+    except KeyboardInterrupt:
+        return _INTERRUPTED
+    except OSError as error:  # a folder, or the table
+        print(f"kvocaeio: {error}", file=sys.stderr)
         return _CANNOT_BE_READ
-    return 2 if totals["error"] else 1 if totals["warning"] else 0
 
 
 if __name__ == "__main__":

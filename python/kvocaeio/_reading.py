@@ -132,8 +132,8 @@ def recognise(path: PathLike) -> str:
 
 def find_files(folder: PathLike) -> Iterator[Path]:
     """Walks a folder and all folders in it, by name, and yields the files whose extension or
-    content is that of a known format. Links to folders are not followed. Raises OSError where the folder
-    itself cannot be read."""
+    content is that of a known format. Links to folders are not followed. Raises OSError where the
+    folder itself cannot be read."""
     os.scandir(folder).close()
     for place, folders, files in os.walk(folder):
         folders.sort()

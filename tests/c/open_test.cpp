@@ -254,7 +254,8 @@ TEST_F(OpenTest, TellsHowFarItIsAndStopsAtEveryBlock) {
                 EXPECT_EQ(opened.get(), nullptr);
                 EXPECT_EQ(follower.calls, block);
             }
-            EXPECT_EQ(Opened(path, options).status == KVOCAEIO_OK, whole == KVOCAEIO_OK) << path;
+            options.progress = nullptr;
+            EXPECT_EQ(Opened(path, options).status, whole) << path;
         }
 }
 

@@ -19,7 +19,8 @@ case $action in
         mkdir -p "$environment/run"
         cd "$environment/run"
         KVOCAEIO_SOURCE=$source PYTHONDONTWRITEBYTECODE=1 "$environment/bin/python" -m pytest \
-            -q -p no:cacheprovider --rootdir "$source/tests/python" "$source/tests/python" "$@"
+            -q -p no:cacheprovider --basetemp "$environment/temp" \
+            --rootdir "$source/tests/python" "$source/tests/python" "$@"
         ;;
     types)
         cd "$environment"

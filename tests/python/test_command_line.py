@@ -1,6 +1,7 @@
 """`python -m kvocaeio`, and the example that checks an archive on many cores."""
 import csv
 import os
+import signal
 import subprocess
 import sys
 
@@ -43,6 +44,20 @@ def test_names_that_are_no_text_are_listed(tmp_path):
     assert "/\\udcfc.inp:4:4: error: " in result.stdout
 
 
+def test_ctrl_c_ends_a_check(tmp_path, large):
+    folder = tmp_path / "archive"
+    folder.mkdir()
+    for i in range(300):
+        os.link(large, folder / f"{i}.inp")
+    command = [sys.executable, "-u", "-m", "kvocaeio", "check", "--jobs", "1", folder]
+    with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+        process.stdout.readline()
+        process.send_signal(signal.SIGINT)
+        output, errors = process.communicate(timeout=60)
+    assert (process.returncode, errors) == (130, b"")
+    assert len(output.splitlines()) < 200
+
+
 def test_less_is_listed_with_a_severity(archive):
     result = run("-m", "kvocaeio", "check", "--min-severity", "error", archive)
     assert len(result.stdout.splitlines()) == 2
@@ -63,11 +78,14 @@ def test_exit_codes_tell_the_worst(archive):
     assert run("-m", "kvocaeio", "check", archive / "brick.inp").returncode == 1
     assert run("-m", "kvocaeio", "check", archive / "letter.txt").returncode == 3
     assert run("-m", "kvocaeio", "check", archive / "none.inp").returncode == 3
+    no_table = run("-m", "kvocaeio", "check", "--csv", archive / "none" / "t.csv", archive)
+    assert (no_table.returncode, no_table.stderr.count("\n")) == (3, 1)
     assert run("-m", "kvocaeio").returncode == 2
     assert run("-m", "kvocaeio", "--version").stdout == f"kvocaeio {kvocaeio.__version__}\n"
 
 
 def test_the_example_writes_one_table_of_an_archive(archive, tmp_path):
+    (archive / "old" / "letter.inp").write_text("Dear Sir,\n")
     table = tmp_path / "archive.csv"
     result = run(SOURCE / "examples/archive.py", archive, table)
     assert result.returncode == 0, result.stderr
@@ -77,5 +95,7 @@ def test_the_example_writes_one_table_of_an_archive(archive, tmp_path):
         str(archive / "brick.inp"),
         str(archive / "old/cut.inp"),
         str(archive / "old/cut.inp"),
+        str(archive / "old/letter.inp"),
     ]
-    assert rows[1]["code"] == "abaqus.node-cut-short"
+    assert (rows[1]["code"], rows[1]["line"]) == ("abaqus.node-cut-short", "4")
+    assert (rows[3]["code"], rows[3]["line"]) == ("file.not-read", "")

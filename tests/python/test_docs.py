@@ -32,7 +32,7 @@ def folder(tmp_path, monkeypatch):
 def test_the_code_of_a_page_prints_what_stands_after_it(page, folder):
     if page == "python/README.md":
         (folder / "cover.inp").rename(folder / "part.inp")
-    blocks = BLOCK.findall((SOURCE / page).read_text())
+    blocks = BLOCK.findall((SOURCE / page).read_text(encoding="utf-8"))
     assert blocks
     names = {}
     for code, expected in blocks:
@@ -57,7 +57,7 @@ def public_members():
 def attributes_without_description():
     """Public attributes of the classes and their instances without a comment "#:" before them."""
     for path in sorted((SOURCE / "python/kvocaeio").glob("_*.py")):
-        lines = path.read_text().splitlines()
+        lines = path.read_text(encoding="utf-8").splitlines()
         for node in ast.parse("\n".join(lines)).body:
             if not isinstance(node, ast.ClassDef) or node.name not in kvocaeio.__all__:
                 continue
