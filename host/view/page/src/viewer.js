@@ -142,7 +142,7 @@ export class Viewer {
 
     /// More faces than can be drawn 20 times a second are fewer while the picture moves.
     setMoving(isMoving) {
-        const most = this.isSoftware ? 40e3 : 2e6;
+        const most = this.isSoftware ? 25e3 : 2e6;
         const isCoarse = isMoving && this.shown.shownTriangles > most;
         if (isCoarse === this.isCoarse)
             return;
