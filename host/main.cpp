@@ -130,7 +130,7 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
                      "Length unit that the header of a Nastran deck names; coordinates stay as "
                      "they are.")
         ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
-        ->capture_default_str();
+        ->default_str("mm");
     convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
         ->type_name("FACTOR")
         ->check(CLI::PositiveNumber);

@@ -159,7 +159,7 @@ void takeThicknesses(const DeckTables& tables, Mesh& mesh) {
             }
         lost += isTaken ? 0 : 1;
     }
-    leaveOut(mesh.losses, "shell-thicknesses", lost, "shell thicknesses",
+    leaveOut(mesh.losses, "shell-thicknesses", lost, "thickness values",
              " of sets that are no section of shells");
 }
 
@@ -184,7 +184,7 @@ Mesh takeAbaqusMesh(const std::string& path, const MeshRequest& request) {
     Mesh mesh;
     checkConflicts(findRepeatedNodes(tables), findRepeatedElements(tables), request.force,
                    mesh.remarks);
-    mesh.imported = request.normalised ? deck.imported : deck.listed;
+    mesh.imported = request.normalised || request.findsAll ? deck.imported : deck.listed;
     mesh.normalised = request.normalised;
     takeDeckNodes(tables, mesh);
     if (request.normalised) {

@@ -1,138 +1,98 @@
-/// The command `kvocaeio convert`: solids of one format written in another.
+/// The command `kvocaeio convert`: the mesh or package of one format written in another.
 #include "convert/convert.h"
 
 #include <algorithm>
 #include <iostream>
 #include <new>
 #include <optional>
+#include <variant>
 
-#include "convert/oids.h"
 #include "convert/report.h"
-#include "convert/rounding.h"
-#include "counted.h"
+#include "convert/solids.h"
+#include "convert/target.h"
 #include "formats.h"
 #include "input_file.h"
-#include "mesh/refusals.h"
-#include "mesh_checks.h"
+#include "mesh/load.h"
 #include "nastran/mesh_writer.h"
 #include "patran/mesh_writer.h"
 #include "replacement_file.h"
-#include "tidy/tidied_deck.h"
+#include "vtk/mesh_file.h"
+#include "vtk/package_file.h"
 
 namespace kvocaeio::host {
 
 namespace {
 
-struct Target {
-    std::string_view extension;
-    const MeshWriter* writer;
-};
-
-constexpr std::array<Target, 3> kTargets = {{
-    {".nas", &kNastranWriter},
-    {".bdf", &kNastranWriter},
-    {".pat", &kPatranWriter},
+constexpr std::array<Target, 5> kTargets = {{
+    {.extension = ".nas", .solids = &kNastranWriter},
+    {.extension = ".bdf", .solids = &kNastranWriter},
+    {.extension = ".pat", .solids = &kPatranWriter},
+    {.extension = ".vtu", .writeMesh = writeVtkMesh},
+    {.extension = ".vtp", .writeScene = writeVtkPackage},
 }};
 
-const MeshWriter& writerOf(const std::string& path) {
+const Target& targetOf(const std::string& path) {
     const std::string extension = extensionOf(path);
     for (const Target& target : kTargets)
         if (target.extension == extension)
-            return *target.writer;
-    throw FileError("cannot be written: its name must end in .nas, .bdf (Nastran) or .pat (Patran)",
-                    "unknown-target");
+            return target;
+    throw FileError(
+        "cannot be written: its name must end in .nas, .bdf (Nastran), .pat (Patran), .vtu (VTK) "
+        "or, for a package, .vtp (VTK)",
+        "unknown-target");
 }
 
-/// Drops elements of nodes that are not there and nodes that no element has.
-void compact(SolidMesh& mesh) {
-    const auto nodeCount = static_cast<int>(mesh.nodes.size());
-    const std::size_t lost = std::erase_if(mesh.elements, [&](const SolidMesh::Element& element) {
-        return std::any_of(element.nodes.begin(), element.nodes.begin() + element.corners,
-                           [&](int node) { return node < 0 || node >= nodeCount; });
-    });
-    leaveOut(mesh.losses, "elements-of-missing-nodes", lost, "elements",
-             " of nodes that are not there");
-    std::vector<int> newRows(mesh.nodes.size(), -1);
-    for (const SolidMesh::Element& element : mesh.elements)
-        for (int i = 0; i < element.corners; ++i)
-            newRows[static_cast<std::size_t>(element.nodes[static_cast<std::size_t>(i)])] = 0;
-    std::size_t used = 0;
-    for (std::size_t row = 0; row < newRows.size(); ++row) {
-        if (newRows[row] < 0)
-            continue;
-        newRows[row] = static_cast<int>(used);
-        mesh.nodeOids[used] = mesh.nodeOids[row];
-        mesh.nodes[used++] = mesh.nodes[row];
-    }
-    leaveOut(mesh.losses, "unused-nodes", mesh.nodes.size() - used, "nodes",
-             " that no written element has");
-    mesh.nodes.resize(used);
-    mesh.nodeOids.resize(used);
-    for (SolidMesh::Element& element : mesh.elements)
-        for (int i = 0; i < element.corners; ++i) {
-            int& node = element.nodes[static_cast<std::size_t>(i)];
-            node = newRows[static_cast<std::size_t>(node)];
-        }
-}
+/// What goes from the source to the target.
+using Content = std::variant<SolidMesh, Mesh, PackageScene>;
 
-void scale(SolidMesh& mesh, double factor) {
-    for (auto& place : mesh.nodes)
-        for (double& value : place)
-            value *= factor;
-}
-
-/// Gives nodes and elements the OIDs of the original.
-void restoreOids(TidiedDeck& deck, SolidMesh& mesh) {
-    std::vector<int> oids;
-    for (const SolidMesh::Element& element : mesh.elements)
-        oids.push_back(element.oid);
-    if (!oids.empty() && oids.front() == 0)  // the normalised mesh has none
-        oids.clear();
-    deck.restoreOids(mesh.nodeOids, oids, mesh.remarks);
-    for (std::size_t row = 0; row < oids.size(); ++row)
-        mesh.elements[row].oid = oids[row];
-}
-
-std::size_t countInfinitePlaces(const SolidMesh& mesh) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        mesh.nodes, [](const auto& place) { return !isFinitePlace(place.data()); }));
-}
-
-SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
-    const Format& format = findFormatToTidy(file.path(), !options.asIs);
-    if (format.takeSolids == nullptr)
-        throw FileError("is of a format that is not converted (" + std::string(format.name) +
-                            "); Abaqus decks and Patran neutral files are",
-                        "not-converted");
-    TidiedDeck deck(file.path(), options.source);
-    if (!options.asIs)
-        deck.tidy(format);
-    deck.requireGood("; --as-is converts what is read of the deck as it is");
-    if (!options.force)
-        refuseRepeats(deck);
-    SolidMesh mesh = format.takeSolids(
-        deck.path(), {options.normalised, options.force,
-                      options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere});
-    deck.giveBack(mesh.imported);
-    compact(mesh);
-    restoreOids(deck, mesh);
-    deck.takeNotes(mesh.losses, mesh.remarks);
-    if (mesh.elements.empty())
-        throw FileError("holds no tetrahedra, wedges or hexahedra", "no-solids");
-    scale(mesh, options.scale);
-    refuseInfinitePlaces(countInfinitePlaces(mesh));
+Mesh takeMesh(const InputFile& file, const Format& format, const ConvertOptions& options) {
+    Mesh mesh = loadMesh(file, options.source, format,
+                         {options.normalised, options.force, options.asIs, options.verbose});
+    mesh.lengthUnit = options.unit;
+    if (options.scale != 1.0)
+        for (double& value : mesh.places)
+            value *= options.scale;
     return mesh;
 }
 
-void write(SolidMesh& mesh, const ConvertOptions& options) {
-    const MeshWriter& writer = writerOf(options.target);
-    chooseOids(mesh, writer);
-    checkRounding(mesh, writer, options.unit);
+PackageScene takeScene(const InputFile& file, const Format& format, const ConvertOptions& options) {
+    PackageScene scene = loadScene(file, options.source, format,
+                                   {options.normalised, options.force, true, options.verbose});
+    if (options.scale != 1.0)
+        scale(scene, options.scale);
+    if (!options.unit.empty())
+        scene.lengthUnit = options.unit;
+    return scene;
+}
+
+Content take(const InputFile& file, const ConvertOptions& options) {
+    const Target& target = targetOf(options.target);
+    if (target.solids != nullptr)
+        return takeSolids(file, options);
+    const Format& format = findFormatToTidy(file.path(), !options.asIs);
+    if (format.takeScene != nullptr && target.writeScene == nullptr)
+        throw FileError("is a package, which is not written as " + std::string(target.extension) +
+                            " but as .vtp",
+                        "not-converted");
+    if (format.takeScene == nullptr && target.writeMesh == nullptr)
+        throw FileError(
+            "is a mesh, which is not written as " + std::string(target.extension) + " but as .vtu",
+            "not-converted");
+    if (format.takeScene != nullptr)
+        return takeScene(file, format, options);
+    return takeMesh(file, format, options);
+}
+
+void write(Content& content, const ConvertOptions& options) {
+    const Target& target = targetOf(options.target);
+    if (auto* const solids = std::get_if<SolidMesh>(&content))
+        return writeSolids(*solids, *target.solids, options);
     ReplacementFile file(options.target);
-    if (!writer.write(mesh, file.path(), options.unit) || !file.endsWith(writer.ending))
-        throw FileError("cannot be written as a whole: the disk may be full", "cannot-be-written");
+    if (auto* const mesh = std::get_if<Mesh>(&content))
+        target.writeMesh(*mesh, file.path(), options);
+    else
+        target.writeScene(std::get<PackageScene>(content), file.path(), options);
     file.finish();
-    writer.takeNotes(mesh);
 }
 
 /// A failure, with the file that it is of.
@@ -155,10 +115,10 @@ std::optional<Failure> attempt(const std::string& file, const Step& step) {
     }
 }
 
-std::optional<Failure> convert(const ConvertOptions& options, std::optional<SolidMesh>& written) {
-    SolidMesh mesh;
+std::optional<Failure> convert(const ConvertOptions& options, std::optional<Conversion>& written) {
+    Content content;
     std::optional<InputFile> source;
-    std::optional<Failure> failure = attempt(options.target, [&] { writerOf(options.target); });
+    std::optional<Failure> failure = attempt(options.target, [&] { targetOf(options.target); });
     if (!failure)
         failure = attempt(options.source, [&] { source.emplace(options.source); });
     if (!failure)
@@ -167,23 +127,18 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Soli
                 throw FileError("cannot be written: it is the file that is read", "same-file");
         });
     if (!failure)
-        failure = attempt(options.source, [&] { mesh = takeSolids(*source, options); });
+        failure = attempt(options.source, [&] { content = take(*source, options); });
     if (!failure)
-        failure = attempt(options.source, [&] {
-            if (!options.force)
-                refuseErrors(mesh.imported, options.source);
-        });
+        failure = attempt(options.target, [&] { write(content, options); });
     if (!failure)
-        failure = attempt(options.target, [&] { write(mesh, options); });
-    if (!failure)
-        written = std::move(mesh);
+        written = std::visit([](auto& taken) { return conversionOf(std::move(taken)); }, content);
     return failure;
 }
 
 }  // namespace
 
 bool runConvert(const ConvertOptions& options) {
-    std::optional<SolidMesh> written;
+    std::optional<Conversion> written;
     std::optional<Failure> failure = convert(options, written);
     if (!failure && options.strict && !written->losses.empty())
         failure = {shownName(options.target),

@@ -12,7 +12,7 @@ inline constexpr std::array<const char*, 4> kLengthUnits = {"m", "cm", "mm", "in
 struct ConvertOptions {
     std::string source;       ///< "-" is standard input
     std::string target;       ///< its extension names the format
-    std::string unit = "mm";  ///< length unit that the header of a Nastran deck names
+    std::string unit;         ///< length unit of the coordinates; empty where it was not told
     double scale = 1.0;       ///< coordinates are multiplied by it
     bool normalised = false;  ///< take the normalised mesh of an Abaqus deck
     bool force = false;       ///< write in spite of OIDs that are defined twice

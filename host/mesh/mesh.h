@@ -41,7 +41,7 @@ struct Mesh {
     std::vector<int> phantoms;          ///< rows of nodes that only a blank line of the source made
     std::vector<MeshSection> sections;  ///< none is empty
     bool normalised = false;            ///< the normalised mesh of a deck, else what the deck lists
-    std::string lengthUnit;             ///< "mm"; empty where it is not known
+    std::string lengthUnit;             ///< "mm"; empty where nobody told it
     /// What the source holds and this does not.
     std::vector<Note> losses;
     /// What else the user had better know.

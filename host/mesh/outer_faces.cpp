@@ -15,7 +15,7 @@ namespace kvocaeio::host {
 namespace {
 
 /// The corners of a face, ascending and each once; -1 after them where they are fewer than four.
-using Corners = std::array<int, 4>;
+using FaceCorners = std::array<int, 4>;
 
 /// One face of one element.
 struct FaceAt {
@@ -27,7 +27,7 @@ struct FaceAt {
 };
 
 struct CorneredFace {
-    Corners corners;
+    FaceCorners corners;
     std::size_t name;  ///< number of its section's name
     FaceAt at;
 };
@@ -39,7 +39,7 @@ struct OuterFace {
 };
 
 /// False where the corners of the face are fewer than three.
-bool takeCorners(const int* element, const CellFace& face, Corners& corners) {
+bool takeCorners(const int* element, const CellFace& face, FaceCorners& corners) {
     const auto begin = corners.begin();
     const auto end = begin + static_cast<std::ptrdiff_t>(cellShape(face.kind).corners);
     std::transform(begin, end, face.places.begin(), begin,
@@ -98,7 +98,7 @@ class FaceSearch {
 
     template <class Take>
     void forEachFace(const Take& take) const {
-        Corners corners;
+        FaceCorners corners;
         for (std::size_t s = 0; s < mesh_.sections.size(); ++s) {
             const MeshSection& section = mesh_.sections[s];
             const auto faces = cellShape(section.kind).faces;

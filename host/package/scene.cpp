@@ -123,6 +123,22 @@ std::vector<WireProfile> takeProfiles(CKVOCadenceReader& reader) {
     return taken;
 }
 
+void scale(PackageScene& scene, double factor) {
+    scene.lengthUnit.clear();
+    const auto multiply = [&](auto& lengths) {
+        for (double& length : lengths)
+            length *= factor;
+    };
+    for (PackageBody& body : scene.bodies) {
+        multiply(body.center);
+        multiply(body.size);
+    }
+    for (PackageWire& wire : scene.wires) {
+        multiply(wire.path);
+        wire.diameter *= factor;
+    }
+}
+
 PackageScene takeScene(CKVOCadenceReader& reader, PackageSource source) {
     PackageScene scene;
     scene.bodies = takeBodies(reader, source);

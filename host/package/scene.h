@@ -1,5 +1,5 @@
 /// The bodies and wires of a chip package, for the report, and for the commands that show them or
-/// write them in another format. All lengths are millimetres.
+/// write them in another format. All lengths are millimetres until they are scaled.
 #pragma once
 
 #include <array>
@@ -48,6 +48,7 @@ struct PackageScene {
     std::vector<PackageBody> bodies;
     std::vector<PackageWire> wires;
     std::vector<WireProfile> profiles;  ///< by number; wires name no others
+    std::string lengthUnit = "mm";      ///< empty where it is not known
     std::vector<Note> losses;
     std::vector<Note> remarks;
     ImportFindings imported;
@@ -59,6 +60,9 @@ std::vector<PackageBody> takeBodies(CKVOCadenceReader& reader, PackageSource sou
 
 /// The profiles that wires name, and all that the file describes, by number.
 std::vector<WireProfile> takeProfiles(CKVOCadenceReader& reader);
+
+/// Multiplies all lengths. Their unit is not known then.
+void scale(PackageScene& scene, double factor);
 
 /// All that an import has left, but bodies and wires without a place or an extent.
 PackageScene takeScene(CKVOCadenceReader& reader, PackageSource source);

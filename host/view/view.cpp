@@ -120,7 +120,8 @@ Shown show(const InputFile& source, const ViewOptions& options) {
     const Format& format = findFormatToTidy(source.path(), !options.asIs);
     const PageHead head{titleOf(options.source), std::string(format.name), startOf(options)};
     // What is wrong with the file is on the page, and no reason not to look at it.
-    const LoadOptions load{options.normalised, true, options.asIs, options.verbose};
+    const LoadOptions load{options.normalised, true, options.asIs, options.verbose,
+                           true};
     return format.takeScene != nullptr
                ? showPackage(loadScene(source, options.source, format, load), head, options)
                : showMesh(loadMesh(source, options.source, format, load), head, options);

@@ -1,0 +1,236 @@
+/// Bodies and wires as points, lines and polygons.
+#include "vtk/package_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <numbers>
+#include <span>
+#include <vector>
+
+#include "vtk/import_fields.h"
+#include "vtk/vtk_file.h"
+
+namespace kvocaeio::host {
+
+namespace {
+
+/// A closed surface around (0, 0, 0), one wide in x, y and z.
+struct Surface {
+    std::vector<std::array<double, 3>> points;
+    std::vector<std::vector<std::int32_t>> polygons;  ///< counter-clockwise as seen from outside
+};
+
+Surface makeBox() {
+    Surface box;
+    for (const double z : {-0.5, 0.5})
+        for (const auto& [x, y] : {std::array{-0.5, -0.5}, {0.5, -0.5}, {0.5, 0.5}, {-0.5, 0.5}})
+            box.points.push_back({x, y, z});
+    box.polygons = {{0, 3, 2, 1}, {4, 5, 6, 7}, {0, 1, 5, 4},
+                    {1, 2, 6, 5}, {2, 3, 7, 6}, {0, 4, 7, 3}};
+    return box;
+}
+
+/// Rings of points between two poles; with a multiple of four to a ring its box is that of the
+/// sphere.
+Surface makeSphere(std::int32_t rings, std::int32_t pointsOfRing) {
+    Surface sphere;
+    for (std::int32_t ring = 1; ring <= rings; ++ring)
+        for (std::int32_t i = 0; i < pointsOfRing; ++i) {
+            const double down = std::numbers::pi * ring / (rings + 1);
+            const double around = 2 * std::numbers::pi * i / pointsOfRing;
+            sphere.points.push_back({0.5 * std::sin(down) * std::cos(around),
+                                     0.5 * std::sin(down) * std::sin(around),
+                                     0.5 * std::cos(down)});
+        }
+    const std::int32_t top = rings * pointsOfRing;
+    sphere.points.push_back({0, 0, 0.5});
+    sphere.points.push_back({0, 0, -0.5});
+    for (std::int32_t i = 0; i < pointsOfRing; ++i) {
+        const std::int32_t next = (i + 1) % pointsOfRing;
+        sphere.polygons.push_back({top, i, next});
+        for (std::int32_t ring = 1; ring < rings; ++ring) {
+            const std::int32_t upper = (ring - 1) * pointsOfRing;
+            const std::int32_t lower = ring * pointsOfRing;
+            sphere.polygons.push_back({upper + i, lower + i, lower + next, upper + next});
+        }
+        const std::int32_t lowest = (rings - 1) * pointsOfRing;
+        sphere.polygons.push_back({top + 1, lowest + next, lowest + i});
+    }
+    return sphere;
+}
+
+// Balls by the thousand are drawn with fewer points.
+constexpr std::ptrdiff_t kManyBalls = 5000;
+
+constexpr unsigned kGrey = 0xb4b4b4;
+
+class PackageFile {
+  public:
+    PackageFile(const PackageScene& scene, const std::string& path)
+        : scene_(scene),
+          file_(path, "PolyData"),
+          box_(makeBox()),
+          ball_(std::ranges::count(scene.bodies, true, &PackageBody::isBall) < kManyBalls
+                    ? makeSphere(5, 12)
+                    : makeSphere(3, 8)) {
+        for (const PackageBody& body : scene.bodies) {
+            polygons_ += surfaceOf(body).polygons.size();
+            points_ += surfaceOf(body).points.size();
+        }
+        for (const PackageWire& wire : scene.wires)
+            pointsOfWires_ += wire.path.size() / 3;
+        points_ += pointsOfWires_;
+    }
+
+    void write(const std::string& source) {
+        file_.open("Piece", " NumberOfPoints=\"" + std::to_string(points_) +
+                                "\" NumberOfVerts=\"0\" NumberOfLines=\"" +
+                                std::to_string(scene_.wires.size()) +
+                                "\" NumberOfStrips=\"0\" NumberOfPolys=\"" +
+                                std::to_string(polygons_) + "\"");
+        writePolygons();
+        writeLines();
+        writePoints();
+        writeCellData();
+        file_.close();
+        writeTables(source);
+        file_.finish();
+    }
+
+  private:
+    const Surface& surfaceOf(const PackageBody& body) const { return body.isBall ? ball_ : box_; }
+
+    void writeTables(const std::string& source) {
+        std::vector<std::string> names;
+        std::vector<std::string> kinds;
+        for (const PackageBody& body : scene_.bodies) {
+            names.push_back(body.name);
+            kinds.push_back(body.kind);
+        }
+        std::vector<std::string> profiles;
+        std::vector<std::int32_t> numbers;
+        for (const WireProfile& profile : scene_.profiles) {
+            profiles.push_back(profile.name.value_or(""));
+            numbers.push_back(profile.number);
+        }
+        file_.open("FieldData");
+        writeImportFields(file_, scene_.imported, source, scene_.lengthUnit);
+        file_.array("ProfileNumbers", std::span<const std::int32_t>(numbers));
+        file_.strings("ProfileNames", profiles);
+        file_.strings("BodyKinds", kinds);
+        file_.strings("BodyNames", names);
+        file_.close();
+    }
+
+    /// An array with one number for each wire and for all polygons of a body.
+    template <class Number, class OfWire, class OfBody>
+    void writeData(std::string_view name, const OfWire& ofWire, const OfBody& ofBody) {
+        file_.beginArray<Number>(name, scene_.wires.size() + polygons_);
+        for (std::size_t i = 0; i < scene_.wires.size(); ++i)
+            file_.append(static_cast<Number>(ofWire(i)), 1);
+        for (std::size_t i = 0; i < scene_.bodies.size(); ++i)
+            file_.append(static_cast<Number>(ofBody(i)),
+                         surfaceOf(scene_.bodies[i]).polygons.size());
+    }
+
+    void writeCellData() {
+        const auto none = [](std::size_t) { return -1; };
+        const auto self = [](std::size_t i) { return i; };
+        file_.open("CellData");
+        writeData<std::int32_t>("Body", none, self);
+        writeData<std::int32_t>("Wire", self, none);
+        writeData<std::int32_t>(
+            "Profile", [&](std::size_t i) { return scene_.wires[i].profile; }, none);
+        writeData<double>(
+            "Diameter", [&](std::size_t i) { return scene_.wires[i].diameter; },
+            [&](std::size_t i) {
+                return scene_.bodies[i].isBall ? scene_.bodies[i].size[0] : 0.0;
+            });
+        writeColors();
+        file_.close();
+    }
+
+    void writeColors() {
+        std::map<int, unsigned> ofProfiles;
+        for (const WireProfile& profile : scene_.profiles)
+            ofProfiles[profile.number] = profile.color.value_or(kGrey);
+        const auto append = [&](unsigned color, std::size_t times) {
+            std::vector<std::uint8_t> bytes;
+            for (std::size_t i = 0; i < times; ++i)
+                for (const unsigned shift : {0u, 8u, 16u})
+                    bytes.push_back(static_cast<std::uint8_t>(color >> shift & 0xffu));
+            file_.append(std::span<const std::uint8_t>(bytes));
+        };
+        file_.beginArray<std::uint8_t>("Color", 3 * (scene_.wires.size() + polygons_), 3);
+        for (const PackageWire& wire : scene_.wires)
+            append(ofProfiles[wire.profile], 1);
+        for (const PackageBody& body : scene_.bodies)
+            append(body.color.value_or(kGrey), surfaceOf(body).polygons.size());
+    }
+
+    /// Those of the wires come first, as their lines do.
+    void writePoints() {
+        file_.open("Points");
+        file_.beginArray<double>("Points", 3 * points_, 3);
+        for (const PackageWire& wire : scene_.wires)
+            file_.append(std::span<const double>(wire.path));
+        for (const PackageBody& body : scene_.bodies)
+            for (const auto& point : surfaceOf(body).points) {
+                std::array<double, 3> place{};
+                for (std::size_t axis = 0; axis < 3; ++axis)
+                    place[axis] = body.center[axis] + point[axis] * body.size[axis];
+                file_.append(std::span<const double>(place));
+            }
+        file_.close();
+    }
+
+    void writeLines() {
+        std::vector<std::int64_t> points;
+        std::vector<std::int64_t> ends;
+        for (const PackageWire& wire : scene_.wires) {
+            for (std::size_t i = 0; i < wire.path.size() / 3; ++i)
+                points.push_back(static_cast<std::int64_t>(points.size()));
+            ends.push_back(static_cast<std::int64_t>(points.size()));
+        }
+        file_.open("Lines");
+        file_.array("offsets", std::span<const std::int64_t>(ends));
+        file_.array("connectivity", std::span<const std::int64_t>(points));
+        file_.close();
+    }
+
+    void writePolygons() {
+        std::vector<std::int64_t> points;
+        std::vector<std::int64_t> ends;
+        auto first = static_cast<std::int64_t>(pointsOfWires_);
+        for (const PackageBody& body : scene_.bodies) {
+            for (const auto& polygon : surfaceOf(body).polygons) {
+                for (const std::int32_t point : polygon)
+                    points.push_back(first + point);
+                ends.push_back(static_cast<std::int64_t>(points.size()));
+            }
+            first += static_cast<std::int64_t>(surfaceOf(body).points.size());
+        }
+        file_.open("Polys");
+        file_.array("offsets", std::span<const std::int64_t>(ends));
+        file_.array("connectivity", std::span<const std::int64_t>(points));
+        file_.close();
+    }
+
+    const PackageScene& scene_;
+    VtkFile file_;
+    Surface box_;
+    Surface ball_;
+    std::size_t points_ = 0;
+    std::size_t polygons_ = 0;
+    std::size_t pointsOfWires_ = 0;
+};
+
+}  // namespace
+
+void writeVtkPackage(PackageScene& scene, const std::string& path, const ConvertOptions& options) {
+    PackageFile(scene, path).write(options.source);
+}
+
+}  // namespace kvocaeio::host

@@ -1,0 +1,116 @@
+/// The head of a file, and what is behind it.
+#include "vtk/vtk_file.h"
+
+#include <algorithm>
+#include <bit>
+#include <stdexcept>
+
+#include "file_report.h"
+
+namespace kvocaeio::host {
+
+namespace {
+
+// The head tells where the arrays lie, so it is written last, into room that is kept for it.
+constexpr std::size_t kHeadRoom = std::size_t{16} * 1024;
+
+constexpr std::string_view kByteOrder =
+    std::endian::native == std::endian::little ? "LittleEndian" : "BigEndian";
+
+[[noreturn]] void throwCannotWrite() {
+    throw FileError("cannot be written as a whole: the disk may be full", "cannot-be-written");
+}
+
+}  // namespace
+
+VtkFile::VtkFile(const std::string& path, std::string_view dataSet) : file_(openFile(path, "wb")) {
+    if (!file_)
+        throw FileError("cannot be written: " + systemFailure(), "cannot-be-written");
+    const std::string room(kHeadRoom, ' ');
+    write(room.data(), room.size());
+    open("VTKFile", " type=\"" + std::string(dataSet) + "\" version=\"1.0\" byte_order=\"" +
+                        std::string(kByteOrder) + "\" header_type=\"UInt64\"");
+    lines_.clear();  // it ends after the arrays
+    open(dataSet);
+}
+
+void VtkFile::addLine(const std::string& line) {
+    lines_.push_back(std::string(2 * open_.size(), ' ') + line + '\n');
+}
+
+void VtkFile::open(std::string_view element, const std::string& attributes) {
+    addLine("</" + std::string(element) + ">");
+    open_.emplace_back(element, attributes);
+}
+
+void VtkFile::close() {
+    const auto [element, attributes] = open_.back();
+    open_.pop_back();
+    addLine("<" + element + attributes + ">");
+}
+
+void VtkFile::begin(std::string_view element, std::string_view name, std::string_view type,
+                    std::size_t size, std::size_t components, std::size_t bytes) {
+    std::string line = "<" + std::string(element);
+    const auto attribute = [&](std::string_view key, std::string_view value) {
+        line.append(" ").append(key).append("=\"").append(value).append("\"");
+    };
+    attribute("type", type);
+    attribute("Name", name);
+    if (components != 1)
+        attribute("NumberOfComponents", std::to_string(components));
+    if (open_.back().first == "FieldData")
+        attribute("NumberOfTuples", std::to_string(size / components));
+    attribute("format", "appended");
+    attribute("offset", std::to_string(offset_));
+    addLine(line + "/>");
+    const std::uint64_t length = bytes;
+    write(&length, sizeof length);
+    offset_ += sizeof length + length;
+}
+
+void VtkFile::strings(std::string_view name, std::span<const std::string> texts) {
+    std::string bytes;
+    for (const std::string& text : texts)
+        bytes.append(text.c_str()).push_back('\0');  // up to a zero of its own
+    begin("Array", name, "String", texts.size(), 1, bytes.size());
+    write(bytes.data(), bytes.size());
+}
+
+void VtkFile::byteRows(std::string_view name, std::span<const std::string> texts) {
+    std::size_t width = 1;
+    for (const std::string& text : texts)
+        width = std::max(width, text.size());
+    std::vector<std::uint8_t> bytes(width * texts.size());
+    std::uint8_t* row = bytes.data();
+    for (const std::string& text : texts) {
+        std::copy(text.begin(), text.end(), row);
+        row += width;
+    }
+    array(name, std::span<const std::uint8_t>(bytes), width);
+}
+
+void VtkFile::write(const void* bytes, std::size_t size) {
+    std::fwrite(bytes, 1, size, file_.get());
+}
+
+void VtkFile::finish() {
+    constexpr std::string_view kEnd = "\n  </AppendedData>\n</VTKFile>\n";
+    write(kEnd.data(), kEnd.size());
+    while (!open_.empty())
+        close();
+    addLine("<?xml version=\"1.0\"?>");
+    std::string head;
+    for (auto line = lines_.rbegin(); line != lines_.rend(); ++line)
+        head += *line;
+    const std::string data = "  <AppendedData encoding=\"raw\">_";
+    if (head.size() + data.size() >= kHeadRoom)
+        throw std::length_error("the head of a VTK file is longer than its room");
+    head.append(kHeadRoom - head.size() - data.size() - 1, ' ').append("\n").append(data);
+    std::rewind(file_.get());
+    write(head.data(), head.size());
+    if (std::ferror(file_.get()) != 0 || std::fclose(file_.release()) != 0)
+        throwCannotWrite();
+}
+
+}  // namespace kvocaeio::host
