@@ -116,21 +116,26 @@ CLI::App* addCheck(CLI::App& app, CheckOptions& options) {
 
 CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     CLI::App* convert =
-        app.add_subcommand("convert", "Writes the solids of IN as OUT.")->group(kCommandsTitle);
+        app.add_subcommand("convert", "Writes the mesh or the package of IN as OUT.")
+            ->group(kCommandsTitle);
     convert
-        ->add_option("IN", options.source,
-                     "An Abaqus input deck or a Patran neutral file; - is standard input.")
+        ->add_option(
+            "IN", options.source,
+            "An Abaqus input deck, a Nastran deck, a Patran neutral file or a 3DI package; - is "
+            "standard input.")
         ->required();
     convert
-        ->add_option("OUT", options.target,
-                     "A Nastran deck (.nas, .bdf) or a Patran neutral file (.pat).")
+        ->add_option(
+            "OUT", options.target,
+            "A VTK file of all elements (.vtu) or of a package (.vtp); a Nastran deck (.nas, "
+            ".bdf) or a Patran neutral file (.pat) of the solids in an Abaqus deck or a "
+            "Patran file.")
         ->required();
     convert
         ->add_option("--unit", options.unit,
-                     "Length unit that the header of a Nastran deck names; coordinates stay as "
-                     "they are.")
+                     "Length unit that the file names; coordinates stay as they are.")
         ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
-        ->default_str("mm");
+        ->default_str(kvocaeio::host::kUsualLengthUnit);
     convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
         ->type_name("FACTOR")
         ->check(CLI::PositiveNumber);

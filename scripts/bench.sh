@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures the library against the floor, the least that any program must do for the same job, and
-# imports with a report and `kvocaeio info` against the import in them, tidying against the import
-# of what a deck becomes.
+# imports with a report, `kvocaeio info` and `kvocaeio convert` against the import in them, tidying
+# against the import of what a deck becomes.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
 #   FORMAT   abaqus, 3di, nastran or patran (all of them)
@@ -72,7 +72,7 @@ cmake --build --preset linux-release --target kvocaeio kvocaeio_bench kvocaeio_b
 bin=build/linux-release/bin
 data=build/bench-data
 mkdir -p "$data"
-trap 'rm -f "$data/written" "$data/tidy-times"' EXIT
+trap 'rm -f "$data"/written* "$data/tidy-times"' EXIT
 
 isChosen() {
     [ -z "$formats" ] || [[ " $formats " = *" $1 "* ]]
@@ -189,6 +189,13 @@ infoSeconds() {
     processorSeconds "$bin/kvocaeio" info "$1"
 }
 
+convertSeconds() {
+    rm -f "$data"/written.vt? # to write over a file costs as much again
+    local extension=vtu
+    [[ $1 != *.3di ]] || extension=vtp
+    processorSeconds "$bin/kvocaeio" convert --as-is --force --quiet "$1" "$data/written.$extension"
+}
+
 reportSeconds() {
     local file=$1
     shift
@@ -266,6 +273,7 @@ print(meshio.__version__, time.process_time() - start)'
 compareWithFloor
 compareWithImport 'Import with a report' report reportSeconds
 compareWithImport 'kvocaeio info' info infoSeconds
+compareWithImport 'kvocaeio convert to VTK' convert convertSeconds
 compareTidy
 [ -z "$scale" ] || compareSizes
 [ -z "$peers" ] || comparePeers

@@ -5,7 +5,7 @@
 #   build    what the Linux build needs
 #   package  and what scripts/package.sh needs: mingw-w64, tools of LLVM and of Debian's developers
 #   test     and what scripts/test.sh needs: clang, Wine, Python, a locale with a decimal comma,
-#            what checks packages, manual pages and completion
+#            what checks packages, manual pages, completion and pages (Chromium)
 #   fuzz     clang with libFuzzer
 #   bench    Google Benchmark
 # Without a word: all of them.
@@ -21,7 +21,7 @@ for part in "$@"; do
         package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file) ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
-                python3 wine64 lintian groff-base fish zsh)
+                python3 python3-meshio python3-vtk9 wine64 lintian groff-base fish zsh)
             locales+=(de_DE)
             ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
@@ -40,6 +40,9 @@ asRoot() {
         sudo "$@"
     fi
 }
+
+# The page of kvocaeio view is made with it; another source of npm than Debian's will do.
+command -v npm >/dev/null || packages+=(npm)
 
 isInstalled() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

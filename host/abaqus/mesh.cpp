@@ -28,11 +28,9 @@ void takeDeckNodes(const DeckTables& tables, Mesh& mesh) {
 /// Elements of blocks, as they are listed.
 class ListedElements {
   public:
-    ListedElements(const DeckTables& tables, Mesh& mesh)
-        : mesh_(mesh),
-          tables_(tables),
-          rows_(tables.nodeIds),
-          alike_(findRepeatedElements(tables).alike) {}
+    /// `alike` are the rows that repeat others.
+    ListedElements(const DeckTables& tables, const std::vector<std::size_t>& alike, Mesh& mesh)
+        : mesh_(mesh), tables_(tables), rows_(tables.nodeIds), alike_(alike) {}
 
     void take() {
         for (std::size_t block = 0; block < tables_.raw.size(); ++block)
@@ -91,7 +89,7 @@ class ListedElements {
     Mesh& mesh_;
     const DeckTables& tables_;
     NodeRows rows_;
-    std::vector<std::size_t> alike_;
+    const std::vector<std::size_t>& alike_;
     std::size_t number_ = 0;  // of the block's first element, as the repeats count
     std::size_t unknown_ = 0;
     std::size_t incomplete_ = 0;
@@ -182,15 +180,15 @@ Mesh takeAbaqusMesh(const std::string& path, const MeshRequest& request) {
     if (request.normalised)
         requireNormalised(deck);
     Mesh mesh;
-    checkConflicts(findRepeatedNodes(tables), findRepeatedElements(tables), request.force,
-                   mesh.remarks);
+    const OidRepeats elements = findRepeatedElements(tables);
+    checkConflicts(findRepeatedNodes(tables), elements, request.force, mesh.remarks);
     mesh.imported = request.normalised || request.findsAll ? deck.imported : deck.listed;
     mesh.normalised = request.normalised;
     takeDeckNodes(tables, mesh);
     if (request.normalised) {
         takeNormalised(tables, mesh);
     } else {
-        ListedElements(tables, mesh).take();
+        ListedElements(tables, elements.alike, mesh).take();
         takeNormalisedSections(tables, tables.raw.size(), mesh,
                                [](const Section& section) { return section.isOfFaces(); });
         takeSetNotes(tables, mesh.losses);

@@ -8,6 +8,8 @@ namespace kvocaeio::host {
 
 /// Those that the writer of Nastran decks knows.
 inline constexpr std::array<const char*, 4> kLengthUnits = {"m", "cm", "mm", "inch"};
+/// The one that it names where none is given.
+inline constexpr const char* kUsualLengthUnit = "mm";
 
 struct ConvertOptions {
     std::string source;       ///< "-" is standard input

@@ -118,7 +118,9 @@ class MeshFile {
         writeSectionData<std::uint8_t>("Origin", [&](std::size_t s) { return sections[s].origin; });
         writeSectionData<std::uint8_t>("GeometryType",
                                        [&](std::size_t s) { return geometryTypeOf(sections[s]); });
-        writeSectionData<int32_t>("Property", [&](std::size_t s) { return sections[s].property; });
+        if (std::ranges::any_of(sections, [](const auto& each) { return each.property != 0; }))
+            writeSectionData<int32_t>("Property",
+                                      [&](std::size_t s) { return sections[s].property; });
         writeSectionData<int32_t>("Set", [&](std::size_t s) { return sets_[s]; });
         writeSectionData<int32_t>("Section", [&](std::size_t s) { return sections[s].source; });
         if (std::ranges::any_of(sections, [](const auto& each) { return !each.oids.empty(); })) {

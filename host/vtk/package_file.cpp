@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <map>
 #include <numbers>
+#include <numeric>
 #include <span>
 #include <vector>
 
@@ -90,8 +92,14 @@ class PackageFile {
                                 std::to_string(scene_.wires.size()) +
                                 "\" NumberOfStrips=\"0\" NumberOfPolys=\"" +
                                 std::to_string(polygons_) + "\"");
-        writePolygons();
-        writeLines();
+        // A polygon has at most four corners.
+        if (std::max(points_, 4 * polygons_) <= std::numeric_limits<std::int32_t>::max()) {
+            writePolygons<std::int32_t>();
+            writeLines<std::int32_t>();
+        } else {
+            writePolygons<std::int64_t>();
+            writeLines<std::int64_t>();
+        }
         writePoints();
         writeCellData();
         file_.close();
@@ -186,35 +194,44 @@ class PackageFile {
         file_.close();
     }
 
+    template <class Index>
     void writeLines() {
-        std::vector<std::int64_t> points;
-        std::vector<std::int64_t> ends;
-        for (const PackageWire& wire : scene_.wires) {
-            for (std::size_t i = 0; i < wire.path.size() / 3; ++i)
-                points.push_back(static_cast<std::int64_t>(points.size()));
-            ends.push_back(static_cast<std::int64_t>(points.size()));
-        }
+        std::vector<Index> numbers;
+        for (const PackageWire& wire : scene_.wires)
+            numbers.push_back(static_cast<Index>(wire.path.size() / 3));
+        std::partial_sum(numbers.begin(), numbers.end(), numbers.begin());
         file_.open("Lines");
-        file_.array("offsets", std::span<const std::int64_t>(ends));
-        file_.array("connectivity", std::span<const std::int64_t>(points));
+        file_.array("offsets", std::span<const Index>(numbers));
+        numbers.resize(pointsOfWires_);
+        std::iota(numbers.begin(), numbers.end(), Index{0});
+        file_.array("connectivity", std::span<const Index>(numbers));
         file_.close();
     }
 
+    template <class Index>
     void writePolygons() {
-        std::vector<std::int64_t> points;
-        std::vector<std::int64_t> ends;
-        auto first = static_cast<std::int64_t>(pointsOfWires_);
-        for (const PackageBody& body : scene_.bodies) {
-            for (const auto& polygon : surfaceOf(body).polygons) {
-                for (const std::int32_t point : polygon)
-                    points.push_back(first + point);
-                ends.push_back(static_cast<std::int64_t>(points.size()));
-            }
-            first += static_cast<std::int64_t>(surfaceOf(body).points.size());
-        }
+        std::vector<Index> numbers;  // of one body
+        const auto append = [&] {
+            file_.append(std::span<const Index>(numbers));
+            numbers.clear();
+        };
         file_.open("Polys");
-        file_.array("offsets", std::span<const std::int64_t>(ends));
-        file_.array("connectivity", std::span<const std::int64_t>(points));
+        file_.beginArray<Index>("offsets", polygons_);
+        Index end = 0;
+        for (const PackageBody& body : scene_.bodies) {
+            for (const auto& polygon : surfaceOf(body).polygons)
+                numbers.push_back(end += static_cast<Index>(polygon.size()));
+            append();
+        }
+        file_.beginArray<Index>("connectivity", static_cast<std::size_t>(end));
+        auto first = static_cast<Index>(pointsOfWires_);
+        for (const PackageBody& body : scene_.bodies) {
+            for (const auto& polygon : surfaceOf(body).polygons)
+                for (const std::int32_t point : polygon)
+                    numbers.push_back(first + static_cast<Index>(point));
+            append();
+            first += static_cast<Index>(surfaceOf(body).points.size());
+        }
         file_.close();
     }
 

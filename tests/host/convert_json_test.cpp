@@ -65,6 +65,17 @@ TEST(ConvertJson, OfAllSamplesInBothFormats) {
                "note repeated-element 10", "note nodes-renumbered 81"}));
 }
 
+TEST(ConvertJson, OfAllSamplesAsVtkFiles) {
+    const TempFolder folder;
+    for (const char* sample :
+         {"hinge.inp", "clip.inp", "cover.inp", "housing.inp", "bracket.pat", "bracket.bdf"})
+        reportOf({sampleDeck(sample), folder.file("out.vtu")}, 0);
+    reportOf({"--as-is", "--force", "--normalised", sampleDeck("clip.inp"), folder.file("n.vtu")},
+             0);
+    const json report = reportOf({sampleDeck("stack.3di"), folder.file("out.vtp")}, 0);
+    EXPECT_EQ(report.at("written"), json::parse(R"({"bodies": 167, "wires": 96})"));
+}
+
 TEST(ConvertJson, OfAConversionThatLosesNothing) {
     const TempFolder folder;
     const std::string deck = folder.write("in.inp",

@@ -250,8 +250,8 @@ TEST(ConvertFailure, TargetThatNoFormatHas) {
     const TempFolder folder;
     EXPECT_EQ(failureOf(sampleDeck("hinge.inp"), folder.file("out.xyz")),
               "kvocaeio: " + folder.file("out.xyz") +
-                  ": cannot be written: its name must end in .nas, .bdf (Nastran) or .pat "
-                  "(Patran)\n");
+                  ": cannot be written: its name must end in .nas, .bdf (Nastran), .pat "
+                  "(Patran), .vtu (VTK) or, for a package, .vtp (VTK)\n");
 }
 
 TEST(ConvertFailure, FolderThatIsNotThere) {

@@ -31,6 +31,31 @@ export class Browser {
         return execFileSync(program, words, { encoding: 'utf8' });
     }
 
+    /// Has the script draw the pictures of the documentation into `folder`.
+    draw(folder) {
+        execFileSync(join(process.env.SOURCES, 'scripts', 'pictures.sh'), [program, folder],
+            { env: { ...process.env, KVOCAEIO_BROWSER: chromiumPath } });
+    }
+
+    /// By how much two pictures differ on average, in levels of 0 to 255, at a twelfth of their size.
+    difference(one, other) {
+        return this.reader.evaluate(async (pictures) => {
+            const [first, second] = await Promise.all(pictures.map(async (png) => {
+                const image = new Image();
+                image.src = `data:image/png;base64,${png}`;
+                await image.decode();
+                const canvas = new OffscreenCanvas(image.width / 12, image.height / 12);
+                const pen = canvas.getContext('2d');
+                pen.imageSmoothingQuality = 'high';
+                pen.drawImage(image, 0, 0, canvas.width, canvas.height);
+                return pen.getImageData(0, 0, canvas.width, canvas.height);
+            }));
+            if (first.width !== second.width || first.height !== second.height)
+                return 255;
+            return first.data.reduce((sum, value, i) => sum + Math.abs(value - second.data[i]), 0) / first.data.length;
+        }, [one, other]);
+    }
+
     /// The page of `file`, made by the program with `words` and opened.
     async open(file, { words = [], hash = '', ...options } = {}) {
         const target = join(this.folder, 'page.html');

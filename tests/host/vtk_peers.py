@@ -1,0 +1,209 @@
+#!/usr/bin/env python3
+"""What meshio and VTK's own reader make of the VTK files that the program writes: for every kind of
+element volume, OID and order of nodes of the source, and the samples as they are.
+
+    vtk_peers.py PROGRAM SAMPLES
+
+Exit code 77 where one of them is not installed."""
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+
+try:
+    import meshio
+    import numpy as np
+    from vtkmodules.util.numpy_support import vtk_to_numpy
+    from vtkmodules.vtkFiltersCore import vtkFeatureEdges, vtkMassProperties, vtkTriangleFilter
+    from vtkmodules.vtkFiltersVerdict import vtkCellSizeFilter
+    from vtkmodules.vtkIOXML import vtkXMLPolyDataReader, vtkXMLUnstructuredGridReader
+except ImportError as error:
+    print(error)
+    sys.exit(77)
+
+PROGRAM, SAMPLES = sys.argv[1:3]
+
+# meshio 5 knows wedges of fifteen nodes, but not their dimension, and so reads them from no file.
+meshio._mesh.topological_dimension.setdefault("wedge15", 3)
+
+# By type: corners, edges with a node between their ends, size, name in meshio, kind in VTK.
+TETRAHEDRON = [(0, 0, 0), (6, 0, 0), (0, 6, 0), (0, 0, 6)]
+WEDGE = [(0, 0, 0), (6, 0, 0), (0, 6, 0), (0, 0, 6), (6, 0, 6), (0, 6, 6)]
+BRICK = [(0, 0, 0), (6, 0, 0), (6, 6, 0), (0, 6, 0), (0, 0, 6), (6, 0, 6), (6, 6, 6), (0, 6, 6)]
+PYRAMID = BRICK[:4] + [(3, 3, 6)]
+KINDS = {
+    "C3D4": (TETRAHEDRON, "", 36, "tetra", 10),
+    "C3D5": (PYRAMID, "", 72, "pyramid", 14),
+    "C3D6": (WEDGE, "", 108, "wedge", 13),
+    "C3D8": (BRICK, "", 216, "hexahedron", 12),
+    "C3D10": (TETRAHEDRON, "01 12 20 03 13 23", 36, "tetra10", 24),
+    "C3D15": (WEDGE, "01 12 20 34 45 53 03 14 25", 108, "wedge15", 26),
+    "C3D20": (BRICK, "01 12 23 30 45 56 67 74 04 15 26 37", 216, "hexahedron20", 25),
+    "S3": (TETRAHEDRON[:3], "", 18, "triangle", 5),
+    "S4": (BRICK[:4], "", 36, "quad", 9),
+}
+# The order of nodes in a deck from that in VTK; meshio has linear wedges in the order of decks.
+WEDGE15 = [0, 2, 1, 3, 5, 4, 8, 7, 6, 11, 10, 9, 12, 14, 13]
+
+
+def converted(source, name="out.vtu", *options):
+    out = os.path.join(SCRATCH.name, name)
+    subprocess.run([PROGRAM, "convert", "--quiet", *options, source, out], check=True)
+    return out
+
+
+def read_grid(path):
+    reader = vtkXMLUnstructuredGridReader()
+    reader.SetFileName(path)
+    reader.Update()
+    return reader.GetOutput()
+
+
+def sizes_of(grid):
+    sizes = vtkCellSizeFilter()
+    sizes.SetInputData(grid)
+    sizes.Update()
+    data = sizes.GetOutput().GetCellData()
+    return vtk_to_numpy(data.GetArray("Volume")), vtk_to_numpy(data.GetArray("Area"))
+
+
+def names_of(rows):
+    return [bytes(row).rstrip(b"\0").decode() for row in np.asarray(rows, dtype=np.uint8)]
+
+
+class EveryKind(unittest.TestCase):
+    """One element of each kind, apart from the others, in a set of its own."""
+
+    @classmethod
+    def setUpClass(cls):
+        lines = ["*NODE"]
+        blocks = {}
+        node = 100
+        for place, (kind, (corners, edges, *_)) in enumerate(KINDS.items()):
+            points = [np.array(corner, float) + (10 * place, 0, 0) for corner in corners]
+            points += [(points[int(a)] + points[int(b)]) / 2 for a, b in edges.split()]
+            oids = list(range(node, node + 3 * len(points), 3))
+            node = oids[-1] + 7
+            lines += [f"{oid}, {x!r}, {y!r}, {z!r}" for oid, (x, y, z) in zip(oids, points)]
+            fields = [str(field) for field in [5 * place + 11] + oids]
+            blocks[kind] = [f"*ELEMENT, TYPE={kind}, ELSET=SET_{kind}"]
+            blocks[kind] += [", ".join(fields[i : i + 8]) + "," * (i + 8 < len(fields))
+                             for i in range(0, len(fields), 8)]
+        source = cls.write("kinds.inp", lines, blocks.values())
+        cls.grid = read_grid(converted(source))
+        cls.mesh = meshio.read(os.path.join(SCRATCH.name, "out.vtu"))
+        del blocks["C3D5"]  # which meshio reads from no deck
+        cls.source = meshio.read(cls.write("others.inp", lines, blocks.values()))
+
+    @staticmethod
+    def write(name, lines, blocks):
+        path = os.path.join(SCRATCH.name, name)
+        with open(path, "w", encoding="ascii") as file:
+            file.write("\n".join(lines + sum(blocks, [])) + "\n")
+        return path
+
+    def test_vtk_measures_the_sizes(self):
+        volumes, areas = sizes_of(self.grid)
+        for cell, (kind, (_, _, size, _, _)) in enumerate(KINDS.items()):
+            measured = (areas if kind.startswith("S") else volumes)[cell]
+            self.assertAlmostEqual(measured, size, places=9, msg=kind)
+
+    def test_vtk_finds_kinds_oids_and_sets(self):
+        data = self.grid.GetCellData()
+        oids = vtk_to_numpy(data.GetArray("OID"))
+        sets = vtk_to_numpy(data.GetArray("Set"))
+        names = names_of(vtk_to_numpy(self.grid.GetFieldData().GetArray("SetNames")))
+        for cell, (kind, (*_, number)) in enumerate(KINDS.items()):
+            self.assertEqual(self.grid.GetCellType(cell), number, kind)
+            self.assertEqual(oids[cell], 5 * cell + 11)
+            self.assertEqual(names[sets[cell]], "SET_" + kind)
+
+    def test_vtk_sees_all_faces_from_outside(self):
+        for cell in range(7):
+            solid = self.grid.GetCell(cell)
+            points = vtk_to_numpy(solid.GetPoints().GetData())
+            middle = points.mean(axis=0)
+            for face in range(solid.GetNumberOfFaces()):
+                a, b, c = vtk_to_numpy(solid.GetFace(face).GetPoints().GetData())[:3]
+                self.assertGreater(np.dot(np.cross(b - a, c - a), a - middle), 0)
+
+    def test_meshio_reads_the_source(self):
+        self.assertEqual([b.type for b in self.mesh.cells], [k[3] for k in KINDS.values()])
+        np.testing.assert_array_equal(self.mesh.points, self.source.points)
+        np.testing.assert_array_equal(self.mesh.cells[1].data, [[4, 5, 6, 7, 8]])
+        for read, listed in zip(self.mesh.cells[:1] + self.mesh.cells[2:], self.source.cells):
+            self.assertEqual(read.type, listed.type)
+            nodes = read.data[:, WEDGE15] if read.type == "wedge15" else read.data
+            np.testing.assert_array_equal(nodes, listed.data)
+        for cells, place in zip(self.mesh.cell_data["OID"], range(len(KINDS))):
+            self.assertEqual(list(cells), [5 * place + 11])
+        self.assertEqual(self.mesh.point_data["OID"][0], 100)
+
+    def test_normalised_elements_have_the_same_size(self):
+        source = os.path.join(SCRATCH.name, "kinds.inp")
+        grid = read_grid(converted(source, "normalised.vtu", "--normalised"))
+        self.assertEqual([grid.GetCellType(cell) for cell in range(9)],
+                         [10, 14, 13, 12, 10, 13, 12, 5, 9])
+        volumes, areas = sizes_of(grid)
+        for cell, (kind, (_, _, size, _, _)) in enumerate(KINDS.items()):
+            measured = (areas if kind.startswith("S") else volumes)[cell]
+            self.assertAlmostEqual(measured, size, places=9, msg=kind)
+
+
+class Samples(unittest.TestCase):
+    def test_volumes_of_the_meshes(self):
+        # As each part is drawn: its solids, and the area of its shells and faces.
+        for name, cells, volume in (("housing.inp", 882, 12720.0), ("bracket.pat", 313, 9750.0)):
+            path = converted(os.path.join(SAMPLES, name))
+            grid = read_grid(path)
+            self.assertEqual(grid.GetNumberOfCells(), cells)
+            self.assertAlmostEqual(sizes_of(grid)[0].sum(), volume, places=3)
+            self.assertGreaterEqual(sizes_of(grid)[0].min(), 0)
+            mesh = meshio.read(path)
+            self.assertEqual(sum(len(block.data) for block in mesh.cells), cells)
+            self.assertEqual(names_of(mesh.field_data["Source"])[0],
+                             os.path.join(SAMPLES, name))
+
+    def test_meshio_reads_files_of_any_length(self):
+        # It finds arrays by their places, which it changes while it reads.
+        for nodes in range(4, 44):
+            source = os.path.join(SCRATCH.name, "nodes.inp")
+            with open(source, "w", encoding="ascii") as file:
+                file.write("*NODE\n1, 0, 0, 0\n2, 1, 0, 0\n3, 0, 1, 0\n4, 0, 0, 1\n")
+                file.writelines(f"{node}, 2, 2, {node}\n" for node in range(5, nodes + 1))
+                file.write("*ELEMENT, TYPE=C3D4\n9, 1, 2, 3, 4\n")
+            mesh = meshio.read(converted(source, "nodes.vtu", "--as-is"))
+            self.assertEqual(mesh.points.shape, (nodes, 3))
+            self.assertEqual(list(mesh.point_data["OID"]), list(range(1, nodes + 1)))
+
+    def test_bodies_of_the_package_are_closed(self):
+        reader = vtkXMLPolyDataReader()
+        reader.SetFileName(converted(os.path.join(SAMPLES, "stack.3di"), "out.vtp"))
+        reader.Update()
+        data = reader.GetOutput()
+        self.assertEqual(data.GetNumberOfLines(), 96)
+        self.assertEqual(data.GetBounds()[:4], (-7.0, 7.0, -7.0, 7.0))
+        self.assertEqual(data.GetFieldData().GetAbstractArray("BodyNames").GetValue(1),
+                         "LOGIC_DIE")
+        edges = vtkFeatureEdges()
+        edges.SetInputData(data)
+        edges.FeatureEdgesOff()
+        edges.ManifoldEdgesOff()
+        edges.Update()
+        self.assertEqual(edges.GetOutput().GetNumberOfCells(), 0)
+        triangles = vtkTriangleFilter()
+        triangles.SetInputData(data)
+        triangles.PassLinesOff()
+        triangles.Update()
+        mass = vtkMassProperties()
+        mass.SetInputData(triangles.GetOutput())
+        # Seven boxes, and 160 balls that lack a tenth of pi / 6 * 0.125.
+        boxes = (14 * 14 * 0.3 + 7.2 * 7.2 * 0.15 + 4.8 * 4.8 * 0.08 + 5.6 * 4.4 * 0.12
+                 + 4 * 3.2 * 0.06 + 2.8 * 2.4 * 0.1 + 13.2 * 13.2 * 0.9)
+        self.assertAlmostEqual(mass.GetVolume() - boxes, 160 * 0.0654, delta=1.5)
+
+
+SCRATCH = tempfile.TemporaryDirectory(prefix="vtk-peers-")
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
