@@ -39,8 +39,7 @@ std::string escaped(const Json& json) {
 /// The title in the text of a page: the JSON's UTF-8, with what means something to HTML replaced.
 std::string escapedTitle(const std::string& title) {
     std::string safe;
-    const std::string utf8 =
-        Json(title).dump(-1, ' ', false, Json::error_handler_t::replace);
+    const std::string utf8 = Json(title).dump(-1, ' ', false, Json::error_handler_t::replace);
     for (const char c : std::string_view(utf8).substr(1, utf8.size() - 2))
         if (c == '<')
             safe += "&lt;";
@@ -190,8 +189,8 @@ class MeshPage {
         for (const ShownGroup& group : groups_)
             for (const std::uint8_t mask : group.outer)
                 size.faces += static_cast<std::size_t>(std::popcount(mask));
-        size.marked = static_cast<std::size_t>(std::ranges::count_if(
-            marks_, [](const ShownMarks& marks) {
+        size.marked =
+            static_cast<std::size_t>(std::ranges::count_if(marks_, [](const ShownMarks& marks) {
                 return !marks.groups.empty() || !marks.points.empty();
             }));
         return size;
@@ -214,13 +213,13 @@ class MeshPage {
 
     /// The first section of the same origin and name.
     std::size_t firstOf(const MeshSection& section) const {
-        return static_cast<std::size_t>(
-            std::ranges::find_if(mesh_.sections,
-                                 [&](const MeshSection& other) {
-                                     return other.origin == section.origin &&
-                                            other.name == section.name;
-                                 }) -
-            mesh_.sections.begin());
+        return static_cast<std::size_t>(std::ranges::find_if(mesh_.sections,
+                                                             [&](const MeshSection& other) {
+                                                                 return other.origin ==
+                                                                            section.origin &&
+                                                                        other.name == section.name;
+                                                             }) -
+                                        mesh_.sections.begin());
     }
 
     Json groupAsJson(const ShownGroup& group) const {
@@ -342,8 +341,7 @@ Json packageAsJson(const PackageScene& package, const PageHead& head) {
 bool writePage(const Mesh& mesh, const PageHead& head, const std::string& path, PageSize& size) {
     const MeshPage page(mesh);
     size = page.size();
-    return writeAround(page.asJson(head), path,
-                       [&](Base64Stream& stream) { page.write(stream); });
+    return writeAround(page.asJson(head), path, [&](Base64Stream& stream) { page.write(stream); });
 }
 
 bool writePage(const PackageScene& scene, const PageHead& head, const std::string& path) {

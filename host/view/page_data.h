@@ -8,8 +8,9 @@
 ///     origin     is added to all coordinates of the stream
 ///     box        min and max of what is seen, without the origin
 ///     nodes      how many nodes the stream has
-///     kinds      name, singular, nodes, dimension and faces (places of the nodes) of each kind of element
-///     sections   name, origin, property, thickness and groups; those of one origin and name are
+///     kinds      name, singular, nodes, dimension and faces (places of the nodes) of each kind of
+///     element sections   name, origin, property, thickness and groups; those of one origin and
+///     name are
 ///                one. A group has a kind, the number of its elements that are in the stream, that
 ///                of all (total), and hasOids.
 ///     findings   level, code, text, advice, count, places [line, column, text], and of what is

@@ -50,8 +50,9 @@ std::vector<std::string> findBrowser(const std::string& wanted) {
     for (const char* const browser : kBrowsers)
         if (const auto found = findTool(browser))
             return *found;
-    throw FileError("cannot be drawn: no Chromium is found; --browser or KVOCAEIO_BROWSER names one",
-                    "no-browser");
+    throw FileError(
+        "cannot be drawn: no Chromium is found; --browser or KVOCAEIO_BROWSER names one",
+        "no-browser");
 }
 
 /// A folder with all that a program leaves in it, which goes away with its holder.
@@ -86,8 +87,7 @@ bool copyFile(const std::string& from, const std::string& to) {
         std::fwrite(block.data(), 1, size, target.get());
         tail = (tail + block.substr(0, size)).substr(std::max(size, kEnd.size()) - kEnd.size());
     }
-    return tail.ends_with(kEnd) && std::fflush(target.get()) == 0 &&
-           std::ferror(target.get()) == 0;
+    return tail.ends_with(kEnd) && std::fflush(target.get()) == 0 && std::ferror(target.get()) == 0;
 }
 
 std::string sizeWord(std::string size) {

@@ -93,8 +93,7 @@ void writeFiles(const ViewOptions& options, const WritePage& writePage) {
 Shown showMesh(Mesh mesh, const PageHead& head, const ViewOptions& options) {
     requireFinding(options, mesh.imported);
     PageSize size;
-    writeFiles(options,
-               [&](const std::string& path) { return writePage(mesh, head, path, size); });
+    writeFiles(options, [&](const std::string& path) { return writePage(mesh, head, path, size); });
     return {{{"nodes", mesh.nodes()},
              {"elements", mesh.elements()},
              {"faces", size.faces},
@@ -120,8 +119,7 @@ Shown show(const InputFile& source, const ViewOptions& options) {
     const Format& format = findFormatToTidy(source.path(), !options.asIs);
     const PageHead head{titleOf(options.source), std::string(format.name), startOf(options)};
     // What is wrong with the file is on the page, and no reason not to look at it.
-    const LoadOptions load{options.normalised, true, options.asIs, options.verbose,
-                           true};
+    const LoadOptions load{options.normalised, true, options.asIs, options.verbose, true};
     return format.takeScene != nullptr
                ? showPackage(loadScene(source, options.source, format, load), head, options)
                : showMesh(loadMesh(source, options.source, format, load), head, options);

@@ -43,7 +43,8 @@ TEST(View, WritesOnePageThatNeedsNoOtherFile) {
 TEST(View, WritesTheDataAsThePageReadsThem) {
     const TempFolder folder;
     const std::string out = folder.file("out.html");
-    runHost({"view", folder.write("in.inp", kViewDeck), "-o", out, "--view", "top", "--cut", "z:0.25"});
+    runHost(
+        {"view", folder.write("in.inp", kViewDeck), "-o", out, "--view", "top", "--cut", "z:0.25"});
     const std::string page = readText(out);
     const auto scene = nlohmann::json::parse(partOf(page, "scene"));
     EXPECT_EQ(scene["counts"].dump(), R"([[5,"nodes"],[1,"element"]])");
@@ -69,9 +70,12 @@ TEST(View, ShowsWhatIsReadOfAFileWithErrors) {
         runHost({"view", "--as-is", sampleDeck("clip.inp"), "-o", out, "--json"});
     EXPECT_EQ(outcome.exitCode, 0);
     const auto report = nlohmann::json::parse(outcome.output);
+    EXPECT_EQ(report["page"], out);
+    EXPECT_EQ(report["picture"], nullptr);
     EXPECT_EQ(report["status"], "warnings");
     EXPECT_GT(report["import"]["errors"], 0);
-    EXPECT_GT(report["shown"]["markedFindings"], 0);
+    EXPECT_EQ(report["shown"].dump(),
+              R"({"elements":168,"faces":168,"markedFindings":2,"nodes":425})");
 }
 
 TEST(View, ShowsPackages) {
@@ -95,8 +99,7 @@ TEST(View, KeepsTheOldPageWhereItFails) {
     outcome = runHost({"view", folder.write("in.inp", kViewDeck), "-o", out, "--picture",
                        folder.file("out.png"), "--browser", nativePath(KVOCAEIO_PROGRAM)});
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_THAT(outcome.errors,
-                HasSubstr("cannot be drawn: the browser ended with exit code 2"));
+    EXPECT_THAT(outcome.errors, HasSubstr("cannot be drawn: the browser ended with exit code 2"));
     EXPECT_EQ(readText(out), "old");
     EXPECT_THAT(namesIn(folder), ElementsAre("empty.inp", "in.inp", "out.html"));
 }
@@ -113,12 +116,11 @@ TEST(View, RefusesToReplaceWhatItReads) {
 TEST(View, SaysThatThereIsNoSuchBrowserOrFinding) {
     const TempFolder folder;
     const std::string deck = folder.write("in.inp", kViewDeck);
-    EXPECT_THAT(runHost({"view", deck, "--picture", folder.file("a.png"), "--browser", "no-such"})
-                    .errors,
-                HasSubstr("cannot be drawn: there is no program no-such"));
     EXPECT_THAT(
-        runHost({"view", deck, "-o", folder.file("a.html"), "--finding", "mesh.no"}).errors,
-        HasSubstr("has no finding mesh.no"));
+        runHost({"view", deck, "--picture", folder.file("a.png"), "--browser", "no-such"}).errors,
+        HasSubstr("cannot be drawn: there is no program no-such"));
+    EXPECT_THAT(runHost({"view", deck, "-o", folder.file("a.html"), "--finding", "mesh.no"}).errors,
+                HasSubstr("has no finding mesh.no"));
     EXPECT_THAT(namesIn(folder), ElementsAre("in.inp"));
 }
 
@@ -141,7 +143,8 @@ TEST(View, KnowsWrongCommandLines) {
     for (const char* cut : {"w", "x:2", "x0.5", "x:"})
         EXPECT_EQ(runHost({"view", deck, "-o", "a.html", "--cut", cut}).exitCode, 2) << cut;
     for (const char* size : {"100", "10x100", "100x", "100x9000", "axb"})
-        EXPECT_EQ(runHost({"view", deck, "--picture", "a.png", "--size", size}).exitCode, 2) << size;
+        EXPECT_EQ(runHost({"view", deck, "--picture", "a.png", "--size", size}).exitCode, 2)
+            << size;
     EXPECT_EQ(runHost({"view", deck, "-o", "a.html", "--size", "100x100"}).exitCode, 2);
 }
 

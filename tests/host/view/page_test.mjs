@@ -155,7 +155,7 @@ pageTest('the keyboard does what the buttons do', sample('hinge.inp'), {}, async
 pageTest('edges are drawn where faces meet, or on all elements', faulty, asIs, async (shown) => {
     await shown.press('2');
     await shown.press('b');
-    const dark = (colour) => parseInt(colour.slice(1, 3), 16) + parseInt(colour.slice(3, 5), 16) < 150;
+    const dark = (colour) => parseInt(colour.slice(1, 3), 16) + parseInt(colour.slice(3, 5), 16) < 90;
     const around = [9.85, 9.9, 9.95, 10, 10.05, 10.1, 10.15].map((x) => [x, 0, 5]);  // a border of sections
     assert.ok((await shown.coloursAt(around)).some(dark));
     await shown.click('#features');
