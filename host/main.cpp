@@ -127,15 +127,23 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     convert
         ->add_option(
             "OUT", options.target,
-            "A VTK file of all elements (.vtu) or of a package (.vtp); a Nastran deck (.nas, "
-            ".bdf) or a Patran neutral file (.pat) of the solids in an Abaqus deck or a "
-            "Patran file.")
+            "A VTK file of a mesh (.vtu) or of a package (.vtp), an Abaqus deck (.inp) or a glTF "
+            "file (.glb); of the solids in an Abaqus deck or a Patran file also a Nastran deck "
+            "(.nas, .bdf) or a Patran neutral file (.pat).")
         ->required();
     convert
         ->add_option("--unit", options.unit,
                      "Length unit that the file names; coordinates stay as they are.")
         ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
-        ->default_str(kvocaeio::host::kUsualLengthUnit);
+        ->default_str("mm");
+    convert
+        ->add_option_function<std::string>(
+            "--nastran",
+            [&options](const std::string& form) { options.wideNastran = form == "wide"; },
+            "Form of a Nastran deck: plain, as the library writes solids, or wide, all elements "
+            "in fixed fields, coordinates in fields of sixteen columns.")
+        ->type_name("FORM")
+        ->check(CLI::IsMember({"plain", "wide"}));
     convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
         ->type_name("FACTOR")
         ->check(CLI::PositiveNumber);

@@ -15,6 +15,9 @@ bool isFolder(const char* path);
 /// Columns of the terminal that standard output goes to; 0 where it goes elsewhere.
 std::size_t terminalColumns();
 
+/// Whether standard error goes to a terminal.
+bool isErrorTerminal();
+
 /// As long as it lives, the terminal takes what is printed as UTF-8 and obeys escape sequences.
 class Terminal {
   public:

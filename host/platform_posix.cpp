@@ -32,6 +32,10 @@ std::size_t terminalColumns() {
                                                                               : kUsual;
 }
 
+bool isErrorTerminal() {
+    return ::isatty(STDERR_FILENO) != 0;
+}
+
 Terminal::Terminal() = default;
 Terminal::~Terminal() = default;
 

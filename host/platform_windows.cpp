@@ -31,6 +31,11 @@ std::size_t terminalColumns() {
     return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
 }
 
+bool isErrorTerminal() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
 Terminal::Terminal() {
     constexpr DWORD kEscapeSequences = 4;  // ENABLE_VIRTUAL_TERMINAL_PROCESSING
     const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);

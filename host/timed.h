@@ -2,9 +2,11 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 #include "platform.h"
+#include "progress_line.h"
 
 namespace kvocaeio::host {
 
@@ -21,9 +23,13 @@ class Redirection {
 };
 
 /// Runs `work` with the library's output sent to `progress` and returns the seconds that it took.
+/// Where they are several, a line on the terminal tells them, unless that is where `progress` goes.
 template <class Work>
 double timed(PrintTarget progress, const Work& work) {
     const Redirection redirection(progress);
+    std::optional<ProgressLine> line;
+    if (progress == PrintTarget::kNowhere)
+        line.emplace("reading");
     const auto start = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();

@@ -18,11 +18,11 @@ namespace {
 
 /// The corners of an element as new node IDs, filled to eight by repeating the last one, so that an
 /// element looks the same in a section of any width.
-using Corners = std::array<int, 8>;
+using ElementCorners = std::array<int, 8>;
 
 /// Elements on the same corners that follow one another in a section.
 struct Row {
-    Corners corners;
+    ElementCorners corners;
     std::uint32_t name;  ///< number of its section's set name
     std::uint32_t section;
     std::uint32_t elements;
@@ -136,9 +136,9 @@ class Tracer {
     // A node that is not defined becomes the first.
     int newId(int oid) const { return std::max(0, nodeRows_.find(oid)); }
 
-    Corners rawCorners(const Section& section, int count, std::size_t row) const {
+    ElementCorners rawCorners(const Section& section, int count, std::size_t row) const {
         const int* oids = section.element(row);
-        Corners corners;
+        ElementCorners corners;
         for (int i = 0; i < 8; ++i) {
             const auto place = static_cast<std::size_t>(i);
             corners[place] = i < count ? newId(oids[i]) : corners[place - 1];
@@ -146,9 +146,9 @@ class Tracer {
         return corners;
     }
 
-    static Corners normalisedCorners(const Section& section, std::size_t row) {
+    static ElementCorners normalisedCorners(const Section& section, std::size_t row) {
         const int* nodes = section.element(row);
-        Corners corners;
+        ElementCorners corners;
         for (int i = 0; i < 8; ++i)
             corners[static_cast<std::size_t>(i)] = nodes[std::min(i, section.nodesPerElement - 1)];
         return corners;

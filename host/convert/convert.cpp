@@ -9,49 +9,40 @@
 
 #include "convert/report.h"
 #include "convert/solids.h"
-#include "convert/target.h"
+#include "convert/targets.h"
 #include "formats.h"
 #include "input_file.h"
 #include "mesh/load.h"
-#include "nastran/mesh_writer.h"
-#include "patran/mesh_writer.h"
+#include "mesh/refusals.h"
+#include "mesh_checks.h"
+#include "progress_line.h"
 #include "replacement_file.h"
-#include "vtk/mesh_file.h"
-#include "vtk/package_file.h"
 
 namespace kvocaeio::host {
 
 namespace {
 
-constexpr std::array<Target, 5> kTargets = {{
-    {.extension = ".nas", .solids = &kNastranWriter},
-    {.extension = ".bdf", .solids = &kNastranWriter},
-    {.extension = ".pat", .solids = &kPatranWriter},
-    {.extension = ".vtu", .writeMesh = writeVtkMesh},
-    {.extension = ".vtp", .writeScene = writeVtkPackage},
-}};
-
-const Target& targetOf(const std::string& path) {
-    const std::string extension = extensionOf(path);
-    for (const Target& target : kTargets)
-        if (target.extension == extension)
-            return target;
-    throw FileError(
-        "cannot be written: its name must end in .nas, .bdf (Nastran), .pat (Patran), .vtu (VTK) "
-        "or, for a package, .vtp (VTK)",
-        "unknown-target");
-}
-
 /// What goes from the source to the target.
 using Content = std::variant<SolidMesh, Mesh, PackageScene>;
+
+void scale(Mesh& mesh, double factor) {
+    for (double& value : mesh.places)
+        value *= factor;
+    std::size_t infinite = 0;
+    for (std::size_t node = 0; node < mesh.nodes(); ++node)
+        if (!isFinitePlace(mesh.place(static_cast<int>(node))))
+            ++infinite;
+    refuseInfinitePlaces(infinite);
+    for (MeshSection& section : mesh.sections)
+        section.thickness *= factor;
+}
 
 Mesh takeMesh(const InputFile& file, const Format& format, const ConvertOptions& options) {
     Mesh mesh = loadMesh(file, options.source, format,
                          {options.normalised, options.force, options.asIs, options.verbose});
     mesh.lengthUnit = options.unit;
     if (options.scale != 1.0)
-        for (double& value : mesh.places)
-            value *= options.scale;
+        scale(mesh, options.scale);
     return mesh;
 }
 
@@ -67,17 +58,17 @@ PackageScene takeScene(const InputFile& file, const Format& format, const Conver
 
 Content take(const InputFile& file, const ConvertOptions& options) {
     const Target& target = targetOf(options.target);
-    if (target.solids != nullptr)
+    if (target.solids != nullptr && !options.wideNastran)
         return takeSolids(file, options);
     const Format& format = findFormatToTidy(file.path(), !options.asIs);
     if (format.takeScene != nullptr && target.writeScene == nullptr)
         throw FileError("is a package, which is not written as " + std::string(target.extension) +
-                            " but as .vtp",
+                            " but as " + sceneTargets(),
                         "not-converted");
     if (format.takeScene == nullptr && target.writeMesh == nullptr)
-        throw FileError(
-            "is a mesh, which is not written as " + std::string(target.extension) + " but as .vtu",
-            "not-converted");
+        throw FileError("is a mesh, which is not written as " + std::string(target.extension) +
+                            " but as " + meshTargets(),
+                        "not-converted");
     if (format.takeScene != nullptr)
         return takeScene(file, format, options);
     return takeMesh(file, format, options);
@@ -88,6 +79,7 @@ void write(Content& content, const ConvertOptions& options) {
     if (auto* const solids = std::get_if<SolidMesh>(&content))
         return writeSolids(*solids, *target.solids, options);
     ReplacementFile file(options.target);
+    const ProgressLine line("writing");
     if (auto* const mesh = std::get_if<Mesh>(&content))
         target.writeMesh(*mesh, file.path(), options);
     else

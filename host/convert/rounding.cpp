@@ -95,12 +95,16 @@ void checkRounding(SolidMesh& mesh, const MeshWriter& writer, const std::string&
     for (std::size_t row = 0; row < written.size(); ++row)
         for (std::size_t axis = 0; axis < 3; ++axis)
             largest = std::max(largest, std::fabs(written[row][axis] - mesh.nodes[row][axis]));
+    remarkRounding(mesh.remarks, writer.formName, largest);
+}
+
+void remarkRounding(std::vector<Note>& remarks, std::string_view formName, double largest) {
     if (largest == 0.0)
         return;
     std::ostringstream text;
-    text << "coordinates are written with " << writer.formName << ", which changes them by up to "
+    text << "coordinates are written with " << formName << ", which changes them by up to "
          << largest;
-    mesh.remarks.push_back({"coordinates-rounded", 1, text.str()});
+    remarks.push_back({"coordinates-rounded", 1, text.str()});
 }
 
 }  // namespace kvocaeio::host

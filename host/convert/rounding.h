@@ -12,4 +12,7 @@ namespace kvocaeio::host {
 /// scale would do; the mesh's is `unit`. Else remarks by how much coordinates change.
 void checkRounding(SolidMesh& mesh, const MeshWriter& writer, const std::string& unit);
 
+/// Remarks that coordinates change by up to `largest`, if they do.
+void remarkRounding(std::vector<Note>& remarks, std::string_view formName, double largest);
+
 }  // namespace kvocaeio::host

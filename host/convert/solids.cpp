@@ -102,7 +102,7 @@ SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
 }
 
 void writeSolids(SolidMesh& mesh, const MeshWriter& writer, const ConvertOptions& options) {
-    const std::string unit = options.unit.empty() ? kUsualLengthUnit : options.unit;
+    const std::string unit = options.lengthUnit();
     chooseOids(mesh, writer);
     checkRounding(mesh, writer, unit);
     ReplacementFile file(options.target);

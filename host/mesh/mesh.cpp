@@ -17,11 +17,22 @@ std::string_view nameOf(Origin origin) {
     return kOriginNames[static_cast<std::size_t>(origin)];
 }
 
+SectionKey sectionKeyOf(const MeshSection& section) {
+    return {section.origin, section.property, section.name,
+            section.name.empty() ? section.source : 0};
+}
+
 std::size_t Mesh::elements() const {
     std::size_t number = 0;
     for (const MeshSection& section : sections)
         number += section.elements();
     return number;
+}
+
+std::size_t Mesh::dropFaces() {
+    const std::size_t all = elements();
+    std::erase_if(sections, [](const MeshSection& section) { return section.isOfFaces(); });
+    return all - elements();
 }
 
 MeshSection& Mesh::sectionOf(CellKind kind, std::size_t first, const MeshSection& model) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "import_findings.h"
@@ -30,10 +31,17 @@ struct MeshSection {
     std::vector<int> oids;   ///< per element; empty where the source has none
     std::vector<int> nodes;  ///< per element all its nodes, as rows of the mesh's nodes
 
+    /// Whether it holds faces of loads or surfaces, which are no elements of the source.
+    bool isOfFaces() const { return origin == Origin::kLoadFace || origin == Origin::kSurfaceFace; }
     std::size_t elements() const { return nodes.size() / cellShape(kind).nodes; }
     /// The nodes of the element in `row`, as many as the kind has.
     const int* element(std::size_t row) const { return nodes.data() + row * cellShape(kind).nodes; }
 };
+
+/// The same for sections that are one thing to the user: of one name, origin and property; those
+/// without a name from one section of the source.
+using SectionKey = std::tuple<Origin, int, std::string_view, std::size_t>;
+SectionKey sectionKeyOf(const MeshSection& section);
 
 struct Mesh {
     std::vector<double> places;         ///< x, y, z of each node
@@ -54,6 +62,8 @@ struct Mesh {
     /// The section of that kind among those from `first` on, which is made like `model` where it is
     /// not there.
     MeshSection& sectionOf(CellKind kind, std::size_t first, const MeshSection& model);
+    /// Drops the faces of loads and surfaces, and returns how many there were.
+    std::size_t dropFaces();
     const double* place(int node) const {
         return places.data() + 3 * static_cast<std::size_t>(node);
     }

@@ -7,6 +7,7 @@
 #include "counted.h"
 #include "file_system.h"
 #include "input_file.h"
+#include "progress_line.h"
 #include <kvocaeio/report.h>
 #include <kvocaeio/tidy.h>
 
@@ -17,10 +18,13 @@ namespace {
 bool callTidy(CKVODeckTidy& tidy, const std::string& path, const std::string& target, int format,
               CKVOImportReport& report) {
     const auto source = standardPath(path);
-    if (target.empty())
+    if (target.empty()) {
+        const ProgressLine line("examining");
         return tidy.Tidy(source.c_str(), nullptr, format, &report);
+    }
     // The library's own temporary file has a name that nobody knows, so an interruption must wait.
     const InterruptionPause pause;
+    const ProgressLine line("tidying");
     return tidy.Tidy(source.c_str(), standardPath(target).c_str(), format, &report);
 }
 

@@ -3,65 +3,19 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 #include <map>
-#include <numbers>
 #include <numeric>
 #include <span>
 #include <vector>
 
+#include "package/body_surface.h"
 #include "vtk/import_fields.h"
 #include "vtk/vtk_file.h"
 
 namespace kvocaeio::host {
 
 namespace {
-
-/// A closed surface around (0, 0, 0), one wide in x, y and z.
-struct Surface {
-    std::vector<std::array<double, 3>> points;
-    std::vector<std::vector<std::int32_t>> polygons;  ///< counter-clockwise as seen from outside
-};
-
-Surface makeBox() {
-    Surface box;
-    for (const double z : {-0.5, 0.5})
-        for (const auto& [x, y] : {std::array{-0.5, -0.5}, {0.5, -0.5}, {0.5, 0.5}, {-0.5, 0.5}})
-            box.points.push_back({x, y, z});
-    box.polygons = {{0, 3, 2, 1}, {4, 5, 6, 7}, {0, 1, 5, 4},
-                    {1, 2, 6, 5}, {2, 3, 7, 6}, {0, 4, 7, 3}};
-    return box;
-}
-
-/// Rings of points between two poles; with a multiple of four to a ring its box is that of the
-/// sphere.
-Surface makeSphere(std::int32_t rings, std::int32_t pointsOfRing) {
-    Surface sphere;
-    for (std::int32_t ring = 1; ring <= rings; ++ring)
-        for (std::int32_t i = 0; i < pointsOfRing; ++i) {
-            const double down = std::numbers::pi * ring / (rings + 1);
-            const double around = 2 * std::numbers::pi * i / pointsOfRing;
-            sphere.points.push_back({0.5 * std::sin(down) * std::cos(around),
-                                     0.5 * std::sin(down) * std::sin(around),
-                                     0.5 * std::cos(down)});
-        }
-    const std::int32_t top = rings * pointsOfRing;
-    sphere.points.push_back({0, 0, 0.5});
-    sphere.points.push_back({0, 0, -0.5});
-    for (std::int32_t i = 0; i < pointsOfRing; ++i) {
-        const std::int32_t next = (i + 1) % pointsOfRing;
-        sphere.polygons.push_back({top, i, next});
-        for (std::int32_t ring = 1; ring < rings; ++ring) {
-            const std::int32_t upper = (ring - 1) * pointsOfRing;
-            const std::int32_t lower = ring * pointsOfRing;
-            sphere.polygons.push_back({upper + i, lower + i, lower + next, upper + next});
-        }
-        const std::int32_t lowest = (rings - 1) * pointsOfRing;
-        sphere.polygons.push_back({top + 1, lowest + next, lowest + i});
-    }
-    return sphere;
-}
 
 // Balls by the thousand are drawn with fewer points.
 constexpr std::ptrdiff_t kManyBalls = 5000;
@@ -108,7 +62,9 @@ class PackageFile {
     }
 
   private:
-    const Surface& surfaceOf(const PackageBody& body) const { return body.isBall ? ball_ : box_; }
+    const BodySurface& surfaceOf(const PackageBody& body) const {
+        return body.isBall ? ball_ : box_;
+    }
 
     void writeTables(const std::string& source) {
         std::vector<std::string> names;
@@ -237,8 +193,8 @@ class PackageFile {
 
     const PackageScene& scene_;
     VtkFile file_;
-    Surface box_;
-    Surface ball_;
+    BodySurface box_;
+    BodySurface ball_;
     std::size_t points_ = 0;
     std::size_t polygons_ = 0;
     std::size_t pointsOfWires_ = 0;

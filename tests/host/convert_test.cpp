@@ -251,7 +251,7 @@ TEST(ConvertFailure, TargetThatNoFormatHas) {
     EXPECT_EQ(failureOf(sampleDeck("hinge.inp"), folder.file("out.xyz")),
               "kvocaeio: " + folder.file("out.xyz") +
                   ": cannot be written: its name must end in .nas, .bdf (Nastran), .pat "
-                  "(Patran), .vtu (VTK) or, for a package, .vtp (VTK)\n");
+                  "(Patran), .inp (Abaqus), .glb (glTF), .vtu (VTK), .vtp (VTK, packages)\n");
 }
 
 TEST(ConvertFailure, FolderThatIsNotThere) {

@@ -8,10 +8,10 @@ namespace kvocaeio::test {
 namespace {
 
 using testing::Contains;
-using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
+using testing::StartsWith;
 
 // A brick and a wedge under one name, a pyramid, a shell, a quadratic tetrahedron, a bar, a load.
 constexpr std::string_view kEveryKind =
@@ -170,13 +170,13 @@ TEST(ConvertVtk, HoldsPackagesAsSurfacesAndLines) {
 TEST(ConvertVtk, RefusesWhatTheTargetIsNotFor) {
     const TempFolder folder;
     const std::string mesh = folder.write("in.inp", kEveryKind);
-    EXPECT_EQ(runHost({"convert", mesh, folder.file("out.vtp")}).errors,
-              "kvocaeio: " + mesh + ": is a mesh, which is not written as .vtp but as .vtu\n");
+    EXPECT_THAT(runHost({"convert", mesh, folder.file("out.vtp")}).errors,
+                StartsWith("kvocaeio: " + mesh + ": is a mesh, which is not written as .vtp"));
     const std::string package = sampleDeck("stack.3di");
     const Outcome outcome = runHost({"convert", package, folder.file("out.vtu")});
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(outcome.errors, "kvocaeio: " + package +
-                                  ": is a package, which is not written as .vtu but as .vtp\n");
+    EXPECT_THAT(outcome.errors, StartsWith("kvocaeio: " + package +
+                                           ": is a package, which is not written as .vtu"));
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "out.vtu"));
 }
 
