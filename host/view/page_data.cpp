@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "bounding_box.h"
-#include "c_file.h"
 #include "counted.h"
 #include "json_values.h"
 #include "mesh/mesh.h"
@@ -18,10 +17,6 @@
 namespace kvocaeio::host {
 
 namespace {
-
-void print(std::FILE* file, std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), file);
-}
 
 /// Without what could end the element of the page that it stands in.
 std::string escaped(const Json& json) {
@@ -52,26 +47,24 @@ std::string escapedTitle(const std::string& title) {
 
 /// Writes the page; `write(stream)` gives it its numbers.
 template <class Write>
-bool writeAround(const Json& scene, const std::string& path, const Write& write) {
-    const CFile file = openFile(path, "wb");
-    if (!file)
-        return false;
+void writeAround(const Json& scene, const std::string& path, const Write& write) {
+    OutputFile file(path);
     std::string_view rest = viewPage();
     const auto printUntil = [&](std::string_view mark) {
         const std::size_t at = rest.find(mark);
-        print(file.get(), rest.substr(0, at));
+        file << rest.substr(0, at);
         rest.remove_prefix(at + mark.size());
     };
     printUntil("@TITLE@");
-    print(file.get(), escapedTitle(scene["title"].get<std::string>()));
+    file << escapedTitle(scene["title"].get<std::string>());
     printUntil("@SCENE@");
-    print(file.get(), escaped(scene));
+    file << escaped(scene);
     printUntil("@GEOMETRY@");
-    Base64Stream stream(file.get());
+    Base64Stream stream(file);
     write(stream);
     stream.finish();
-    print(file.get(), rest);
-    return std::fflush(file.get()) == 0 && std::ferror(file.get()) == 0;
+    file << rest;
+    file.finish();
 }
 
 /// [2, "nodes"].
@@ -338,14 +331,14 @@ Json packageAsJson(const PackageScene& package, const PageHead& head) {
 
 }  // namespace
 
-bool writePage(const Mesh& mesh, const PageHead& head, const std::string& path, PageSize& size) {
+PageSize writePage(const Mesh& mesh, const PageHead& head, const std::string& path) {
     const MeshPage page(mesh);
-    size = page.size();
-    return writeAround(page.asJson(head), path, [&](Base64Stream& stream) { page.write(stream); });
+    writeAround(page.asJson(head), path, [&](Base64Stream& stream) { page.write(stream); });
+    return page.size();
 }
 
-bool writePage(const PackageScene& scene, const PageHead& head, const std::string& path) {
-    return writeAround(packageAsJson(scene, head), path, [&](Base64Stream& stream) {
+void writePage(const PackageScene& scene, const PageHead& head, const std::string& path) {
+    writeAround(packageAsJson(scene, head), path, [&](Base64Stream& stream) {
         for (const PackageWire& wire : scene.wires)
             for (const double value : wire.path)
                 stream.real(value);

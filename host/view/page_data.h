@@ -51,8 +51,8 @@ struct PageSize {
     std::size_t marked = 0;  ///< findings that a click on flies to
 };
 
-/// Write the page to the file at `path`. False where the disk does not take all of it.
-bool writePage(const Mesh& mesh, const PageHead& head, const std::string& path, PageSize& size);
-bool writePage(const PackageScene& scene, const PageHead& head, const std::string& path);
+/// Write the page to the file at `path`. Throw `FileError` where the disk does not take it.
+PageSize writePage(const Mesh& mesh, const PageHead& head, const std::string& path);
+void writePage(const PackageScene& scene, const PageHead& head, const std::string& path);
 
 }  // namespace kvocaeio::host

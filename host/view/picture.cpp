@@ -13,6 +13,7 @@
 #include "clean_name.h"
 #include "file_report.h"
 #include "file_system.h"
+#include "progress_line.h"
 #include "replacement_file.h"
 #include "temporary_path.h"
 #include "tool_run.h"
@@ -104,6 +105,7 @@ void drawPicture(const std::function<void(const std::string& path)>& writePage,
     // No interruption may leave the browser's files behind; it ends the browser, which has the same
     // terminal.
     const InterruptionPause pause;
+    const ProgressLine line("drawing");  // its thread is not interrupted either
     const ScratchFolder folder;
     // A browser goes by the endings of names.
     const std::string page = folder.path() + "/page.html";
