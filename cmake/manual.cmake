@@ -20,7 +20,7 @@ endfunction()
 
 add_custom_target(kvocaeio_manual ALL)
 kvocaeio_manual(man kvocaeio.1)
-foreach(command IN ITEMS info check convert tidy)
+foreach(command IN ITEMS info check convert tidy view)
     kvocaeio_manual(man:${command} kvocaeio-${command}.1)
 endforeach()
 kvocaeio_manual(bash kvocaeio)

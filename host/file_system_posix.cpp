@@ -197,12 +197,18 @@ void removeForInterruption() {
     }
 }
 
+namespace {
+thread_local int pauses = 0;  // one may be made while another lives
+}
+
 InterruptionPause::InterruptionPause() {
-    changeSignalMask(SIG_BLOCK);
+    if (pauses++ == 0)
+        changeSignalMask(SIG_BLOCK);
 }
 
 InterruptionPause::~InterruptionPause() {
-    changeSignalMask(SIG_UNBLOCK);
+    if (--pauses == 0)
+        changeSignalMask(SIG_UNBLOCK);
 }
 
 }  // namespace kvocaeio::host

@@ -20,6 +20,8 @@ struct MeshRequest {
     bool normalised = false;  ///< of an Abaqus deck, the normalised one
     bool force = false;       ///< OIDs that are defined twice with different content are accepted
     PrintTarget progress = PrintTarget::kNowhere;  ///< for the library's progress lines
+    bool findsAll =
+        false;  ///< of an Abaqus deck, with what sorting it finds, whatever mesh is taken
 };
 
 /// One format: each has a folder of its own that defines one of these, and a row in the table of

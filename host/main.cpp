@@ -202,8 +202,9 @@ void addViewLook(CLI::App& view, ViewOptions& options) {
     view.add_option("--view", options.view, "Where the picture is taken from.")
         ->check(CLI::IsMember(kvocaeio::host::kViewNames))
         ->capture_default_str();
-    view.add_option("--finding", options.finding,
-                    "Fly to this finding and mark what it is about; kvocaeio check lists the codes.")
+    view.add_option(
+            "--finding", options.finding,
+            "Fly to this finding and mark what it is about; kvocaeio check lists the codes.")
         ->type_name("CODE");
     view.add_option("--cut", options.cut,
                     "Cut across this axis, in the middle or at a place from 0 to 1: z, z:0.25.")
@@ -219,12 +220,12 @@ void addViewLook(CLI::App& view, ViewOptions& options) {
 }
 
 CLI::App* addView(CLI::App& app, ViewOptions& options) {
-    CLI::App* view =
-        app.add_subcommand("view", "Writes a page or a picture that shows FILE.")
-            ->group(kCommandsTitle);
-    view->add_option("FILE", options.source,
-                     "An Abaqus input deck, a Nastran deck, a Patran neutral file or a 3DI package; "
-                     "- is standard input.")
+    CLI::App* view = app.add_subcommand("view", "Writes a page or a picture that shows FILE.")
+                         ->group(kCommandsTitle);
+    view->add_option(
+            "FILE", options.source,
+            "An Abaqus input deck, a Nastran deck, a Patran neutral file or a 3DI package; "
+            "- is standard input.")
         ->required();
     view->add_option("-o,--output", options.page,
                      "The page: one HTML file, which any browser opens without a network.")
@@ -256,8 +257,9 @@ CLI::App* addView(CLI::App& app, ViewOptions& options) {
     CLI::Option* asIs =
         view->add_flag("--as-is", options.asIs, "Read a deck as it is, without tidying it first.");
     view->add_flag("--tidy")
-        ->description("Tidy a deck before it is read, where it needs that; so it is done unless "
-                      "--as-is is given.")
+        ->description(
+            "Tidy a deck before it is read, where it needs that; so it is done unless "
+            "--as-is is given.")
         ->excludes(asIs);
     CLI::Option* json =
         view->add_flag("--json", options.json, "Report as a JSON document, for programs.");

@@ -6,8 +6,8 @@
 #   package  and what scripts/package.sh needs: mingw-w64, Python, tools of LLVM and of Debian's
 #            developers
 #   test     and what scripts/test.sh needs: clang, Wine, Python with what the tests of its module
-#            use, a locale with a decimal comma, what checks packages, manual pages, completion and
-#            the interface, programs and decks to compare with
+#            use, a locale with a decimal comma, what checks packages, manual pages, completion, the
+#            interface and the page of kvocaeio view, programs and decks to compare with
 #   fuzz     clang with libFuzzer
 #   bench    Google Benchmark, and Python with numpy
 # Without a word: all of them.
@@ -23,7 +23,7 @@ for part in "$@"; do
         package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file python3) ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
-                python3 wine64 lintian groff-base fish zsh doxygen abigail-tools
+                python3 wine64 lintian groff-base fish zsh doxygen abigail-tools chromium
                 calculix-ccx calculix-ccx-test freecad-common gmsh
                 mypy python3-dask python3-meshio python3-numpy python3-pandas python3-pip
                 python3-pytest python3-tqdm python3-venv python3-vtk9)
@@ -45,6 +45,9 @@ asRoot() {
         sudo "$@"
     fi
 }
+
+# The page of kvocaeio view is made with it; another source of npm than Debian's will do.
+command -v npm >/dev/null || packages+=(npm)
 
 isInstalled() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

@@ -182,7 +182,7 @@ Mesh takeAbaqusMesh(const std::string& path, const MeshRequest& request) {
     Mesh mesh;
     const OidRepeats elements = findRepeatedElements(tables);
     checkConflicts(findRepeatedNodes(tables), elements, request.force, mesh.remarks);
-    mesh.imported = request.normalised ? deck.imported : deck.listed;
+    mesh.imported = request.normalised || request.findsAll ? deck.imported : deck.listed;
     mesh.normalised = request.normalised;
     takeDeckNodes(tables, mesh);
     if (request.normalised) {

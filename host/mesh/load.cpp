@@ -12,7 +12,8 @@ namespace {
 
 MeshRequest requestOf(const LoadOptions& options) {
     return {options.normalised, options.force,
-            options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere};
+            options.verbose ? PrintTarget::kStandardError : PrintTarget::kNowhere,
+            options.findsAll};
 }
 
 void restoreOids(TidiedDeck& deck, Mesh& mesh) {

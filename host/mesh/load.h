@@ -13,6 +13,7 @@ struct LoadOptions {
     bool force = false;       ///< accept errors of the import and OIDs that are defined twice
     bool asIs = false;        ///< read a deck as it is, without tidying
     bool verbose = false;     ///< the library's progress lines go to standard error, else nowhere
+    bool findsAll = false;    ///< with what sorting an Abaqus deck finds, whatever mesh is taken
 };
 
 /// Reads the mesh of `file`, which the user calls `name` and which is of `format`

@@ -53,7 +53,7 @@ void Base64Stream::flush() {
         text += left > 1 ? kDigits[group >> 6 & 63] : '=';
         text += left > 2 ? kDigits[group & 63] : '=';
     }
-    std::fwrite(text.data(), 1, text.size(), file_);
+    file_ << text;
     bytes_.clear();
 }
 

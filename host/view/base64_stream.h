@@ -3,16 +3,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <span>
 #include <vector>
+
+#include "output_file.h"
 
 namespace kvocaeio::host {
 
 /// Writes numbers as bytes and these as base64, block by block. `finish` ends it.
 class Base64Stream {
   public:
-    explicit Base64Stream(std::FILE* file) : file_(file) {}
+    explicit Base64Stream(OutputFile& file) : file_(file) {}
 
     void octet(std::uint8_t value);
     /// In single precision, the lowest byte first.
@@ -26,7 +27,7 @@ class Base64Stream {
   private:
     void flush();
 
-    std::FILE* file_;
+    OutputFile& file_;
     std::vector<std::uint8_t> bytes_;
 };
 

@@ -44,8 +44,8 @@ bool hasVolume(const Mesh& mesh, const CellShape& shape, const int* element) {
     double sixVolumes = 0.0;
     for (const CellFace& face : shape.faces)
         for (std::size_t i = 2; i < cellShape(face.kind).corners; ++i)
-            sixVolumes += determinant(from(face.places[0]), from(face.places[i - 1]),
-                                      from(face.places[i]));
+            sixVolumes +=
+                determinant(from(face.places[0]), from(face.places[i - 1]), from(face.places[i]));
     return sixVolumes > kLeast * size * size * size;
 }
 
@@ -84,11 +84,12 @@ void markElements(const Mesh& mesh, const IsMeant& isMeant, ShownMarks& marks) {
     for (std::size_t index = 0; index < mesh.sections.size(); ++index) {
         const MeshSection& section = mesh.sections[index];
         const CellShape& shape = cellShape(section.kind);
-        const auto all = static_cast<std::uint8_t>(
-            (1u << std::max<std::size_t>(1, shape.faces.size())) - 1);
+        const auto all =
+            static_cast<std::uint8_t>((1u << std::max<std::size_t>(1, shape.faces.size())) - 1);
         ShownGroup group{index, {}, {}, {}};
         for (std::size_t row = 0; row < section.elements() && number < kMostMarks; ++row)
-            if (isMeant(shape, section.element(row), section.oids.empty() ? 0 : section.oids[row])) {
+            if (isMeant(shape, section.element(row),
+                        section.oids.empty() ? 0 : section.oids[row])) {
                 group.rows.push_back(static_cast<std::uint32_t>(row));
                 ++number;
             }

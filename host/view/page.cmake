@@ -54,11 +54,11 @@ endif()
 
 if(noPage)
     message(STATUS "kvocaeio is built without its command view: ${noPage}")
-    set(KVOCAEIO_HAS_VIEW OFF)
+    set(KVOCAEIO_HAS_VIEW OFF CACHE INTERNAL "Whether the program has the page")
     target_sources(kvocaeio PRIVATE view/no_page.cpp)
     return()
 endif()
-set(KVOCAEIO_HAS_VIEW ON)
+set(KVOCAEIO_HAS_VIEW ON CACHE INTERNAL "Whether the program has the page")
 file(GLOB pageSources CONFIGURE_DEPENDS ${pageFolder}/src/*)
 set(pageArray ${CMAKE_CURRENT_BINARY_DIR}/view_page.cpp)
 add_custom_command(OUTPUT ${pageArray}

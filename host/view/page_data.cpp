@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "bounding_box.h"
-#include "c_file.h"
 #include "counted.h"
 #include "json_values.h"
 #include "mesh/mesh.h"
@@ -18,10 +17,6 @@
 namespace kvocaeio::host {
 
 namespace {
-
-void print(std::FILE* file, std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), file);
-}
 
 /// Without what could end the element of the page that it stands in.
 std::string escaped(const Json& json) {
@@ -39,8 +34,7 @@ std::string escaped(const Json& json) {
 /// The title in the text of a page: the JSON's UTF-8, with what means something to HTML replaced.
 std::string escapedTitle(const std::string& title) {
     std::string safe;
-    const std::string utf8 =
-        Json(title).dump(-1, ' ', false, Json::error_handler_t::replace);
+    const std::string utf8 = Json(title).dump(-1, ' ', false, Json::error_handler_t::replace);
     for (const char c : std::string_view(utf8).substr(1, utf8.size() - 2))
         if (c == '<')
             safe += "&lt;";
@@ -53,26 +47,24 @@ std::string escapedTitle(const std::string& title) {
 
 /// Writes the page; `write(stream)` gives it its numbers.
 template <class Write>
-bool writeAround(const Json& scene, const std::string& path, const Write& write) {
-    const CFile file = openFile(path, "wb");
-    if (!file)
-        return false;
+void writeAround(const Json& scene, const std::string& path, const Write& write) {
+    OutputFile file(path);
     std::string_view rest = viewPage();
     const auto printUntil = [&](std::string_view mark) {
         const std::size_t at = rest.find(mark);
-        print(file.get(), rest.substr(0, at));
+        file << rest.substr(0, at);
         rest.remove_prefix(at + mark.size());
     };
     printUntil("@TITLE@");
-    print(file.get(), escapedTitle(scene["title"].get<std::string>()));
+    file << escapedTitle(scene["title"].get<std::string>());
     printUntil("@SCENE@");
-    print(file.get(), escaped(scene));
+    file << escaped(scene);
     printUntil("@GEOMETRY@");
-    Base64Stream stream(file.get());
+    Base64Stream stream(file);
     write(stream);
     stream.finish();
-    print(file.get(), rest);
-    return std::fflush(file.get()) == 0 && std::ferror(file.get()) == 0;
+    file << rest;
+    file.finish();
 }
 
 /// [2, "nodes"].
@@ -190,8 +182,8 @@ class MeshPage {
         for (const ShownGroup& group : groups_)
             for (const std::uint8_t mask : group.outer)
                 size.faces += static_cast<std::size_t>(std::popcount(mask));
-        size.marked = static_cast<std::size_t>(std::ranges::count_if(
-            marks_, [](const ShownMarks& marks) {
+        size.marked =
+            static_cast<std::size_t>(std::ranges::count_if(marks_, [](const ShownMarks& marks) {
                 return !marks.groups.empty() || !marks.points.empty();
             }));
         return size;
@@ -214,13 +206,13 @@ class MeshPage {
 
     /// The first section of the same origin and name.
     std::size_t firstOf(const MeshSection& section) const {
-        return static_cast<std::size_t>(
-            std::ranges::find_if(mesh_.sections,
-                                 [&](const MeshSection& other) {
-                                     return other.origin == section.origin &&
-                                            other.name == section.name;
-                                 }) -
-            mesh_.sections.begin());
+        return static_cast<std::size_t>(std::ranges::find_if(mesh_.sections,
+                                                             [&](const MeshSection& other) {
+                                                                 return other.origin ==
+                                                                            section.origin &&
+                                                                        other.name == section.name;
+                                                             }) -
+                                        mesh_.sections.begin());
     }
 
     Json groupAsJson(const ShownGroup& group) const {
@@ -339,15 +331,14 @@ Json packageAsJson(const PackageScene& package, const PageHead& head) {
 
 }  // namespace
 
-bool writePage(const Mesh& mesh, const PageHead& head, const std::string& path, PageSize& size) {
+PageSize writePage(const Mesh& mesh, const PageHead& head, const std::string& path) {
     const MeshPage page(mesh);
-    size = page.size();
-    return writeAround(page.asJson(head), path,
-                       [&](Base64Stream& stream) { page.write(stream); });
+    writeAround(page.asJson(head), path, [&](Base64Stream& stream) { page.write(stream); });
+    return page.size();
 }
 
-bool writePage(const PackageScene& scene, const PageHead& head, const std::string& path) {
-    return writeAround(packageAsJson(scene, head), path, [&](Base64Stream& stream) {
+void writePage(const PackageScene& scene, const PageHead& head, const std::string& path) {
+    writeAround(packageAsJson(scene, head), path, [&](Base64Stream& stream) {
         for (const PackageWire& wire : scene.wires)
             for (const double value : wire.path)
                 stream.real(value);

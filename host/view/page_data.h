@@ -8,8 +8,9 @@
 ///     origin     is added to all coordinates of the stream
 ///     box        min and max of what is seen, without the origin
 ///     nodes      how many nodes the stream has
-///     kinds      name, singular, nodes, dimension and faces (places of the nodes) of each kind of element
-///     sections   name, origin, property, thickness and groups; those of one origin and name are
+///     kinds      name, singular, nodes, dimension and faces (places of the nodes) of each kind of
+///     element sections   name, origin, property, thickness and groups; those of one origin and
+///     name are
 ///                one. A group has a kind, the number of its elements that are in the stream, that
 ///                of all (total), and hasOids.
 ///     findings   level, code, text, advice, count, places [line, column, text], and of what is
@@ -50,8 +51,8 @@ struct PageSize {
     std::size_t marked = 0;  ///< findings that a click on flies to
 };
 
-/// Write the page to the file at `path`. False where the disk does not take all of it.
-bool writePage(const Mesh& mesh, const PageHead& head, const std::string& path, PageSize& size);
-bool writePage(const PackageScene& scene, const PageHead& head, const std::string& path);
+/// Write the page to the file at `path`. Throw `FileError` where the disk does not take it.
+PageSize writePage(const Mesh& mesh, const PageHead& head, const std::string& path);
+void writePage(const PackageScene& scene, const PageHead& head, const std::string& path);
 
 }  // namespace kvocaeio::host

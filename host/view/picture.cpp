@@ -13,6 +13,7 @@
 #include "clean_name.h"
 #include "file_report.h"
 #include "file_system.h"
+#include "progress_line.h"
 #include "replacement_file.h"
 #include "temporary_path.h"
 #include "tool_run.h"
@@ -50,8 +51,9 @@ std::vector<std::string> findBrowser(const std::string& wanted) {
     for (const char* const browser : kBrowsers)
         if (const auto found = findTool(browser))
             return *found;
-    throw FileError("cannot be drawn: no Chromium is found; --browser or KVOCAEIO_BROWSER names one",
-                    "no-browser");
+    throw FileError(
+        "cannot be drawn: no Chromium is found; --browser or KVOCAEIO_BROWSER names one",
+        "no-browser");
 }
 
 /// A folder with all that a program leaves in it, which goes away with its holder.
@@ -86,8 +88,7 @@ bool copyFile(const std::string& from, const std::string& to) {
         std::fwrite(block.data(), 1, size, target.get());
         tail = (tail + block.substr(0, size)).substr(std::max(size, kEnd.size()) - kEnd.size());
     }
-    return tail.ends_with(kEnd) && std::fflush(target.get()) == 0 &&
-           std::ferror(target.get()) == 0;
+    return tail.ends_with(kEnd) && std::fflush(target.get()) == 0 && std::ferror(target.get()) == 0;
 }
 
 std::string sizeWord(std::string size) {
@@ -104,6 +105,7 @@ void drawPicture(const std::function<void(const std::string& path)>& writePage,
     // No interruption may leave the browser's files behind; it ends the browser, which has the same
     // terminal.
     const InterruptionPause pause;
+    const ProgressLine line("drawing");  // its thread is not interrupted either
     const ScratchFolder folder;
     // A browser goes by the endings of names.
     const std::string page = folder.path() + "/page.html";

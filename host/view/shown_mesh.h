@@ -11,10 +11,10 @@ namespace kvocaeio::host {
 
 /// Elements of one section, of one kind.
 struct ShownGroup {
-    std::size_t section;               ///< of the mesh
-    std::vector<std::uint32_t> rows;   ///< of the elements in it, ascending
-    std::vector<std::uint8_t> outer;   ///< per element a bit for each face that is seen
-    std::vector<std::uint8_t> between; ///< the same of faces that border on other sections
+    std::size_t section;                ///< of the mesh
+    std::vector<std::uint32_t> rows;    ///< of the elements in it, ascending
+    std::vector<std::uint8_t> outer;    ///< per element a bit for each face that is seen
+    std::vector<std::uint8_t> between;  ///< the same of faces that border on other sections
 };
 
 /// What a finding is about; both are empty where it is about no place of the mesh.

@@ -16,6 +16,7 @@
 #include "input_file.h"
 #include "json_values.h"
 #include "mesh/load.h"
+#include "progress_line.h"
 #include "replacement_file.h"
 #include "tidy/tidied_deck.h"
 #include "version_text.h"
@@ -74,18 +75,15 @@ void requireFinding(const ViewOptions& options, const ImportFindings& imported) 
 /// Writes the page as often as it is wanted: for itself, and for a browser that draws it.
 template <class WritePage>
 void writeFiles(const ViewOptions& options, const WritePage& writePage) {
-    const auto write = [&](const std::string& path) {
-        if (!writePage(path))
-            throw FileError("the page cannot be written as a whole: the disk may be full",
-                            "cannot-be-written");
-    };
     std::optional<ReplacementFile> page;
     if (!options.page.empty()) {
         page.emplace(options.page);
-        write(page->path());
+        const ProgressLine line("writing");
+        writePage(page->path());
     }
     if (!options.picture.empty())
-        drawPicture(write, options.picture, {options.browser, options.size, options.toolTimeout});
+        drawPicture(writePage, options.picture,
+                    {options.browser, options.size, options.toolTimeout});
     if (page)
         page->finish();
 }
@@ -93,8 +91,7 @@ void writeFiles(const ViewOptions& options, const WritePage& writePage) {
 Shown showMesh(Mesh mesh, const PageHead& head, const ViewOptions& options) {
     requireFinding(options, mesh.imported);
     PageSize size;
-    writeFiles(options,
-               [&](const std::string& path) { return writePage(mesh, head, path, size); });
+    writeFiles(options, [&](const std::string& path) { size = writePage(mesh, head, path); });
     return {{{"nodes", mesh.nodes()},
              {"elements", mesh.elements()},
              {"faces", size.faces},
@@ -108,7 +105,7 @@ Shown showMesh(Mesh mesh, const PageHead& head, const ViewOptions& options) {
 
 Shown showPackage(PackageScene scene, const PageHead& head, const ViewOptions& options) {
     requireFinding(options, scene.imported);
-    writeFiles(options, [&](const std::string& path) { return writePage(scene, head, path); });
+    writeFiles(options, [&](const std::string& path) { writePage(scene, head, path); });
     return {{{"bodies", scene.bodies.size()}, {"wires", scene.wires.size()}},
             counted(scene.bodies.size(), "bodies") + ", " + counted(scene.wires.size(), "wires"),
             std::move(scene.imported),
@@ -120,7 +117,7 @@ Shown show(const InputFile& source, const ViewOptions& options) {
     const Format& format = findFormatToTidy(source.path(), !options.asIs);
     const PageHead head{titleOf(options.source), std::string(format.name), startOf(options)};
     // What is wrong with the file is on the page, and no reason not to look at it.
-    const LoadOptions load{options.normalised, true, options.asIs, options.verbose};
+    const LoadOptions load{options.normalised, true, options.asIs, options.verbose, true};
     return format.takeScene != nullptr
                ? showPackage(loadScene(source, options.source, format, load), head, options)
                : showMesh(loadMesh(source, options.source, format, load), head, options);

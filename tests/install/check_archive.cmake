@@ -55,6 +55,7 @@ else()
         share/man/man1/kvocaeio-check.1.gz
         share/man/man1/kvocaeio-convert.1.gz
         share/man/man1/kvocaeio-tidy.1.gz
+        share/man/man1/kvocaeio-view.1.gz
         share/bash-completion/completions/kvocaeio
         share/zsh/site-functions/_kvocaeio
         share/fish/vendor_completions.d/kvocaeio.fish)

@@ -27,7 +27,7 @@ case $action in
         fi
         "$root/usr/bin/kvocaeio" --version | grep -F 0.1.0
         "$root/usr/bin/kvocaeio" info "$sample" | grep -F 'BRICK'
-        for page in kvocaeio kvocaeio-info kvocaeio-check kvocaeio-convert kvocaeio-tidy; do
+        for page in kvocaeio kvocaeio-info kvocaeio-check kvocaeio-convert kvocaeio-tidy kvocaeio-view; do
             zcat "$root/usr/share/man/man1/$page.1.gz" | grep -F '.SH SYNOPSIS'
         done
         for name in libkvocaeio0.1 libkvocaeio-dev kvocaeio python3-kvocaeio; do

@@ -90,11 +90,12 @@ export class Cut {
         this.clear();
         if (this.normal === null)
             return;
-        const { at } = this.range;
+        const { low, high, at } = this.range;
         // What is kept lies behind the plane as the axis points, or with flipping before it.
         const sign = this.isFlipped ? 1 : -1;
         this.plane.normal.copy(this.normal).multiplyScalar(sign);
-        this.plane.constant = -sign * at;
+        // Meshes like to have nodes where one likes to cut: those are just cut off.
+        this.plane.constant = -sign * at - 1e-5 * (high - low);
         this.planes.push(this.plane);
         const sphere = this.viewer.shownBox.getBoundingSphere(new THREE.Sphere());
         let order = 1;

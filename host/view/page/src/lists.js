@@ -194,7 +194,7 @@ export function showPicked(hit, data) {
 }
 
 /// What a picture without lists says of itself.
-export function showLegend(data, parts, finding) {
+export function showLegend(data, parts, finding, stretch) {
     const swatches = parts.filter((part) => part.visible).slice(0, 14).map((part) => {
         const swatch = make('span', { class: 'swatch' });
         swatch.style.background = swatchOf(styleOfPart(part));
@@ -204,6 +204,8 @@ export function showLegend(data, parts, finding) {
     const content = [make('h1', {}, data.title), make('ul', {}, ...swatches)];
     if (more > 0)
         content.push(make('p', {}, `and ${counted(more)} more`));
+    if (stretch)
+        content.push(make('p', {}, `${stretch} times as high as it is`));
     if (finding)
         content.push(make('p', { class: finding.level }, make('span', { class: 'level' }, finding.level), `: ${finding.text}`));
     byId('legend').replaceChildren(...content);

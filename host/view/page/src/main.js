@@ -61,7 +61,10 @@ class Page {
     start() {
         const { wishes } = this;
         const isPicture = 'picture' in wishes;
+        const wanted = this.data.findings.find(({ code }) => code === wishes.finding);
         document.body.classList.toggle('picture', isPicture);
+        if (isPicture)
+            showLegend(this.data, this.model.parts, wanted, wishes.stretch);
         this.viewer.resize();
         if (wishes.projection === 'parallel')
             this.setParallel(true);
@@ -75,11 +78,8 @@ class Page {
             this.cut.position = Number(place ?? 0.5);
             this.setCut(axis);
         }
-        const finding = this.data.findings.find(({ code }) => code === wishes.finding);
-        if (finding && isMarked(finding))
-            this.showFinding(finding);
-        if (isPicture)
-            showLegend(this.data, this.model.parts, this.finding);
+        if (wanted && isMarked(wanted))
+            this.showFinding(wanted);
         this.viewer.drawNow();
         this.viewer.animates = !isPicture;
     }
@@ -175,7 +175,7 @@ class Page {
         const box = this.model.showFinding(next);
         this.cut.update(this.model);
         if (box !== null && !box.isEmpty())
-            this.viewer.flyToBox(box, 4);
+            this.viewer.flyToBox(box, 3);
         this.viewer.draw();
     }
 

@@ -290,20 +290,24 @@ export class MeshScene {
     pick(ray) {
         let nearest = null;
         const plane = this.planes[0] ?? null;
+        // Where the ray comes through the cutting plane to what is shown.
+        const cut = plane !== null && plane.normal.dot(ray.direction) > 0 ? ray.distanceToPlane(plane) : null;
         for (const part of this.parts) {
             if (!part.visible)
                 continue;
             const hit = nearestTriangle(ray, part.triangles.nodes, part.shownTriangles, this.nodes.places, plane);
+            if (hit === null)
+                continue;
+            const isCut = part.isClosed && hit.isBack && cut !== null && cut < hit.distance;
             // Faces of loads and surfaces lie on those of elements, and are drawn in front of them.
-            const advantage = part.isClosed ? 1 : 1 - 1e-5;
-            if (hit !== null && (nearest === null || hit.distance * advantage < nearest.distance))
-                nearest = { ...hit, distance: hit.distance * advantage, part };
+            const distance = isCut ? cut : hit.distance * (part.isClosed ? 1 : 1 - 1e-5);
+            if (nearest === null || distance < nearest.distance)
+                nearest = { ...hit, distance, part, isCut };
         }
         if (nearest === null)
             return null;
-        if (nearest.part.isClosed && plane !== null && nearest.isBack)
-            return { part: nearest.part, isCut: true, place: ray.intersectPlane(plane, new THREE.Vector3()) };
-        return { ...nearest, ...nearest.part.triangles.ownerOf(nearest.row) };
+        return nearest.isCut ? { ...nearest, place: ray.at(cut, new THREE.Vector3()) }
+            : { ...nearest, ...nearest.part.triangles.ownerOf(nearest.row) };
     }
 
     select(hit) {

@@ -3,7 +3,7 @@
 
 /// For sections, in an order in which neighbours differ in lightness.
 export const sectionColours = [
-    '#2f7fc1', '#f2a33a', '#3fae8c', '#f4e36b', '#6b4596', '#a8d8f0', '#cf4f2a', '#dd8fc0',
+    '#286ea9', '#f5a53b', '#3aa182', '#f9e76d', '#684391', '#a6d6ed', '#d9532c', '#d88bbb',
 ];
 /// For faces of loads and of surfaces, which always have a pattern.
 export const loadColours = ['#d6006c', '#ff8f8f'];

@@ -42,7 +42,6 @@ export class Viewer {
             antialias: !this.isSoftware,  // where that is slow, a picture at rest has more pixels
             alpha: false,
             stencil: true,
-            preserveDrawingBuffer: true,
         });
         this.renderer.localClippingEnabled = true;
         this.renderer.outputColorSpace = THREE.LinearSRGBColorSpace;  // colours are as they are named
@@ -64,6 +63,8 @@ export class Viewer {
         this.controls.zoomToCursor = true;
         this.controls.screenSpacePanning = true;
         this.controls.addEventListener('change', () => this.move());
+        this.controls.addEventListener('start', () => (this.fitted = null));
+        this.fitted = null;  // the direction from which all is shown until somebody turns it
         this.drawn = [];  // called after each drawing
         this.frames = 0;
         this.movingRatio = 0;
@@ -94,6 +95,8 @@ export class Viewer {
         this.height = Math.max(1, height);
         this.ratio = 0;
         this.cameras.perspective.aspect = this.width / this.height;
+        if (this.fitted)
+            this.place(this.poseFor(this.shownBox, this.fitted));
         this.draw();
     }
 
@@ -142,7 +145,7 @@ export class Viewer {
 
     /// More faces than can be drawn 20 times a second are fewer while the picture moves.
     setMoving(isMoving) {
-        const most = this.isSoftware ? 40e3 : 2e6;
+        const most = this.isSoftware ? 25e3 : 2e6;
         const isCoarse = isMoving && this.shown.shownTriangles > most;
         if (isCoarse === this.isCoarse)
             return;
@@ -169,8 +172,9 @@ export class Viewer {
         this.camera.updateProjectionMatrix();
     }
 
-    /// The eye such that `box` just fills the picture, from `direction`.
-    poseFor(box, direction) {
+    /// The eye such that `box` just fills the picture, from `direction`. Its middle is that of the
+    /// picture where it `isTarget`; else the box has the same margin on both sides.
+    poseFor(box, direction, isTarget = false) {
         const middle = box.getCenter(new THREE.Vector3());
         const towards = new THREE.Vector3(...direction).normalize();
         const right = new THREE.Vector3(0, 0, 1).cross(towards).normalize();
@@ -186,8 +190,8 @@ export class Viewer {
                 high = Math.max(high, offset.dot(axis) + depth);
                 low = Math.min(low, offset.dot(axis) - depth);
             }
-            const extent = high - low;
-            return { shift: (high + low) / 2, extent, distance: extent / 2 / sideSlope };
+            const extent = isTarget ? 2 * Math.max(high, -low) : high - low;
+            return { shift: isTarget ? 0 : (high + low) / 2, extent, distance: extent / 2 / sideSlope };
         };
         const upright = fitAlong(up, slope);
         const across = fitAlong(right, slope * this.width / this.height);
@@ -206,6 +210,7 @@ export class Viewer {
 
     fit(direction = this.direction) {
         this.flyTo(this.poseFor(this.shownBox, direction));
+        this.fitted = direction;
     }
 
     /// What one sees of the world from top to bottom, in the depth of the target.
@@ -227,6 +232,7 @@ export class Viewer {
     }
 
     flyTo(end) {
+        this.fitted = null;
         cancelAnimationFrame(this.flight);
         const isStill = !this.animates || matchMedia('(prefers-reduced-motion: reduce)').matches;
         if (isStill) {
@@ -259,7 +265,7 @@ export class Viewer {
         const size = box.getSize(new THREE.Vector3()).length() || this.shownBox.getSize(new THREE.Vector3()).length() / 50;
         const middle = box.getCenter(new THREE.Vector3());
         const around = new THREE.Box3().setFromCenterAndSize(middle, new THREE.Vector3(1, 1, 1).multiplyScalar(size * margin / Math.sqrt(3)));
-        this.flyTo(this.poseFor(around, this.direction));
+        this.flyTo(this.poseFor(around, this.direction, true));
     }
 
     /// Switches between perspective and parallel projection; the target keeps its size.
@@ -287,6 +293,7 @@ export class Viewer {
 
     /// Turns about the vertical axis through the target.
     turn(angle, tilt = 0) {
+        this.fitted = null;
         const offset = this.camera.position.clone().sub(this.controls.target);
         const spherical = new THREE.Spherical().setFromCartesianCoords(offset.x, offset.z, -offset.y);
         spherical.theta += angle;
@@ -298,6 +305,7 @@ export class Viewer {
     }
 
     zoom(factor) {
+        this.fitted = null;
         const offset = this.camera.position.clone().sub(this.controls.target);
         this.camera.position.copy(this.controls.target).addScaledVector(offset, 1 / factor);
         if (this.isParallel)
