@@ -17,6 +17,7 @@
 #include "mesh_checks.h"
 #include "progress_line.h"
 #include "replacement_file.h"
+#include "tidy/tidied_deck.h"
 
 namespace kvocaeio::host {
 
