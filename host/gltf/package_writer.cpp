@@ -1,6 +1,5 @@
 /// Bodies that share a box and a ball, and wires that are swept.
 #include <map>
-#include <nlohmann/json.hpp>
 #include <tuple>
 
 #include "convert/convert.h"
