@@ -122,20 +122,20 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
         ->add_option(
             "IN", options.source,
             "An Abaqus input deck, a Nastran deck, a Patran neutral file or a 3DI package; - is "
-            "standard input.")
+            "standard input. Of a Cadence design the folder with the reports that a tool has left.")
         ->required();
     convert
         ->add_option(
             "OUT", options.target,
-            "A VTK file of a mesh (.vtu) or of a package (.vtp), an Abaqus deck (.inp) or a glTF "
-            "file (.glb); of the solids in an Abaqus deck or a Patran file also a Nastran deck "
-            "(.nas, .bdf) or a Patran neutral file (.pat).")
+            "The file to write, of the kind that its name ends with: an Abaqus deck (.inp), a "
+            "Nastran deck (.nas, .bdf), a Patran neutral file (.pat), a VTK file (.vtu, of a "
+            "package .vtp) or a binary glTF file (.glb).")
         ->required();
     convert
         ->add_option("--unit", options.unit,
                      "Length unit that the file names; coordinates stay as they are.")
         ->check(CLI::IsMember(kvocaeio::host::kLengthUnits))
-        ->default_str("mm");
+        ->default_str(kvocaeio::host::kUsualLengthUnit);
     convert
         ->add_option_function<std::string>(
             "--nastran",

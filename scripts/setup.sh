@@ -21,7 +21,7 @@ for part in "$@"; do
         package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file) ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
-                python3 python3-meshio python3-vtk9 wine64 lintian groff-base fish zsh)
+                python3 python3-meshio python3-vtk9 gmsh calculix-ccx wine64 lintian groff-base fish zsh)
             locales+=(de_DE)
             ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;

@@ -63,6 +63,7 @@ class DeckWriter {
                 writeElements(mesh_.sections[s], names_.ofElements(s));
         writeSections();
         writeSurfaces();
+        checkRounding(mesh_, numbers_, "at most twenty characters");
         out_.finish();
         takeNotes();
     }
@@ -140,7 +141,6 @@ class DeckWriter {
         mesh_.dropFaces();
         names_.takeNotes(mesh_.remarks);
         surfaces_.takeNotes(mesh_.losses, mesh_.remarks);
-        remarkRounding(mesh_.remarks, "at most twenty characters", numbers_.largestChange());
         if (withoutSection_ != 0)
             mesh_.remarks.push_back({"sections-missing", withoutSection_,
                                      counted(withoutSection_, "sets") +

@@ -17,6 +17,7 @@
 #include "mesh_checks.h"
 #include "progress_line.h"
 #include "replacement_file.h"
+#include "tidy/tidied_deck.h"
 
 namespace kvocaeio::host {
 
@@ -37,18 +38,15 @@ void scale(Mesh& mesh, double factor) {
         section.thickness *= factor;
 }
 
-Mesh takeMesh(const InputFile& file, const Format& format, const ConvertOptions& options) {
-    Mesh mesh = loadMesh(file, options.source, format,
-                         {options.normalised, options.force, options.asIs, options.verbose});
+/// Sets the unit and scales.
+Mesh finished(Mesh mesh, const ConvertOptions& options) {
     mesh.lengthUnit = options.unit;
     if (options.scale != 1.0)
         scale(mesh, options.scale);
     return mesh;
 }
 
-PackageScene takeScene(const InputFile& file, const Format& format, const ConvertOptions& options) {
-    PackageScene scene = loadScene(file, options.source, format,
-                                   {options.normalised, options.force, true, options.verbose});
+PackageScene finished(PackageScene scene, const ConvertOptions& options) {
     if (options.scale != 1.0)
         scale(scene, options.scale);
     if (!options.unit.empty())
@@ -56,22 +54,27 @@ PackageScene takeScene(const InputFile& file, const Format& format, const Conver
     return scene;
 }
 
-Content take(const InputFile& file, const ConvertOptions& options) {
+/// There is no `source` where that is a folder of reports.
+Content take(const std::optional<InputFile>& source, const ConvertOptions& options) {
     const Target& target = targetOf(options.target);
-    if (target.solids != nullptr && !options.wideNastran)
+    const LoadOptions load = {options.normalised, options.force, options.asIs, options.verbose};
+    if (!source)
+        return finished(loadReports(options.source, load), options);
+    const InputFile& file = *source;
+    if (isWrittenByLibrary(target, options))
         return takeSolids(file, options);
     const Format& format = findFormatToTidy(file.path(), !options.asIs);
     if (format.takeScene != nullptr && target.writeScene == nullptr)
         throw FileError("is a package, which is not written as " + std::string(target.extension) +
                             " but as " + sceneTargets(),
                         "not-converted");
-    if (format.takeScene == nullptr && target.writeMesh == nullptr)
+    if (format.takeScene != nullptr)
+        return finished(loadScene(file, options.source, format, load), options);
+    if (target.writeMesh == nullptr)
         throw FileError("is a mesh, which is not written as " + std::string(target.extension) +
                             " but as " + meshTargets(),
                         "not-converted");
-    if (format.takeScene != nullptr)
-        return takeScene(file, format, options);
-    return takeMesh(file, format, options);
+    return finished(loadMesh(file, options.source, format, load), options);
 }
 
 void write(Content& content, const ConvertOptions& options) {
@@ -112,14 +115,19 @@ std::optional<Failure> convert(const ConvertOptions& options, std::optional<Conv
     std::optional<InputFile> source;
     std::optional<Failure> failure = attempt(options.target, [&] { targetOf(options.target); });
     if (!failure)
-        failure = attempt(options.source, [&] { source.emplace(options.source); });
+        failure = attempt(options.source, [&] {
+            const bool areReports = kindOf(options.source) == FileKind::kFolder &&
+                                    targetOf(options.target).writeScene != nullptr;
+            if (!areReports)
+                source.emplace(options.source);
+        });
     if (!failure)
         failure = attempt(options.target, [&] {
-            if (source->identity() && source->identity() == identityOf(options.target))
+            if (source && source->identity() && source->identity() == identityOf(options.target))
                 throw FileError("cannot be written: it is the file that is read", "same-file");
         });
     if (!failure)
-        failure = attempt(options.source, [&] { content = take(*source, options); });
+        failure = attempt(options.source, [&] { content = take(source, options); });
     if (!failure)
         failure = attempt(options.target, [&] { write(content, options); });
     if (!failure)

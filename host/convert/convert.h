@@ -8,6 +8,8 @@ namespace kvocaeio::host {
 
 /// Those that the writer of Nastran decks knows.
 inline constexpr std::array<const char*, 4> kLengthUnits = {"m", "cm", "mm", "inch"};
+/// The one that it names where none is given.
+inline constexpr const char* kUsualLengthUnit = "mm";
 
 struct ConvertOptions {
     std::string source;        ///< "-" is standard input
@@ -23,7 +25,7 @@ struct ConvertOptions {
     bool asIs = false;         ///< read the source as it is, without tidying
     bool verbose = false;      ///< the library's progress lines go to standard error, else nowhere
 
-    std::string lengthUnit() const { return unit.empty() ? "mm" : unit; }
+    std::string lengthUnit() const { return unit.empty() ? kUsualLengthUnit : unit; }
 };
 
 /// Writes the mesh or package of the source as the target. Reports on standard output what was

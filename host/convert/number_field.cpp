@@ -52,6 +52,7 @@ std::string_view scientific(double value, int places, Text& room) {
 }  // namespace
 
 std::string_view NumberField::write(double value) {
+    written_ = value;
     Text room;
     const Digits shortest(scientific(value, -1, room));
     if (fits(shortest))
@@ -61,7 +62,8 @@ std::string_view NumberField::write(double value) {
         const Digits rounded(scientific(value, places, room));
         if (!fits(rounded))
             continue;
-        largestChange_ = std::max(largestChange_, std::fabs(rounded.value - value));
+        written_ = rounded.value;
+        largestChange_ = std::max(largestChange_, std::fabs(written_ - value));
         break;
     }
     return {text_.data(), size_};

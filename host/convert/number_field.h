@@ -20,6 +20,8 @@ class NumberField {
     /// The text is valid until the next call. `value` is finite.
     std::string_view write(double value);
 
+    /// What is read from the text of the latest call.
+    double written() const { return written_; }
     /// By how much a number that was written differs from what is read at most.
     double largestChange() const { return largestChange_; }
 
@@ -31,6 +33,7 @@ class NumberField {
 
     std::size_t width_;
     bool withLetter_;
+    double written_ = 0.0;
     double largestChange_ = 0.0;
     std::array<char, 64> text_{};
     std::size_t size_ = 0;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <span>
 #include <sstream>
 
 #include "counted.h"
@@ -52,6 +53,32 @@ std::size_t countCollapses(const SolidMesh& mesh, const Places& written) {
         [&](const SolidMesh::Element& element) { return collapses(mesh, element, written); }));
 }
 
+/// The same of the element of a section in `row`.
+bool collapses(const Mesh& mesh, const MeshSection& section, std::size_t row,
+               const std::vector<double>& written) {
+    const std::size_t nodes = cellShape(section.kind).nodes;
+    const std::span<const int> element(section.element(row), nodes);
+    for (std::size_t a = 0; a < nodes; ++a)
+        for (std::size_t b = a + 1; b < nodes; ++b) {
+            const auto rowA = 3 * static_cast<std::size_t>(element[a]);
+            const auto rowB = 3 * static_cast<std::size_t>(element[b]);
+            if (std::equal(&written[rowA], &written[rowA] + 3, &written[rowB]) &&
+                !std::equal(&mesh.places[rowA], &mesh.places[rowA] + 3, &mesh.places[rowB]))
+                return true;
+        }
+    return false;
+}
+
+/// Remarks that coordinates change by up to `largest`, if they do.
+void remarkRounding(std::vector<Note>& remarks, std::string_view formName, double largest) {
+    if (largest == 0.0)
+        return;
+    std::ostringstream text;
+    text << "coordinates are written with " << formName << ", which changes them by up to "
+         << largest;
+    remarks.push_back({"coordinates-rounded", 1, text.str()});
+}
+
 /// A smaller unit, and how many of it one of a larger one is.
 struct Finer {
     std::string_view unit;
@@ -98,13 +125,23 @@ void checkRounding(SolidMesh& mesh, const MeshWriter& writer, const std::string&
     remarkRounding(mesh.remarks, writer.formName, largest);
 }
 
-void remarkRounding(std::vector<Note>& remarks, std::string_view formName, double largest) {
-    if (largest == 0.0)
+void checkRounding(Mesh& mesh, NumberField& numbers, std::string_view formName) {
+    if (numbers.largestChange() == 0.0)
         return;
-    std::ostringstream text;
-    text << "coordinates are written with " << formName << ", which changes them by up to "
-         << largest;
-    remarks.push_back({"coordinates-rounded", 1, text.str()});
+    std::vector<double> written;
+    for (const double value : mesh.places) {
+        numbers.write(value);
+        written.push_back(numbers.written());
+    }
+    std::size_t collapsed = 0;
+    for (const MeshSection& section : mesh.sections)
+        for (std::size_t row = 0; row < section.elements(); ++row)
+            collapsed += collapses(mesh, section, row, written) ? 1u : 0u;
+    if (collapsed != 0)
+        throw FileError("cannot be written: coordinates have " + std::string(formName) +
+                            " there, by which nodes of " + counted(collapsed, "elements") + " meet",
+                        "nodes-meet");
+    remarkRounding(mesh.remarks, formName, numbers.largestChange());
 }
 
 }  // namespace kvocaeio::host

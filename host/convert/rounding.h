@@ -2,7 +2,10 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
+#include "convert/number_field.h"
+#include "mesh/mesh.h"
 #include "solid_mesh.h"
 
 namespace kvocaeio::host {
@@ -12,7 +15,7 @@ namespace kvocaeio::host {
 /// scale would do; the mesh's is `unit`. Else remarks by how much coordinates change.
 void checkRounding(SolidMesh& mesh, const MeshWriter& writer, const std::string& unit);
 
-/// Remarks that coordinates change by up to `largest`, if they do.
-void remarkRounding(std::vector<Note>& remarks, std::string_view formName, double largest);
+/// The same of a mesh whose coordinates were written by `numbers`, in fields of `formName`.
+void checkRounding(Mesh& mesh, NumberField& numbers, std::string_view formName);
 
 }  // namespace kvocaeio::host

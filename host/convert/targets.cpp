@@ -35,7 +35,7 @@ constexpr std::array<Target, 7> kTargets = {{
      .writeMesh = writeGltfMesh,
      .writeScene = writeGltfPackage},
     {.extension = ".vtu", .name = "VTK", .writeMesh = writeVtkMesh},
-    {.extension = ".vtp", .name = "VTK, packages", .writeScene = writeVtkPackage},
+    {.extension = ".vtp", .name = "VTK", .writeScene = writeVtkPackage},
 }};
 
 /// ".nas, .bdf (Nastran), .inp (Abaqus)": the targets that are wanted.

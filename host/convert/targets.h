@@ -14,8 +14,7 @@ namespace kvocaeio::host {
 struct Target {
     std::string_view extension;
     std::string_view name;
-    /// The library's writer of solids, which is taken where there is one, but for
-    /// `ConvertOptions::wideNastran`.
+    /// The library's writer of solids, null where there is none.
     const MeshWriter* solids = nullptr;
     /// Writes a mesh of any elements, scaled, and notes in it what the file does not hold. Throws
     /// `FileError`. Null where the format holds no meshes.
@@ -27,6 +26,11 @@ struct Target {
 
 /// The target that the name of the file at `path` tells. Throws `FileError`.
 const Target& targetOf(const std::string& path);
+
+/// Whether the library's writer takes it.
+inline bool isWrittenByLibrary(const Target& target, const ConvertOptions& options) {
+    return target.solids != nullptr && !(options.wideNastran && target.writeMesh != nullptr);
+}
 
 /// ".glb (glTF), .vtp (VTK)": the targets for meshes, or those for packages.
 std::string meshTargets();

@@ -5,7 +5,6 @@
 #include <bit>
 #include <cmath>
 #include <limits>
-#include <nlohmann/json.hpp>
 
 #include "file_report.h"
 #include "file_system.h"

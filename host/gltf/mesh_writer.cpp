@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <set>
 #include <span>
 
@@ -79,8 +78,9 @@ class MeshScene {
         takeFaces();
         takeLines();
         BoundingBox box;
-        for (std::size_t node = 0; node < mesh.nodes(); ++node)
-            box.add(mesh.place(static_cast<int>(node)));
+        for (const MeshSection& section : mesh.sections)
+            for (const int row : section.nodes)
+                box.add(mesh.place(row));
         for (std::size_t axis = 0; axis < 3; ++axis)
             center_[axis] = (box.low[axis] + box.high[axis]) / 2;
     }

@@ -1,6 +1,5 @@
 /// Bodies that share a box and a ball, and wires that are swept.
 #include <map>
-#include <nlohmann/json.hpp>
 #include <tuple>
 
 #include "convert/convert.h"
@@ -135,7 +134,7 @@ class SceneWriter {
 
 void writeGltfPackage(PackageScene& scene, const std::string& path, const ConvertOptions& options) {
     remarkUnit(scene.lengthUnit, scene.remarks);
-    const std::string unit = scene.lengthUnit.empty() ? "mm" : scene.lengthUnit;
+    const std::string unit = scene.lengthUnit.empty() ? kUsualLengthUnit : scene.lengthUnit;
     SceneWriter(scene, metresIn(unit)).write(path, nameIn(options.source));
 }
 

@@ -3,6 +3,7 @@
 
 #include "mesh/refusals.h"
 #include "mesh_checks.h"
+#include "package/design.h"
 #include "tidy/tidied_deck.h"
 
 namespace kvocaeio::host {
@@ -70,6 +71,13 @@ PackageScene loadScene(const InputFile& file, const std::string& name, const For
     scene.imported.rename(file.path(), name);
     if (!options.force)
         refuseErrors(scene.imported, name);
+    return scene;
+}
+
+PackageScene loadReports(const std::string& folder, const LoadOptions& options) {
+    PackageScene scene = takeDesignReports(folder, requestOf(options));
+    if (!options.force)
+        refuseErrors(scene.imported, folder);
     return scene;
 }
 

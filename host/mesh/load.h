@@ -26,4 +26,7 @@ Mesh loadMesh(const InputFile& file, const std::string& name, const Format& form
 PackageScene loadScene(const InputFile& file, const std::string& name, const Format& format,
                        const LoadOptions& options);
 
+/// The same for the reports of a Cadence design in `folder`.
+PackageScene loadReports(const std::string& folder, const LoadOptions& options);
+
 }  // namespace kvocaeio::host

@@ -90,6 +90,7 @@ class WideDeckWriter {
             for (std::size_t row = 0; row < mesh_.sections[s].elements(); ++row)
                 writeElement(mesh_.sections[s], row, propertyOf_[s]);
         out_ << "ENDDATA\n";
+        checkRounding(mesh_, numbers_, "at most sixteen characters");
         out_.finish();
         takeNotes();
     }
@@ -167,7 +168,6 @@ class WideDeckWriter {
     }
 
     void takeNotes() {
-        remarkRounding(mesh_.remarks, "at most sixteen characters", numbers_.largestChange());
         if (withoutSize_ != 0)
             mesh_.remarks.push_back({"sections-missing", withoutSize_,
                                      counted(withoutSize_, "properties") +

@@ -8,6 +8,7 @@
 #include "c_file.h"
 #include "clean_name.h"
 #include "input_file.h"
+#include "mesh_checks.h"
 #include "package/report.h"
 #include "timed.h"
 #include "tool_run.h"
@@ -135,6 +136,20 @@ ImportFindings checkDesignReports(const std::string& folder, PrintTarget progres
     ImportFindings findings;
     findings.take(report, isImported);
     return findings;
+}
+
+PackageScene takeDesignReports(const std::string& folder, const MeshRequest& request) {
+    refuseNormalised(request.normalised);
+    requireFolder(folder);
+    CKVOCadenceReader reader;
+    const std::unique_ptr<PackageReport> report = import(reader, "", folder, request.progress);
+    const auto failure =
+        std::ranges::find(report->findings, Finding::Level::kError, &Finding::level);
+    if (failure != report->findings.end() && !request.force)
+        throw FileError(failure->text, failure->code);
+    PackageScene scene = takeScene(reader, PackageSource::kCadence);
+    scene.imported = std::move(report->imported);
+    return scene;
 }
 
 std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTarget progress) {

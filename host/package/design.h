@@ -24,6 +24,9 @@ std::unique_ptr<FileReport> readDesign(const std::string& path, const ToolReques
 /// Reads the reports that a tool has left in `folder`.
 std::unique_ptr<FileReport> readDesignReports(const std::string& folder, PrintTarget progress);
 
+/// The bodies in these reports, for another format.
+PackageScene takeDesignReports(const std::string& folder, const MeshRequest& request);
+
 /// The same for `check`.
 ImportFindings checkDesignReports(const std::string& folder, PrintTarget progress,
                                   CKVOImportReport& report);

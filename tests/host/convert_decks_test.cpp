@@ -278,10 +278,27 @@ TEST(WideNastranDeck, NumbersAboveEightDigitsAreReplaced) {
                 HasSubstr("CTRIA3         7       1       1       2       3\n"));
 }
 
+TEST(WideNastranDeck, IsNotWrittenWhereNodesMeetByItsDigits) {
+    const TempFolder folder;
+    const std::string deck = folder.write("in.inp",
+                                          "*NODE\n1, 1, 0, 0\n2, 1.0000000000000002, 0, 0\n"
+                                          "3, 0, 1, 0\n*ELEMENT, TYPE=S3, ELSET=A\n7, 1, 2, 3\n");
+    const std::string out = folder.file("out.nas");
+    const Outcome outcome = runHost({"convert", "--nastran=wide", deck, out});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.errors,
+              "kvocaeio: " + out +
+                  ": cannot be written: coordinates have at most sixteen characters "
+                  "there, by which nodes of 1 element meet\n");
+    EXPECT_THAT(namesIn(folder), ElementsAre("in.inp"));
+    EXPECT_EQ(runHost({"convert", deck, folder.file("out.inp")}).exitCode, 0);
+}
+
 TEST(WideNastranDeck, IsAFormOfTwo) {
     const TempFolder folder;
     converted(folder, kDeck, "plain.nas", {"--nastran=plain"});
     EXPECT_THAT(readText(folder.file("plain.nas")), HasSubstr("GRID   ,      10,"));
+    converted(folder, kDeck, "out.pat", {"--nastran=wide"});  // of which there is one form
     EXPECT_EQ(runHost({"convert", "--nastran=narrow", folder.file("in.inp"), folder.file("o.nas")})
                   .exitCode,
               2);

@@ -76,6 +76,17 @@ TEST(ConvertJson, OfAllSamplesAsVtkFiles) {
     EXPECT_EQ(report.at("written"), json::parse(R"({"bodies": 167, "wires": 96})"));
 }
 
+TEST(ConvertJson, OfAllSamplesInFormatsOfTheHost) {
+    const TempFolder folder;
+    for (const char* sample : {"hinge.inp", "clip.inp", "cover.inp", "housing.inp", "bracket.pat",
+                               "bracket_plain.pat", "bracket.bdf"}) {
+        for (const char* target : {"out.inp", "out.glb"})
+            reportOf({"--force", sampleDeck(sample), folder.file(target)}, 0);
+        reportOf({"--force", "--nastran=wide", sampleDeck(sample), folder.file("out.nas")}, 0);
+    }
+    reportOf({sampleDeck("stack.3di"), folder.file("out.glb")}, 0);
+}
+
 TEST(ConvertJson, OfAConversionThatLosesNothing) {
     const TempFolder folder;
     const std::string deck = folder.write("in.inp",

@@ -250,8 +250,8 @@ TEST(ConvertFailure, TargetThatNoFormatHas) {
     const TempFolder folder;
     EXPECT_EQ(failureOf(sampleDeck("hinge.inp"), folder.file("out.xyz")),
               "kvocaeio: " + folder.file("out.xyz") +
-                  ": cannot be written: its name must end in .nas, .bdf (Nastran), .pat "
-                  "(Patran), .inp (Abaqus), .glb (glTF), .vtu (VTK), .vtp (VTK, packages)\n");
+                  ": cannot be written: its name must end in .nas, .bdf (Nastran), .pat (Patran), "
+                  ".inp (Abaqus), .glb (glTF), .vtu, .vtp (VTK)\n");
 }
 
 TEST(ConvertFailure, FolderThatIsNotThere) {
@@ -276,7 +276,7 @@ TEST(ConvertFailure, DeckThatCannotBeNormalised) {
 #if !defined(_WIN32)
 
 TEST(ConvertFailure, FullDiskLeavesNothingBehind) {
-    for (const char* name : {"old.nas", "old.pat"}) {
+    for (const char* name : {"old.nas", "old.pat", "old.inp", "old.glb"}) {
         const TempFolder folder;
         const std::string old = folder.write(name, "keep me");
         // A file may not grow beyond four blocks; the signal for that would end the program.

@@ -8,10 +8,10 @@ namespace kvocaeio::test {
 namespace {
 
 using testing::Contains;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
-using testing::StartsWith;
 
 // A brick and a wedge under one name, a pyramid, a shell, a quadratic tetrahedron, a bar, a load.
 constexpr std::string_view kEveryKind =
@@ -167,16 +167,31 @@ TEST(ConvertVtk, HoldsPackagesAsSurfacesAndLines) {
     EXPECT_THAT(color, ElementsAre(230, 190, 60));
 }
 
+TEST(ConvertVtk, ReadsTheReportsOfACadenceDesign) {
+    const VtkDocument file = converted({}, sampleDeck("reports"), "out.vtp");
+    EXPECT_THAT(file.texts("FieldData", "BodyNames"),
+                ElementsAre("SUBSTRATE", "LOGIC_DIE", "SPACER_LOW", "MEMORY_DIE", "INTERPOSER_TOP",
+                            "SENSOR_DIE"));
+    EXPECT_THAT(file.head(), HasSubstr("NumberOfPolys=\"36\""));
+    const TempFolder folder;
+    const Outcome outcome = runHost({"convert", folder.path().string(), folder.file("out.vtp")});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("no reports of a design that can be used"));
+}
+
 TEST(ConvertVtk, RefusesWhatTheTargetIsNotFor) {
     const TempFolder folder;
     const std::string mesh = folder.write("in.inp", kEveryKind);
-    EXPECT_THAT(runHost({"convert", mesh, folder.file("out.vtp")}).errors,
-                StartsWith("kvocaeio: " + mesh + ": is a mesh, which is not written as .vtp"));
+    EXPECT_EQ(runHost({"convert", mesh, folder.file("out.vtp")}).errors,
+              "kvocaeio: " + mesh +
+                  ": is a mesh, which is not written as .vtp but as .nas, .bdf (Nastran), .pat "
+                  "(Patran), .inp (Abaqus), .glb (glTF), .vtu (VTK)\n");
     const std::string package = sampleDeck("stack.3di");
     const Outcome outcome = runHost({"convert", package, folder.file("out.vtu")});
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_THAT(outcome.errors, StartsWith("kvocaeio: " + package +
-                                           ": is a package, which is not written as .vtu"));
+    EXPECT_EQ(outcome.errors,
+              "kvocaeio: " + package +
+                  ": is a package, which is not written as .vtu but as .glb (glTF), .vtp (VTK)\n");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "out.vtu"));
 }
 

@@ -11,6 +11,8 @@ import sys
 import tempfile
 import unittest
 
+from every_kind import elements, write_deck
+
 try:
     import meshio
     import numpy as np
@@ -27,22 +29,8 @@ PROGRAM, SAMPLES = sys.argv[1:3]
 # meshio 5 knows wedges of fifteen nodes, but not their dimension, and so reads them from no file.
 meshio._mesh.topological_dimension.setdefault("wedge15", 3)
 
-# By type: corners, edges with a node between their ends, size, name in meshio, kind in VTK.
-TETRAHEDRON = [(0, 0, 0), (6, 0, 0), (0, 6, 0), (0, 0, 6)]
-WEDGE = [(0, 0, 0), (6, 0, 0), (0, 6, 0), (0, 0, 6), (6, 0, 6), (0, 6, 6)]
-BRICK = [(0, 0, 0), (6, 0, 0), (6, 6, 0), (0, 6, 0), (0, 0, 6), (6, 0, 6), (6, 6, 6), (0, 6, 6)]
-PYRAMID = BRICK[:4] + [(3, 3, 6)]
-KINDS = {
-    "C3D4": (TETRAHEDRON, "", 36, "tetra", 10),
-    "C3D5": (PYRAMID, "", 72, "pyramid", 14),
-    "C3D6": (WEDGE, "", 108, "wedge", 13),
-    "C3D8": (BRICK, "", 216, "hexahedron", 12),
-    "C3D10": (TETRAHEDRON, "01 12 20 03 13 23", 36, "tetra10", 24),
-    "C3D15": (WEDGE, "01 12 20 34 45 53 03 14 25", 108, "wedge15", 26),
-    "C3D20": (BRICK, "01 12 23 30 45 56 67 74 04 15 26 37", 216, "hexahedron20", 25),
-    "S3": (TETRAHEDRON[:3], "", 18, "triangle", 5),
-    "S4": (BRICK[:4], "", 36, "quad", 9),
-}
+# The kinds of VTK, in the order of the elements.
+VTK_KINDS = [10, 14, 13, 12, 24, 26, 25, 5, 9]
 # The order of nodes in a deck from that in VTK; meshio has linear wedges in the order of decks.
 WEDGE15 = [0, 2, 1, 3, 5, 4, 8, 7, 6, 11, 10, 9, 12, 14, 13]
 
@@ -77,47 +65,27 @@ class EveryKind(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        lines = ["*NODE"]
-        blocks = {}
-        node = 100
-        for place, (kind, (corners, edges, *_)) in enumerate(KINDS.items()):
-            points = [np.array(corner, float) + (10 * place, 0, 0) for corner in corners]
-            points += [(points[int(a)] + points[int(b)]) / 2 for a, b in edges.split()]
-            oids = list(range(node, node + 3 * len(points), 3))
-            node = oids[-1] + 7
-            lines += [f"{oid}, {x!r}, {y!r}, {z!r}" for oid, (x, y, z) in zip(oids, points)]
-            fields = [str(field) for field in [5 * place + 11] + oids]
-            blocks[kind] = [f"*ELEMENT, TYPE={kind}, ELSET=SET_{kind}"]
-            blocks[kind] += [", ".join(fields[i : i + 8]) + "," * (i + 8 < len(fields))
-                             for i in range(0, len(fields), 8)]
-        source = cls.write("kinds.inp", lines, blocks.values())
+        source = write_deck(os.path.join(SCRATCH.name, "kinds.inp"))
         cls.grid = read_grid(converted(source))
         cls.mesh = meshio.read(os.path.join(SCRATCH.name, "out.vtu"))
-        del blocks["C3D5"]  # which meshio reads from no deck
-        cls.source = meshio.read(cls.write("others.inp", lines, blocks.values()))
-
-    @staticmethod
-    def write(name, lines, blocks):
-        path = os.path.join(SCRATCH.name, name)
-        with open(path, "w", encoding="ascii") as file:
-            file.write("\n".join(lines + sum(blocks, [])) + "\n")
-        return path
+        # Meshio reads pyramids from no deck.
+        cls.source = meshio.read(write_deck(os.path.join(SCRATCH.name, "others.inp"), ["C3D5"]))
 
     def test_vtk_measures_the_sizes(self):
         volumes, areas = sizes_of(self.grid)
-        for cell, (kind, (_, _, size, _, _)) in enumerate(KINDS.items()):
-            measured = (areas if kind.startswith("S") else volumes)[cell]
-            self.assertAlmostEqual(measured, size, places=9, msg=kind)
+        for cell, element in enumerate(elements()):
+            measured = (areas if element.kind.startswith("S") else volumes)[cell]
+            self.assertAlmostEqual(measured, element.size, places=9, msg=element.kind)
 
     def test_vtk_finds_kinds_oids_and_sets(self):
         data = self.grid.GetCellData()
         oids = vtk_to_numpy(data.GetArray("OID"))
         sets = vtk_to_numpy(data.GetArray("Set"))
         names = names_of(vtk_to_numpy(self.grid.GetFieldData().GetArray("SetNames")))
-        for cell, (kind, (*_, number)) in enumerate(KINDS.items()):
-            self.assertEqual(self.grid.GetCellType(cell), number, kind)
-            self.assertEqual(oids[cell], 5 * cell + 11)
-            self.assertEqual(names[sets[cell]], "SET_" + kind)
+        for cell, element in enumerate(elements()):
+            self.assertEqual(self.grid.GetCellType(cell), VTK_KINDS[cell], element.kind)
+            self.assertEqual(oids[cell], element.oid)
+            self.assertEqual(names[sets[cell]], "SET_" + element.kind)
 
     def test_vtk_sees_all_faces_from_outside(self):
         for cell in range(7):
@@ -129,15 +97,15 @@ class EveryKind(unittest.TestCase):
                 self.assertGreater(np.dot(np.cross(b - a, c - a), a - middle), 0)
 
     def test_meshio_reads_the_source(self):
-        self.assertEqual([b.type for b in self.mesh.cells], [k[3] for k in KINDS.values()])
+        self.assertEqual([b.type for b in self.mesh.cells], [e.meshio for e in elements()])
         np.testing.assert_array_equal(self.mesh.points, self.source.points)
         np.testing.assert_array_equal(self.mesh.cells[1].data, [[4, 5, 6, 7, 8]])
         for read, listed in zip(self.mesh.cells[:1] + self.mesh.cells[2:], self.source.cells):
             self.assertEqual(read.type, listed.type)
             nodes = read.data[:, WEDGE15] if read.type == "wedge15" else read.data
             np.testing.assert_array_equal(nodes, listed.data)
-        for cells, place in zip(self.mesh.cell_data["OID"], range(len(KINDS))):
-            self.assertEqual(list(cells), [5 * place + 11])
+        for cells, element in zip(self.mesh.cell_data["OID"], elements()):
+            self.assertEqual(list(cells), [element.oid])
         self.assertEqual(self.mesh.point_data["OID"][0], 100)
 
     def test_normalised_elements_have_the_same_size(self):
@@ -146,9 +114,9 @@ class EveryKind(unittest.TestCase):
         self.assertEqual([grid.GetCellType(cell) for cell in range(9)],
                          [10, 14, 13, 12, 10, 13, 12, 5, 9])
         volumes, areas = sizes_of(grid)
-        for cell, (kind, (_, _, size, _, _)) in enumerate(KINDS.items()):
-            measured = (areas if kind.startswith("S") else volumes)[cell]
-            self.assertAlmostEqual(measured, size, places=9, msg=kind)
+        for cell, element in enumerate(elements()):
+            measured = (areas if element.kind.startswith("S") else volumes)[cell]
+            self.assertAlmostEqual(measured, element.size, places=9, msg=element.kind)
 
 
 class Samples(unittest.TestCase):
