@@ -12,7 +12,8 @@ data=$sources/examples/data
 draw() {
     local name=$1 sample=$2
     shift 2
-    "$program" view "$data/$sample" --picture "$folder/$name.png" --size 900x520 --theme light --quiet "$@"
+    "$program" view "$data/$sample" --picture "$folder/$name.png" --size 900x520 \
+        --theme light --quiet "$@"
 }
 
 mkdir -p "$folder"

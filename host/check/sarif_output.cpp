@@ -13,12 +13,6 @@ namespace kvocaeio::host {
 
 namespace {
 
-#if defined(_WIN32)
-constexpr bool kIsWindows = true;
-#else
-constexpr bool kIsWindows = false;
-#endif
-
 Json locationOf(const ImportFinding& finding, const ImportFinding::Place& place) {
     Json physical = {{"artifactLocation", {{"uri", uriOf(finding.file, kIsWindows)}}}};
     if (place.line != 0)

@@ -10,4 +10,11 @@ namespace kvocaeio::host {
 /// "file:///a.inp", and on Windows "C:\a.inp" "file:///C:/a.inp".
 std::string uriOf(std::string_view path, bool isWindows);
 
+/// Whether the paths of this program are those of Windows.
+#if defined(_WIN32)
+inline constexpr bool kIsWindows = true;
+#else
+inline constexpr bool kIsWindows = false;
+#endif
+
 }  // namespace kvocaeio::host

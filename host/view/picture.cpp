@@ -22,12 +22,6 @@ namespace kvocaeio::host {
 
 namespace {
 
-#if defined(_WIN32)
-constexpr bool kIsWindows = true;
-#else
-constexpr bool kIsWindows = false;
-#endif
-
 /// Programs that take Chromium's words on the command line.
 constexpr std::array<const char*, 8> kBrowsers = {
     "chromium",

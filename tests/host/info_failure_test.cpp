@@ -46,11 +46,12 @@ TEST(CommandLine, AWrongOneEndsWithTwo) {
 }
 
 TEST(CommandLine, NamesAnUnknownCommandAndThoseThatAreKnown) {
-    EXPECT_EQ(runHost({"inform", "a.inp"}).errors,
-              "kvocaeio: unknown command 'inform'; the commands are info, check, convert, tidy\n"
-              "Run with --help for more information.\n");
+    EXPECT_EQ(
+        runHost({"inform", "a.inp"}).errors,
+        "kvocaeio: unknown command 'inform'; the commands are info, check, convert, tidy, view\n"
+        "Run with --help for more information.\n");
     EXPECT_EQ(runHost({}).errors,
-              "kvocaeio: no command; the commands are info, check, convert, tidy\n"
+              "kvocaeio: no command; the commands are info, check, convert, tidy, view\n"
               "Run with --help for more information.\n");
 }
 

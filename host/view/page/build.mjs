@@ -1,16 +1,22 @@
 /// Bundles the page into one text and writes it as the source of an array:
 /// node build.mjs OUT.cpp FOLDER_OF_NODE_MODULES
-import { readFileSync, writeFileSync } from 'node:fs';
-import { createRequire } from 'node:module';
-import { dirname, join } from 'node:path';
-import { fileURLToPath } from 'node:url';
+import {readFileSync, writeFileSync} from 'node:fs';
+import {createRequire} from 'node:module';
+import {dirname, join} from 'node:path';
+import {fileURLToPath} from 'node:url';
 
 const here = dirname(fileURLToPath(import.meta.url));
 const [target, modules] = process.argv.slice(2);
-const { build } = createRequire(join(modules, 'build.cjs'))('esbuild');
+const {build} = createRequire(join(modules, 'build.cjs'))('esbuild');
 const read = (name) => readFileSync(join(here, 'src', name), 'utf8');
 
-const common = { bundle: true, minify: true, write: false, logLevel: 'warning', nodePaths: [modules] };
+const common = {
+    bundle: true,
+    minify: true,
+    write: false,
+    logLevel: 'warning',
+    nodePaths: [modules]
+};
 const script = await build({
     ...common,
     entryPoints: [join(here, 'src', 'main.js')],
@@ -18,13 +24,14 @@ const script = await build({
     target: ['es2022'],
     legalComments: 'inline',
 });
-const style = await build({ ...common, entryPoints: [join(here, 'src', 'style.css')] });
+const style = await build({...common, entryPoints: [join(here, 'src', 'style.css')]});
 const licence = readFileSync(join(modules, 'three', 'LICENSE'), 'utf8').trim();
 
 // A replacement text with dollars would be taken for a pattern; `</script` would end the script.
 const parts = {
     '@STYLE@': style.outputFiles[0].text,
-    '@SCRIPT@': `/*!\nthree.js\n\n${licence}\n*/\n` + script.outputFiles[0].text.replaceAll('</script', '<\\/script'),
+    '@SCRIPT@': `/*!\nthree.js\n\n${licence}\n*/\n` +
+        script.outputFiles[0].text.replaceAll('</script', '<\\/script'),
 };
 const page = read('page.html').replace(/@[A-Z]+@/g, (name) => parts[name] ?? name);
 

@@ -1,13 +1,13 @@
 /// Pages in a headless Chromium, as the tests of the page use them.
-import { execFileSync } from 'node:child_process';
-import { mkdtempSync, rmSync } from 'node:fs';
-import { createRequire } from 'node:module';
-import { tmpdir } from 'node:os';
-import { join } from 'node:path';
-import { pathToFileURL } from 'node:url';
+import {execFileSync} from 'node:child_process';
+import {mkdtempSync, rmSync} from 'node:fs';
+import {createRequire} from 'node:module';
+import {tmpdir} from 'node:os';
+import {join} from 'node:path';
+import {pathToFileURL} from 'node:url';
 
-const { PROGRAM: program, CHROMIUM: chromiumPath, NODE_MODULES: modules } = process.env;
-const { chromium } = createRequire(join(modules, 'tests.cjs'))('playwright-core');
+const {PROGRAM: program, CHROMIUM: chromiumPath, NODE_MODULES: modules} = process.env;
+const {chromium} = createRequire(join(modules, 'tests.cjs'))('playwright-core');
 
 export class Browser {
     static async start() {
@@ -15,7 +15,10 @@ export class Browser {
         browser.folder = mkdtempSync(join(tmpdir(), 'kvocaeio-view-'));
         browser.browser = await chromium.launch({
             executablePath: chromiumPath,
-            args: ['--no-sandbox', '--use-gl=angle', '--use-angle=swiftshader', '--enable-unsafe-swiftshader'],
+            args: [
+                '--no-sandbox', '--use-gl=angle', '--use-angle=swiftshader',
+                '--enable-unsafe-swiftshader'
+            ],
         });
         browser.reader = await browser.browser.newPage();
         return browser;
@@ -23,21 +26,21 @@ export class Browser {
 
     async stop() {
         await this.browser.close();
-        rmSync(this.folder, { recursive: true });
+        rmSync(this.folder, {recursive: true});
     }
 
     /// What the program prints.
-    run(...words) {
-        return execFileSync(program, words, { encoding: 'utf8' });
-    }
+    run(...words) { return execFileSync(program, words, {encoding: 'utf8'}); }
 
     /// Has the script draw the pictures of the documentation into `folder`.
     draw(folder) {
-        execFileSync(join(process.env.SOURCES, 'scripts', 'pictures.sh'), [program, folder],
-            { env: { ...process.env, KVOCAEIO_BROWSER: chromiumPath } });
+        execFileSync(
+            join(process.env.SOURCES, 'scripts', 'pictures.sh'), [program, folder],
+            {env: {...process.env, KVOCAEIO_BROWSER: chromiumPath}});
     }
 
-    /// By how much two pictures differ on average, in levels of 0 to 255, at a twelfth of their size.
+    /// By how much two pictures differ on average, in levels of 0 to 255, at a twelfth of their
+    /// size.
     difference(one, other) {
         return this.reader.evaluate(async (pictures) => {
             const [first, second] = await Promise.all(pictures.map(async (png) => {
@@ -52,16 +55,20 @@ export class Browser {
             }));
             if (first.width !== second.width || first.height !== second.height)
                 return 255;
-            return first.data.reduce((sum, value, i) => sum + Math.abs(value - second.data[i]), 0) / first.data.length;
+            return first.data.reduce((sum, value, i) => sum + Math.abs(value - second.data[i]), 0) /
+                first.data.length;
         }, [one, other]);
     }
 
     /// The page of `file`, made by the program with `words` and opened.
-    async open(file, { words = [], hash = '', ...options } = {}) {
+    async open(file, {words = [], hash = '', ...options} = {}) {
         const target = join(this.folder, 'page.html');
         this.run('view', file, '-o', target, ...words);
         const page = await this.browser.newPage({
-            viewport: { width: 1000, height: 640 }, colorScheme: 'light', reducedMotion: 'reduce', ...options,
+            viewport: {width: 1000, height: 640},
+            colorScheme: 'light',
+            reducedMotion: 'reduce',
+            ...options,
         });
         const shown = new ShownPage(page, this.reader);
         await page.goto(pathToFileURL(target).href + hash);
@@ -86,29 +93,32 @@ export class ShownPage {
 
     /// Waits until the picture is drawn at rest.
     async settle() {
-        await this.page.evaluate(() => new Promise((done) => {
-            const { viewer } = window.kvocaeioPage;
-            const look = () => {
-                const isAtRest = performance.now() - viewer.lastMove > 250 && viewer.pending === undefined;
-                isAtRest ? requestAnimationFrame(() => requestAnimationFrame(done)) : setTimeout(look, 20);
-            };
-            look();
-        }));
+        await this.page.evaluate(
+            () => new Promise((done) => {
+                const {viewer} = window.kvocaeioPage;
+                const look = () => {
+                    const isAtRest =
+                        performance.now() - viewer.lastMove > 250 && viewer.pending === undefined;
+                    isAtRest ? requestAnimationFrame(() => requestAnimationFrame(done)) :
+                               setTimeout(look, 20);
+                };
+                look();
+            }));
     }
 
     /// The pixel of the page at which a place of the model is.
     async pixelOf(...place) {
         return this.page.evaluate((numbers) => {
-            const { viewer } = window.kvocaeioPage;
+            const {viewer} = window.kvocaeioPage;
             const Vector = viewer.camera.position.constructor;
-            const { x, y } = viewer.project(new Vector(...numbers));
+            const {x, y} = viewer.project(new Vector(...numbers));
             const frame = viewer.canvas.getBoundingClientRect();
-            return { x: x + frame.left, y: y + frame.top };
+            return {x: x + frame.left, y: y + frame.top};
         }, place);
     }
 
     async clickOn(...place) {
-        const { x, y } = await this.pixelOf(...place);
+        const {x, y} = await this.pixelOf(...place);
         await this.page.mouse.click(x, y);
         await this.settle();
     }
@@ -126,32 +136,22 @@ export class ShownPage {
             const canvas = new OffscreenCanvas(image.width, image.height);
             const pen = canvas.getContext('2d');
             pen.drawImage(image, 0, 0);
-            return pixels.map(({ x, y }) => {
+            return pixels.map(({x, y}) => {
                 const [r, g, b] = pen.getImageData(Math.round(x), Math.round(y), 1, 1).data;
                 return '#' + [r, g, b].map((part) => part.toString(16).padStart(2, '0')).join('');
             });
         }, [picture, points]);
     }
 
-    async colourAt(...place) {
-        return (await this.coloursAt([place]))[0];
-    }
+    async colourAt(...place) { return (await this.coloursAt([place]))[0]; }
 
-    text(selector) {
-        return this.page.locator(selector).innerText();
-    }
+    text(selector) { return this.page.locator(selector).innerText(); }
 
-    texts(selector) {
-        return this.page.locator(selector).allInnerTexts();
-    }
+    texts(selector) { return this.page.locator(selector).allInnerTexts(); }
 
-    press(key) {
-        return this.page.keyboard.press(key).then(() => this.settle());
-    }
+    press(key) { return this.page.keyboard.press(key).then(() => this.settle()); }
 
-    click(selector) {
-        return this.page.locator(selector).click().then(() => this.settle());
-    }
+    click(selector) { return this.page.locator(selector).click().then(() => this.settle()); }
 }
 
 const partsOf = (colour) => [1, 3, 5].map((at) => parseInt(colour.slice(at, at + 2), 16));

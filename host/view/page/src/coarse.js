@@ -4,10 +4,13 @@
 /// middle, so that the outline stays. The longest side of the box has so many cells.
 export function cellsOf(places, box, cellsAlong) {
     const size = Math.max(...[0, 1, 2].map((axis) => box.max[axis] - box.min[axis])) || 1;
-    const cellOf = (node, axis) =>
-        Math.min(1023, Math.max(0, Math.round((places[3 * node + axis] - box.min[axis]) / size * cellsAlong)));
-    const distanceOf = (node) => [0, 1, 2].reduce((sum, axis) =>
-        sum + Math.abs(places[3 * node + axis] - (box.min[axis] + box.max[axis]) / 2), 0);
+    const cellOf = (node, axis) => Math.min(
+        1023,
+        Math.max(0, Math.round((places[3 * node + axis] - box.min[axis]) / size * cellsAlong)));
+    const distanceOf = (node) => [0, 1, 2].reduce(
+        (sum, axis) =>
+            sum + Math.abs(places[3 * node + axis] - (box.min[axis] + box.max[axis]) / 2),
+        0);
     const count = places.length / 3;
     const farthest = new Map();
     const cells = new Uint32Array(count);

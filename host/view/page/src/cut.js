@@ -1,17 +1,29 @@
 /// The cutting plane, and the cut faces that close what it opens.
 import * as THREE from 'three';
-import { colourOf, partsOf } from './palette.js';
-import { cornersOf } from './viewer.js';
 
-const axes = { x: [1, 0, 0], y: [0, 1, 0], z: [0, 0, 1] };
+import {colourOf, partsOf} from './palette.js';
+import {cornersOf} from './viewer.js';
+
+const axes = {
+    x: [1, 0, 0],
+    y: [0, 1, 0],
+    z: [0, 0, 1]
+};
 
 /// What lies behind a closed surface is counted in the stencil buffer: back faces up, front faces
 /// down. Where the sum is not 0, the plane is inside.
 function countingMaterial(side, operation, planes) {
     return new THREE.MeshBasicMaterial({
-        side, depthWrite: false, depthTest: false, colorWrite: false, clippingPlanes: planes,
-        stencilWrite: true, stencilFunc: THREE.AlwaysStencilFunc,
-        stencilFail: operation, stencilZFail: operation, stencilZPass: operation,
+        side,
+        depthWrite: false,
+        depthTest: false,
+        colorWrite: false,
+        clippingPlanes: planes,
+        stencilWrite: true,
+        stencilFunc: THREE.AlwaysStencilFunc,
+        stencilFail: operation,
+        stencilZFail: operation,
+        stencilZPass: operation,
     });
 }
 
@@ -24,9 +36,11 @@ class Cap {
             [THREE.FrontSide, THREE.DecrementWrapStencilOp],
         ].map(([side, operation]) => {
             const material = countingMaterial(side, operation, planes);
-            const mesh = part.mesh.isInstancedMesh
-                ? Object.assign(new THREE.InstancedMesh(part.geometry, material, part.mesh.count), { instanceMatrix: part.mesh.instanceMatrix })
-                : new THREE.Mesh(part.geometry, material);
+            const mesh = part.mesh.isInstancedMesh ?
+                Object.assign(
+                    new THREE.InstancedMesh(part.geometry, material, part.mesh.count),
+                    {instanceMatrix: part.mesh.instanceMatrix}) :
+                new THREE.Mesh(part.geometry, material);
             mesh.frustumCulled = false;
             mesh.renderOrder = order;
             this.object.add(mesh);
@@ -36,9 +50,13 @@ class Cap {
         const colour = part.style?.colour ?? part.colour;
         this.material = new THREE.MeshBasicMaterial({
             color: colourOf(partsOf(colour).map((value) => value * 0.86 + 0.06)),
-            side: THREE.DoubleSide, stencilWrite: true, stencilRef: 0,
-            stencilFunc: THREE.NotEqualStencilFunc, stencilFail: THREE.ReplaceStencilOp,
-            stencilZFail: THREE.ReplaceStencilOp, stencilZPass: THREE.ReplaceStencilOp,
+            side: THREE.DoubleSide,
+            stencilWrite: true,
+            stencilRef: 0,
+            stencilFunc: THREE.NotEqualStencilFunc,
+            stencilFail: THREE.ReplaceStencilOp,
+            stencilZFail: THREE.ReplaceStencilOp,
+            stencilZPass: THREE.ReplaceStencilOp,
         });
         this.face = new THREE.Mesh(new THREE.PlaneGeometry(1, 1), this.material);
         this.face.frustumCulled = false;
@@ -63,17 +81,17 @@ export class Cut {
         this.position = 0.5;
         this.isFlipped = false;
         this.caps = [];
-        this.capFaces = new THREE.Group();  // of the world, not of the model, which may be stretched
+        this.capFaces =
+            new THREE.Group();  // of the world, not of the model, which may be stretched
         viewer.scene.add(this.capFaces);
     }
 
-    get isOn() {
-        return this.planes.length > 0;
-    }
+    get isOn() { return this.planes.length > 0; }
 
     /// `along`: "x", "y", "z", a direction, or null for no cut.
     setAxis(along, model) {
-        this.normal = along === null ? null : new THREE.Vector3(...(axes[along] ?? along)).normalize();
+        this.normal =
+            along === null ? null : new THREE.Vector3(...(axes[along] ?? along)).normalize();
         this.update(model);
     }
 
@@ -83,14 +101,14 @@ export class Cut {
         const values = cornersOf(box).map((corner) => this.normal.dot(corner));
         const low = Math.min(...values);
         const high = Math.max(...values);
-        return { low, high, at: low + (high - low) * this.position };
+        return {low, high, at: low + (high - low) * this.position};
     }
 
     update(model) {
         this.clear();
         if (this.normal === null)
             return;
-        const { low, high, at } = this.range;
+        const {low, high, at} = this.range;
         // What is kept lies behind the plane as the axis points, or with flipping before it.
         const sign = this.isFlipped ? 1 : -1;
         this.plane.normal.copy(this.normal).multiplyScalar(sign);

@@ -69,22 +69,24 @@ function readMesh(scene, stream) {
         places: stream.floats(3 * scene.nodes),
         oids: stream.integers(scene.nodes),
     };
-    const sections = scene.sections.map((section) => ({
-        ...section,
-        groups: section.groups.map((group) => readGroup(group, scene.kinds, stream)),
-    }));
-    const findings = scene.findings.map((finding) => ({
-        ...finding,
-        groups: finding.groups.map((group) => readGroup(group, scene.kinds, stream)),
-        points: stream.integers(finding.points),
-    }));
-    return { ...scene, nodes, sections, findings };
+    const sections = scene.sections.map(
+        (section) => ({
+            ...section,
+            groups: section.groups.map((group) => readGroup(group, scene.kinds, stream)),
+        }));
+    const findings = scene.findings.map(
+        (finding) => ({
+            ...finding,
+            groups: finding.groups.map((group) => readGroup(group, scene.kinds, stream)),
+            points: stream.integers(finding.points),
+        }));
+    return {...scene, nodes, sections, findings};
 }
 
 function readPackage(scene, stream) {
     return {
         ...scene,
-        wires: scene.wires.map((wire) => ({ ...wire, path: stream.floats(3 * wire.points) })),
+        wires: scene.wires.map((wire) => ({...wire, path: stream.floats(3 * wire.points)})),
     };
 }
 

@@ -13,5 +13,5 @@ export function make(tag, attributes = {}, ...children) {
 }
 
 /// A row of a table with a heading.
-export const tableRow = (heading, ...cells) =>
-    make('tr', {}, make('th', { scope: 'row' }, heading), ...cells.map((cell) => make('td', {}, cell)));
+export const tableRow = (heading, ...cells) => make(
+    'tr', {}, make('th', {scope: 'row'}, heading), ...cells.map((cell) => make('td', {}, cell)));

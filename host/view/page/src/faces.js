@@ -8,7 +8,12 @@ const trianglesOfFace = {
     6: [0, 3, 5, 3, 1, 4, 5, 4, 2, 3, 4, 5],
     8: [4, 1, 5, 5, 2, 6, 6, 3, 7, 7, 0, 4, 4, 5, 6, 4, 6, 7],
 };
-const cornersOfFace = { 3: 3, 4: 4, 6: 3, 8: 4 };
+const cornersOfFace = {
+    3: 3,
+    4: 4,
+    6: 3,
+    8: 4
+};
 
 /// The places of the nodes of each face of a shape; a shell is its own only face.
 export function facesOf(shape) {
@@ -53,7 +58,7 @@ export class Triangles {
         this.nodes = new Uint32Array(3 * all);
         this.elements = new Uint32Array(all);
         this.faces = new Uint8Array(all);
-        this.groups = groups.map((group) => ({ group, ranges: [] }));
+        this.groups = groups.map((group) => ({group, ranges: []}));
         this.count = 0;
         this.add((group) => group.outer);
         this.outerCount = this.count;  // those after them border on other sections
@@ -61,7 +66,7 @@ export class Triangles {
     }
 
     add(masksOf) {
-        for (const { group, ranges } of this.groups) {
+        for (const {group, ranges} of this.groups) {
             const first = this.count;
             eachFace(group, masksOf(group), (nodes, element, face) => {
                 const table = trianglesOfFace[nodes.length];
@@ -79,9 +84,9 @@ export class Triangles {
 
     /// What the triangle in `row` is of.
     ownerOf(row) {
-        const owner = this.groups.find(({ ranges }) =>
-            ranges.some(([first, end]) => row >= first && row < end));
-        return { group: owner.group, element: this.elements[row], face: this.faces[row] };
+        const owner = this.groups.find(
+            ({ranges}) => ranges.some(([first, end]) => row >= first && row < end));
+        return {group: owner.group, element: this.elements[row], face: this.faces[row]};
     }
 }
 
@@ -175,7 +180,7 @@ export function edgesOf(groups, places) {
         if (table.isSharp[row] || table.uses[row] !== 2)
             features.push(...pairs);
     }
-    return { all: Uint32Array.from(all), features: Uint32Array.from(features) };
+    return {all: Uint32Array.from(all), features: Uint32Array.from(features)};
 }
 
 /// All edges of the element in `row` of `group`, as pairs of nodes.

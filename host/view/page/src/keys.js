@@ -1,6 +1,6 @@
 /// The keyboard.
-import { byId, make } from './dom.js';
-import { directions } from './viewer.js';
+import {byId, make} from './dom.js';
+import {directions} from './viewer.js';
 
 const keyTable = [
     ['← ↑ → ↓', 'turn'],
@@ -20,7 +20,10 @@ const keyTable = [
 ];
 
 export function showKeys(isShown = byId('keys').hidden) {
-    const list = make('dl', {}, ...keyTable.flatMap(([key, what]) => [make('dt', {}, make('kbd', {}, key)), make('dd', {}, what)]));
+    const list = make(
+        'dl', {},
+        ...keyTable.flatMap(
+            ([key, what]) => [make('dt', {}, make('kbd', {}, key)), make('dd', {}, what)]));
     byId('keys').replaceChildren(list);
     byId('keys').hidden = !isShown;
     document.querySelector('[data-do="help"]').setAttribute('aria-expanded', isShown);
@@ -28,7 +31,7 @@ export function showKeys(isShown = byId('keys').hidden) {
 
 /// What each key does to `page`.
 function actionsOf(page) {
-    const { viewer } = page;
+    const {viewer} = page;
     const step = Math.PI / 24;
     const toggle = (id) => page.setOption(id, !document.getElementById(id).checked);
     const cuts = ['', 'x', 'y', 'z'];
@@ -64,7 +67,8 @@ function actionsOf(page) {
             page.unpick();
         },
     };
-    Object.keys(directions).forEach((name, i) => (actions[i + 1] = () => viewer.fit(directions[name])));
+    Object.keys(directions)
+        .forEach((name, i) => (actions[i + 1] = () => viewer.fit(directions[name])));
     return actions;
 }
 

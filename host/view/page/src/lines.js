@@ -1,6 +1,7 @@
 /// Lines of a width in pixels.
 import * as THREE from 'three';
-import { partsOf } from './palette.js';
+
+import {partsOf} from './palette.js';
 
 // Each segment is two triangles, whose corners go aside from its ends on the screen. Instances of
 // one quadrilateral would be less data, but renderers in software draw them one by one.
@@ -34,10 +35,12 @@ const fragmentShader = /* glsl */ `
 `;
 
 /// Half of the picture's width and height in pixels of the page; one for all lines.
-export const halfPictureUniform = { value: new THREE.Vector2(1, 1) };
+export const halfPictureUniform = {
+    value: new THREE.Vector2(1, 1)
+};
 
 /// Segments; `ends` has x, y, z of the two ends of each. `planes` cut them.
-export function thickLines(ends, colour, width, { planes = null, ...options } = {}) {
+export function thickLines(ends, colour, width, {planes = null, ...options} = {}) {
     const segments = ends.length / 6;
     const places = new Float32Array(12 * segments);
     const others = new Float32Array(12 * segments);
@@ -62,8 +65,8 @@ export function thickLines(ends, colour, width, { planes = null, ...options } = 
         vertexShader,
         fragmentShader,
         uniforms: {
-            colour: { value: new THREE.Vector3(...partsOf(colour)) },
-            width: { value: width },
+            colour: {value: new THREE.Vector3(...partsOf(colour))},
+            width: {value: width},
             halfPicture: halfPictureUniform,
         },
         side: THREE.DoubleSide,
@@ -93,4 +96,7 @@ export function setColour(lines, colour) {
 }
 
 /// What marks something is drawn over everything.
-export const onTop = { depthTest: false, transparent: true };
+export const onTop = {
+    depthTest: false,
+    transparent: true
+};

@@ -1,29 +1,30 @@
 /// Puts the page together.
 import * as THREE from 'three';
-import { Cut } from './cut.js';
-import { readScene } from './data.js';
-import { byId } from './dom.js';
-import { isMarked, setAllParts, showFindings, showLegend, showParts, showPicked } from './lists.js';
-import { counted, length } from './numbers.js';
-import { MeshScene } from './mesh_scene.js';
-import { Overlay } from './overlay.js';
-import { PackageScene } from './package_scene.js';
-import { listenToKeys, showKeys } from './keys.js';
-import { screenshot } from './screenshot.js';
-import { directions, Viewer } from './viewer.js';
+
+import {Cut} from './cut.js';
+import {readScene} from './data.js';
+import {byId} from './dom.js';
+import {listenToKeys, showKeys} from './keys.js';
+import {isMarked, setAllParts, showFindings, showLegend, showParts, showPicked} from './lists.js';
+import {MeshScene} from './mesh_scene.js';
+import {counted, length} from './numbers.js';
+import {Overlay} from './overlay.js';
+import {PackageScene} from './package_scene.js';
+import {screenshot} from './screenshot.js';
+import {directions, Viewer} from './viewer.js';
 
 // Colours are what the files and this page name, to the bit.
 THREE.ColorManagement.enabled = false;
 
 const themes = {
-    light: { back: '#eef1f4', edge: '#20262c', text: '#1d2329', label: '#ffffff', line: '#6b7680' },
-    dark: { back: '#15191d', edge: '#0b0e10', text: '#e6eaee', label: '#1e2429', line: '#7d8a95' },
+    light: {back: '#eef1f4', edge: '#20262c', text: '#1d2329', label: '#ffffff', line: '#6b7680'},
+    dark: {back: '#15191d', edge: '#0b0e10', text: '#e6eaee', label: '#1e2429', line: '#7d8a95'},
 };
 
 /// What the page starts with: the program's wishes, then those behind the # of its address.
 function wishesOf(data) {
     const hash = new URLSearchParams(location.hash.slice(1));
-    return { ...data.start, ...Object.fromEntries(hash) };
+    return {...data.start, ...Object.fromEntries(hash)};
 }
 
 class Page {
@@ -31,27 +32,33 @@ class Page {
         this.data = data;
         this.wishes = wishesOf(data);
         this.planes = [];
-        this.box = new THREE.Box3(new THREE.Vector3(...data.box.min), new THREE.Vector3(...data.box.max));
+        this.box =
+            new THREE.Box3(new THREE.Vector3(...data.box.min), new THREE.Vector3(...data.box.max));
         this.viewer = new Viewer(byId('picture'), this.box);
-        this.model = data.content === 'mesh' ? new MeshScene(data, this.planes) : new PackageScene(data, this.planes);
+        this.model = data.content === 'mesh' ? new MeshScene(data, this.planes) :
+                                               new PackageScene(data, this.planes);
         this.viewer.model.add(this.model.object);
         this.viewer.shown = this.model;
         // Marked nodes may be far from all elements.
-        this.viewer.reach = this.box.clone().union(new THREE.Box3().setFromArray(data.nodes?.places ?? []));
+        this.viewer.reach =
+            this.box.clone().union(new THREE.Box3().setFromArray(data.nodes?.places ?? []));
         this.cut = new Cut(this.viewer, this.planes);
         this.overlay = new Overlay(byId('overlay'), this.viewer, data.unit);
         this.finding = null;
         this.fillLists();
         this.listen();
-        this.setTheme(this.wishes.theme ?? (matchMedia('(prefers-color-scheme: dark)').matches ? 'dark' : 'light'));
+        this.setTheme(
+            this.wishes.theme ??
+            (matchMedia('(prefers-color-scheme: dark)').matches ? 'dark' : 'light'));
         this.start();
     }
 
     fillLists() {
-        const { data } = this;
+        const {data} = this;
         byId('title').textContent = data.title;
-        byId('summary').textContent = [data.format, ...data.counts.map(([number, things]) => `${counted(number)} ${things}`)]
-            .join(' · ');
+        byId('summary').textContent = [
+            data.format, ...data.counts.map(([number, things]) => `${counted(number)} ${things}`)
+        ].join(' · ');
         showParts(this.model.parts, data.content === 'package', () => this.changed());
         showFindings(data.findings, data.notes, (finding) => this.showFinding(finding));
         byId('allEdges').hidden = data.content === 'package';
@@ -59,9 +66,9 @@ class Page {
     }
 
     start() {
-        const { wishes } = this;
+        const {wishes} = this;
         const isPicture = 'picture' in wishes;
-        const wanted = this.data.findings.find(({ code }) => code === wishes.finding);
+        const wanted = this.data.findings.find(({code}) => code === wishes.finding);
         document.body.classList.toggle('picture', isPicture);
         if (isPicture)
             showLegend(this.data, this.model.parts, wanted, wishes.stretch);
@@ -95,10 +102,11 @@ class Page {
         this.theme = name;
         const theme = themes[name] ?? themes.light;
         document.documentElement.dataset.theme = name;
-        document.querySelector('[data-do="theme"]').textContent = name === 'dark' ? 'Light' : 'Dark';
+        document.querySelector('[data-do="theme"]').textContent =
+            name === 'dark' ? 'Light' : 'Dark';
         this.viewer.renderer.setClearColor(theme.back, 1);
         this.model.settings.edgeColour = theme.edge;
-        this.overlay.theme = { text: theme.text, back: theme.label, line: theme.line };
+        this.overlay.theme = {text: theme.text, back: theme.label, line: theme.line};
         this.overlay.update();
         this.changed();
     }
@@ -151,7 +159,8 @@ class Page {
         row.querySelector('input').value = this.cut.position;
         const shift = this.cut.normal.dot(new THREE.Vector3(...(this.data.origin ?? [0, 0, 0])));
         const stretch = this.cut.normal.z === 1 ? this.viewer.model.scale.z : 1;
-        row.querySelector('output').value = `${length(this.cut.range.at / stretch + shift)}${this.data.unit ? ' ' + this.data.unit : ''}`;
+        row.querySelector('output').value = `${length(this.cut.range.at / stretch + shift)}${
+            this.data.unit ? ' ' + this.data.unit : ''}`;
     }
 
     moveCut(position) {
@@ -185,9 +194,7 @@ class Page {
         return hit;
     }
 
-    unpick() {
-        this.showPick(null);
-    }
+    unpick() { this.showPick(null); }
 
     showPick(hit) {
         this.model.select(hit);
@@ -196,7 +203,7 @@ class Page {
     }
 
     listen() {
-        const { viewer } = this;
+        const {viewer} = this;
         const canvas = byId('picture');
         let pressed = null;
         canvas.addEventListener('pointerdown', (event) => (pressed = event));
@@ -227,9 +234,11 @@ class Page {
             viewer.fit(directions[byId('views').value]);
             byId('views').value = '';
         });
-        byId('stretch').querySelector('input').addEventListener('input', (event) =>
-            this.setStretch(50 ** Number(event.target.value)));
-        byId('cutPlace').querySelector('input').addEventListener('input', (event) => this.moveCut(Number(event.target.value)));
+        byId('stretch').querySelector('input').addEventListener(
+            'input', (event) => this.setStretch(50 ** Number(event.target.value)));
+        byId('cutPlace')
+            .querySelector('input')
+            .addEventListener('input', (event) => this.moveCut(Number(event.target.value)));
         byId('flip').addEventListener('click', () => this.flipCut());
         byId('fold').addEventListener('click', () => this.fold());
         listenToKeys(this);

@@ -1,11 +1,12 @@
 /// The sections of a mesh as things to draw, and what a finding or a pick marks of it.
 import * as THREE from 'three';
-import { cellsOf, coarseTriangles } from './coarse.js';
-import { eachFace, edgesOf, edgesOfElement, Triangles } from './faces.js';
-import { onTop, setColour, thickLinesBetween } from './lines.js';
-import { markColour, selectionColour, styleOf } from './palette.js';
-import { setOpacity, surfaceMaterial } from './surface_material.js';
-import { nearestTriangle } from './ray.js';
+
+import {cellsOf, coarseTriangles} from './coarse.js';
+import {eachFace, edgesOf, edgesOfElement, Triangles} from './faces.js';
+import {onTop, setColour, thickLinesBetween} from './lines.js';
+import {markColour, selectionColour, styleOf} from './palette.js';
+import {nearestTriangle} from './ray.js';
+import {setOpacity, surfaceMaterial} from './surface_material.js';
 
 /// Elements, drawn on top of everything as faces and edges.
 class Marks {
@@ -58,7 +59,7 @@ class Marks {
         geometry.setAttribute('position', this.nodes.attribute);
         geometry.setIndex(new THREE.BufferAttribute(triangles.nodes, 1));
         geometry.setDrawRange(0, 3 * triangles.count);
-        const material = surfaceMaterial({ colour: this.colour });
+        const material = surfaceMaterial({colour: this.colour});
         setOpacity(material, opacity);
         material.depthTest = false;
         const mesh = new THREE.Mesh(geometry, material);
@@ -70,11 +71,17 @@ class Marks {
     addPoints(points) {
         const geometry = new THREE.BufferGeometry();
         const places = new Float32Array(3 * points.length);
-        points.forEach((node, i) => places.set(this.nodes.places.subarray(3 * node, 3 * node + 3), 3 * i));
+        points.forEach(
+            (node, i) => places.set(this.nodes.places.subarray(3 * node, 3 * node + 3), 3 * i));
         geometry.setAttribute('position', new THREE.BufferAttribute(places, 3));
         const material = new THREE.PointsMaterial({
-            color: this.colour, size: 12, sizeAttenuation: false, map: roundPoint(), alphaTest: 0.5,
-            depthTest: false, transparent: true,
+            color: this.colour,
+            size: 12,
+            sizeAttenuation: false,
+            map: roundPoint(),
+            alphaTest: 0.5,
+            depthTest: false,
+            transparent: true,
         });
         const cloud = new THREE.Points(geometry, material);
         cloud.frustumCulled = false;
@@ -96,7 +103,7 @@ function roundPoint() {
 /// Faces of loads and surfaces name corners alone: where they lie on a curved face of a solid, they
 /// take its other nodes as well. `curved` has those faces by their corners.
 function bent(group, curved, kinds) {
-    const { shape, nodes, elements } = group;
+    const {shape, nodes, elements} = group;
     const wide = kinds.find((kind) => kind.dimension === 2 && kind.nodes === 2 * shape.nodes);
     if (curved.size === 0 || wide === undefined)
         return [group];
@@ -106,7 +113,7 @@ function bent(group, curved, kinds) {
     // A section with faces of both kinds stays as it is.
     if (faces.some((face) => face === undefined))
         return [group];
-    return [{ ...group, shape: { ...wide, faces: [] }, nodes: Int32Array.from(faces.flat()) }];
+    return [{...group, shape: {...wide, faces: []}, nodes: Int32Array.from(faces.flat())}];
 }
 
 const keyOf = (corners) => [...corners].sort((a, b) => a - b).join();
@@ -138,7 +145,7 @@ class SectionView {
             faceGroups = faceGroups.flatMap((group) => bent(group, scene.curved, scene.data.kinds));
         this.triangles = new Triangles(faceGroups);
         this.faceGroups = faceGroups;
-        this.material = surfaceMaterial({ ...style, planes: scene.planes, front: inFront ? 1 : 0 });
+        this.material = surfaceMaterial({...style, planes: scene.planes, front: inFront ? 1 : 0});
         this.geometry = new THREE.BufferGeometry();
         this.geometry.setAttribute('position', scene.nodes.attribute);
         this.geometry.setIndex(new THREE.BufferAttribute(this.triangles.nodes, 1));
@@ -151,17 +158,21 @@ class SectionView {
     /// Elements that are lines.
     addLines() {
         const pairs = this.section.groups.filter((group) => group.shape.dimension === 1)
-            .flatMap((group) => [...Array(group.elements).keys()].flatMap((row) => edgesOfElement(group, row)));
+                          .flatMap(
+                              (group) => [...Array(group.elements).keys()].flatMap(
+                                  (row) => edgesOfElement(group, row)));
         if (pairs.length > 0)
-            this.object.add(thickLinesBetween(pairs, this.scene.nodes.places, this.style.colour, 3, { planes: this.scene.planes }));
+            this.object.add(thickLinesBetween(
+                pairs, this.scene.nodes.places, this.style.colour, 3, {planes: this.scene.planes}));
     }
 
     /// Edges are made when they are wanted first.
     showEdges(kind, isWanted, colour) {
-        this.edges ??= { features: null, all: null };
+        this.edges ??= {features: null, all: null};
         if (isWanted && this.edges[kind] === null) {
             this.pairs ??= edgesOf(this.faceGroups, this.scene.nodes.places);
-            this.edges[kind] = kind === 'features' ? this.makeFeatures(colour) : this.makeAll(colour);
+            this.edges[kind] =
+                kind === 'features' ? this.makeFeatures(colour) : this.makeAll(colour);
             this.object.add(this.edges[kind]);
         }
         if (this.edges[kind] === null)
@@ -171,7 +182,8 @@ class SectionView {
     }
 
     makeFeatures(colour) {
-        return thickLinesBetween(this.pairs.features, this.scene.nodes.places, colour, 1.6, { planes: this.scene.planes });
+        return thickLinesBetween(
+            this.pairs.features, this.scene.nodes.places, colour, 1.6, {planes: this.scene.planes});
     }
 
     makeAll(colour) {
@@ -179,7 +191,11 @@ class SectionView {
         geometry.setAttribute('position', this.scene.nodes.attribute);
         geometry.setIndex(new THREE.BufferAttribute(this.pairs.all, 1));
         const lines = new THREE.LineSegments(geometry, new THREE.LineBasicMaterial({
-            color: colour, transparent: true, opacity: 0.45, depthWrite: false, clippingPlanes: this.scene.planes,
+            color: colour,
+            transparent: true,
+            opacity: 0.45,
+            depthWrite: false,
+            clippingPlanes: this.scene.planes,
         }));
         lines.frustumCulled = false;
         return lines;
@@ -223,11 +239,13 @@ export class MeshScene {
         this.nodes = data.nodes;
         this.nodes.attribute = new THREE.BufferAttribute(this.nodes.places, 3);
         this.object = new THREE.Group();
-        const isOnFaces = data.sections.some(({ origin }) => origin === 'load' || origin === 'surface');
+        const isOnFaces =
+            data.sections.some(({origin}) => origin === 'load' || origin === 'surface');
         this.curved = isOnFaces ? curvedFacesOf(data.sections) : new Map();
         const indices = {};
         this.parts = data.sections.map((section) => {
-            const table = section.origin === 'load' || section.origin === 'surface' ? section.origin : 'mesh';
+            const table =
+                section.origin === 'load' || section.origin === 'surface' ? section.origin : 'mesh';
             indices[table] = (indices[table] ?? -1) + 1;
             return new SectionView(section, styleOf(section.origin, indices[table]), this);
         });
@@ -236,13 +254,14 @@ export class MeshScene {
         this.marks = new Marks(this.nodes, markColour);
         this.selection = new Marks(this.nodes, selectionColour);
         this.object.add(this.marks.object, this.selection.object);
-        this.settings = { features: true, all: false, edgeColour: '#20262c', opacity: 1 };
+        this.settings = {features: true, all: false, edgeColour: '#20262c', opacity: 1};
         this.update();
     }
 
     update() {
-        const { features, all, edgeColour, opacity } = this.settings;
-        const isWhole = this.planes.length === 0 && opacity === 1 && this.parts.every((part) => part.visible);
+        const {features, all, edgeColour, opacity} = this.settings;
+        const isWhole =
+            this.planes.length === 0 && opacity === 1 && this.parts.every((part) => part.visible);
         for (const part of this.parts) {
             part.object.visible = part.visible;
             part.setRange(!isWhole);
@@ -266,13 +285,18 @@ export class MeshScene {
             part.setMoving(isMoving);
     }
 
-    /// On a surface, the number of triangles grows with the square of that of the cells along a side.
+    /// On a surface, the number of triangles grows with the square of that of the cells along a
+    /// side.
     cellsFor(most) {
         const first = 64;
         const cells = cellsOf(this.nodes.places, this.data.box, first);
-        const count = this.parts.reduce((sum, { triangles }) =>
-            sum + coarseTriangles(triangles.nodes, triangles.outerCount, cells).length / 3, 0);
-        return cellsOf(this.nodes.places, this.data.box, Math.max(8, first * Math.min(2, Math.sqrt(most / count))));
+        const count = this.parts.reduce(
+            (sum, {triangles}) =>
+                sum + coarseTriangles(triangles.nodes, triangles.outerCount, cells).length / 3,
+            0);
+        return cellsOf(
+            this.nodes.places, this.data.box,
+            Math.max(8, first * Math.min(2, Math.sqrt(most / count))));
     }
 
     /// The box of what is shown; that of all where nothing is.
@@ -282,7 +306,8 @@ export class MeshScene {
             if (part.visible)
                 for (const group of part.section.groups)
                     for (const node of group.nodes)
-                        box.expandByPoint(new THREE.Vector3().fromArray(this.nodes.places, 3 * node));
+                        box.expandByPoint(
+                            new THREE.Vector3().fromArray(this.nodes.places, 3 * node));
         return box;
     }
 
@@ -291,23 +316,26 @@ export class MeshScene {
         let nearest = null;
         const plane = this.planes[0] ?? null;
         // Where the ray comes through the cutting plane to what is shown.
-        const cut = plane !== null && plane.normal.dot(ray.direction) > 0 ? ray.distanceToPlane(plane) : null;
+        const cut = plane !== null && plane.normal.dot(ray.direction) > 0 ?
+            ray.distanceToPlane(plane) :
+            null;
         for (const part of this.parts) {
             if (!part.visible)
                 continue;
-            const hit = nearestTriangle(ray, part.triangles.nodes, part.shownTriangles, this.nodes.places, plane);
+            const hit = nearestTriangle(
+                ray, part.triangles.nodes, part.shownTriangles, this.nodes.places, plane);
             if (hit === null)
                 continue;
             const isCut = part.isClosed && hit.isBack && cut !== null && cut < hit.distance;
             // Faces of loads and surfaces lie on those of elements, and are drawn in front of them.
             const distance = isCut ? cut : hit.distance * (part.isClosed ? 1 : 1 - 1e-5);
             if (nearest === null || distance < nearest.distance)
-                nearest = { ...hit, distance, part, isCut };
+                nearest = {...hit, distance, part, isCut};
         }
         if (nearest === null)
             return null;
-        return nearest.isCut ? { ...nearest, place: ray.at(cut, new THREE.Vector3()) }
-            : { ...nearest, ...nearest.part.triangles.ownerOf(nearest.row) };
+        return nearest.isCut ? {...nearest, place: ray.at(cut, new THREE.Vector3())} :
+                               {...nearest, ...nearest.part.triangles.ownerOf(nearest.row)};
     }
 
     select(hit) {
@@ -334,7 +362,7 @@ export class MeshScene {
 
 /// The group of this element alone, with all its faces.
 export function oneElement(group, row) {
-    const { shape } = group;
+    const {shape} = group;
     const all = (1 << Math.max(1, shape.faces.length)) - 1;
     return {
         shape,

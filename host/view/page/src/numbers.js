@@ -1,6 +1,6 @@
 /// Numbers as people read them.
 
-const grouping = new Intl.NumberFormat('en', { useGrouping: 'always' });
+const grouping = new Intl.NumberFormat('en', {useGrouping: 'always'});
 
 /// "1,000,000".
 export const counted = (number) => grouping.format(number).replaceAll(',', '\u202f');

@@ -1,8 +1,13 @@
 /// What is written over the picture: the axes, and the bounding box with its dimensions.
 import * as THREE from 'three';
-import { length } from './numbers.js';
 
-const axisColours = { x: '#d43d2a', y: '#2f9e44', z: '#2f6fd1' };
+import {length} from './numbers.js';
+
+const axisColours = {
+    x: '#d43d2a',
+    y: '#2f9e44',
+    z: '#2f6fd1'
+};
 
 /// The four edges of the box along `axis`, as pairs of corners.
 function edgesAlong(box, axis) {
@@ -25,9 +30,10 @@ export class Overlay {
         this.unit = unit;
         this.showsBox = true;
         this.showsAxes = true;
-        this.theme = { text: '#20262c', back: '#ffffff', line: '#5c6670' };
+        this.theme = {text: '#20262c', back: '#ffffff', line: '#5c6670'};
         this.lines = new THREE.LineSegments(
-            new THREE.BufferGeometry(), new THREE.LineBasicMaterial({ transparent: true, opacity: 0.6 }));
+            new THREE.BufferGeometry(),
+            new THREE.LineBasicMaterial({transparent: true, opacity: 0.6}));
         this.lines.frustumCulled = false;
         viewer.scene.add(this.lines);
         viewer.drawn.push(() => this.draw());
@@ -45,8 +51,9 @@ export class Overlay {
 
     draw() {
         const ratio = Math.max(1, Math.min(3, window.devicePixelRatio || 1));
-        const { width, height } = this.viewer;
-        if (this.canvas.width !== Math.round(width * ratio) || this.canvas.height !== Math.round(height * ratio)) {
+        const {width, height} = this.viewer;
+        if (this.canvas.width !== Math.round(width * ratio) ||
+            this.canvas.height !== Math.round(height * ratio)) {
             this.canvas.width = Math.round(width * ratio);
             this.canvas.height = Math.round(height * ratio);
         }
@@ -90,12 +97,13 @@ export class Overlay {
             const edges = edgesAlong(box, axis).map(([begin, end]) => {
                 const a = this.viewer.project(begin);
                 const b = this.viewer.project(end);
-                const at = { x: (a.x + b.x) / 2, y: (a.y + b.y) / 2 };
+                const at = {x: (a.x + b.x) / 2, y: (a.y + b.y) / 2};
                 const away = Math.hypot(at.x - middle.x, at.y - middle.y) || 1;
                 const isUpright = axis === 'z';
-                const worth = isUpright ? away + 0.1 * (at.x - middle.x) : at.y - middle.y + 0.01 * away;
+                const worth =
+                    isUpright ? away + 0.1 * (at.x - middle.x) : at.y - middle.y + 0.01 * away;
                 const seen = Math.hypot(a.x - b.x, a.y - b.y);
-                return { at, away, worth, seen };
+                return {at, away, worth, seen};
             });
             const best = edges.reduce((one, other) => (other.worth > one.worth ? other : one));
             // An axis that points at the eye has no length in the picture.
@@ -103,23 +111,26 @@ export class Overlay {
                 continue;
             const push = 18 / best.away;
             const text = `${length(size[axis])}${this.unit ? ' ' + this.unit : ''}`;
-            this.label(pen, text, best.at.x + (best.at.x - middle.x) * push, best.at.y + (best.at.y - middle.y) * push);
+            this.label(
+                pen, text, best.at.x + (best.at.x - middle.x) * push,
+                best.at.y + (best.at.y - middle.y) * push);
         }
     }
 
     paintAxes(pen) {
-        const centre = { x: 52, y: this.viewer.height - 52 };
+        const centre = {x: 52, y: this.viewer.height - 52};
         const arms = Object.entries(axisColours).map(([name, colour], i) => {
-            const direction = new THREE.Vector3().setComponent(i, 1).applyQuaternion(this.viewer.camera.quaternion.clone().invert());
-            return { name, colour, direction };
+            const direction = new THREE.Vector3().setComponent(i, 1).applyQuaternion(
+                this.viewer.camera.quaternion.clone().invert());
+            return {name, colour, direction};
         });
         arms.sort((one, other) => one.direction.z - other.direction.z);
         pen.font = '600 12px system-ui, sans-serif';
         pen.textAlign = 'center';
         pen.textBaseline = 'middle';
         pen.lineWidth = 2.5;
-        for (const { name, colour, direction } of arms) {
-            const tip = { x: centre.x + direction.x * 28, y: centre.y - direction.y * 28 };
+        for (const {name, colour, direction} of arms) {
+            const tip = {x: centre.x + direction.x * 28, y: centre.y - direction.y * 28};
             pen.globalAlpha = direction.z < -0.3 ? 0.55 : 1;
             pen.strokeStyle = pen.fillStyle = colour;
             pen.beginPath();

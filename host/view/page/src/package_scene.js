@@ -1,12 +1,15 @@
 /// The bodies and wires of a chip package as things to draw.
 import * as THREE from 'three';
-import { onTop, setColour, thickLines } from './lines.js';
-import { sectionColours, selectionColour } from './palette.js';
-import { setOpacity, surfaceMaterial } from './surface_material.js';
-import { tubesOf } from './tubes.js';
+
+import {onTop, setColour, thickLines} from './lines.js';
+import {sectionColours, selectionColour} from './palette.js';
+import {setOpacity, surfaceMaterial} from './surface_material.js';
+import {tubesOf} from './tubes.js';
 
 /// What encloses other things is transparent at first.
-const firstOpacity = { 'package cap': 0.25 };
+const firstOpacity = {
+    'package cap': 0.25
+};
 
 /// Bodies and wires that share a row in the list and are drawn alike.
 class Part {
@@ -27,19 +30,19 @@ class Part {
         this.geometry = mesh.geometry;
         this.material = mesh.material;
         mesh.frustumCulled = false;
-        mesh.userData = { part: this, ownerOf };
+        mesh.userData = {part: this, ownerOf};
         this.object.add(mesh);
     }
 
     makeMaterial(smooth) {
-        return surfaceMaterial({ colour: this.colour, smooth, planes: this.planes });
+        return surfaceMaterial({colour: this.colour, smooth, planes: this.planes});
     }
 }
 
 /// The ends of all segments of the wires' paths.
 function middlesOf(wires) {
     const ends = [];
-    for (const { path } of wires)
+    for (const {path} of wires)
         for (let i = 3; i < path.length; i += 3)
             ends.push(...path.subarray(i - 3, i + 3));
     return ends;
@@ -51,7 +54,7 @@ function boxPart(body, colour, planes) {
     const geometry = new THREE.BoxGeometry(...body.size).translate(...body.center);
     part.addMesh(new THREE.Mesh(geometry, part.makeMaterial(false)), () => body);
     const edges = new THREE.EdgesGeometry(geometry);
-    part.edges = thickLines(edges.attributes.position.array, '#20262c', 1.4, { planes });
+    part.edges = thickLines(edges.attributes.position.array, '#20262c', 1.4, {planes});
     part.object.add(part.edges);
     return part;
 }
@@ -62,8 +65,12 @@ function ballPart(balls, colour, planes) {
     const isMany = balls.length > 1500;
     const geometry = new THREE.SphereGeometry(0.5, isMany ? 10 : 20, isMany ? 7 : 14);
     const mesh = new THREE.InstancedMesh(geometry, part.makeMaterial(true), balls.length);
-    balls.forEach((ball, i) => mesh.setMatrixAt(i, new THREE.Matrix4().compose(
-        new THREE.Vector3(...ball.center), new THREE.Quaternion(), new THREE.Vector3().setScalar(ball.size[0]))));
+    balls.forEach(
+        (ball, i) => mesh.setMatrixAt(
+            i,
+            new THREE.Matrix4().compose(
+                new THREE.Vector3(...ball.center), new THREE.Quaternion(),
+                new THREE.Vector3().setScalar(ball.size[0]))));
     part.addMesh(mesh, (hit) => balls[hit.instanceId]);
     return part;
 }
@@ -73,10 +80,12 @@ function wirePart(profile, wires, colour, planes) {
     const part = new Part(name, 'bond wires', colour, planes);
     part.wires = wires;
     const segments = wires.reduce((sum, wire) => sum + wire.points, 0);
-    const { geometry, wireOfTriangle } = tubesOf(wires, segments > 20000 ? 6 : 10);
-    part.addMesh(new THREE.Mesh(geometry, part.makeMaterial(true)), (hit) => wires[wireOfTriangle[hit.faceIndex]]);
+    const {geometry, wireOfTriangle} = tubesOf(wires, segments > 20000 ? 6 : 10);
+    part.addMesh(
+        new THREE.Mesh(geometry, part.makeMaterial(true)),
+        (hit) => wires[wireOfTriangle[hit.faceIndex]]);
     // From far away a tube is thinner than a pixel; its middle line is not.
-    part.object.add(thickLines(middlesOf(wires), colour, 1, { planes }));
+    part.object.add(thickLines(middlesOf(wires), colour, 1, {planes}));
     return part;
 }
 
@@ -98,7 +107,8 @@ export class PackageScene {
         this.planes = planes;
         this.object = new THREE.Group();
         // A design without colours gets those of the sections, one for each row of the list.
-        const colourOf = (colour) => colour ?? sectionColours[this.parts.length % sectionColours.length];
+        const colourOf = (colour) =>
+            colour ?? sectionColours[this.parts.length % sectionColours.length];
         this.parts = [];
         for (const body of data.bodies.filter((each) => !each.isBall))
             this.parts.push(boxPart(body, colourOf(body.colour), planes));
@@ -112,7 +122,7 @@ export class PackageScene {
         }
         this.selection = new THREE.Group();
         this.object.add(...this.parts.map((part) => part.object), this.selection);
-        this.settings = { features: true, edgeColour: '#20262c' };
+        this.settings = {features: true, edgeColour: '#20262c'};
         this.update();
     }
 
@@ -143,13 +153,13 @@ export class PackageScene {
         const shown = this.parts.filter((part) => part.object.visible).map((part) => part.mesh);
         const plane = this.planes[0] ?? null;
         const hits = caster.intersectObjects(shown, false)
-            .filter((hit) => plane === null || plane.distanceToPoint(hit.point) >= 0);
+                         .filter((hit) => plane === null || plane.distanceToPoint(hit.point) >= 0);
         // What is all but transparent is looked through, unless there is nothing else.
         const hit = hits.find((each) => each.object.userData.part.opacity >= 0.5) ?? hits[0];
         if (hit === undefined)
             return null;
-        const { part, ownerOf } = hit.object.userData;
-        return { part, thing: ownerOf(hit), place: hit.point };
+        const {part, ownerOf} = hit.object.userData;
+        return {part, thing: ownerOf(hit), place: hit.point};
     }
 
     select(hit) {
@@ -158,26 +168,25 @@ export class PackageScene {
             return;
         const box = boxOf(hit.thing);
         const size = box.getSize(new THREE.Vector3());
-        const frame = new THREE.EdgesGeometry(new THREE.BoxGeometry(size.x, size.y, size.z).translate(...box.getCenter(new THREE.Vector3()).toArray()));
+        const frame = new THREE.EdgesGeometry(
+            new THREE.BoxGeometry(size.x, size.y, size.z)
+                .translate(...box.getCenter(new THREE.Vector3()).toArray()));
         const lines = thickLines(frame.attributes.position.array, selectionColour, 2.5, onTop);
         lines.renderOrder = 900;
         this.selection.add(lines);
     }
 
     /// Bodies have few faces.
-    get shownTriangles() {
-        return 0;
-    }
+    get shownTriangles() { return 0; }
 
     /// Findings of packages are of lines of the file, not of places.
-    showFinding() {
-        return null;
-    }
+    showFinding() { return null; }
 }
 
 /// The box of a body or of a wire.
 export function boxOf(thing) {
     if (thing.path === undefined)
-        return new THREE.Box3().setFromCenterAndSize(new THREE.Vector3(...thing.center), new THREE.Vector3(...thing.size));
+        return new THREE.Box3().setFromCenterAndSize(
+            new THREE.Vector3(...thing.center), new THREE.Vector3(...thing.size));
     return new THREE.Box3().setFromArray(thing.path).expandByScalar(thing.diameter / 2);
 }

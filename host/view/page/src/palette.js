@@ -3,7 +3,14 @@
 
 /// For sections, in an order in which neighbours differ in lightness.
 export const sectionColours = [
-    '#286ea9', '#f5a53b', '#3aa182', '#f9e76d', '#684391', '#a6d6ed', '#d9532c', '#d88bbb',
+    '#286ea9',
+    '#f5a53b',
+    '#3aa182',
+    '#f9e76d',
+    '#684391',
+    '#a6d6ed',
+    '#d9532c',
+    '#d88bbb',
 ];
 /// For faces of loads and of surfaces, which always have a pattern.
 export const loadColours = ['#d6006c', '#ff8f8f'];
@@ -13,7 +20,13 @@ export const markColour = '#e60026';
 export const selectionColour = '#ffd400';
 
 /// The patterns that the shader of surface_material.js knows.
-export const patterns = { plain: 0, stripes: 1, dots: 2, bars: 3, squares: 4 };
+export const patterns = {
+    plain: 0,
+    stripes: 1,
+    dots: 2,
+    bars: 3,
+    squares: 4
+};
 
 /// Colour and pattern of the section that is the `index`th of its origin.
 export function styleOf(origin, index) {
@@ -26,7 +39,7 @@ export function styleOf(origin, index) {
 
 function pick(colours, index, cycle) {
     const round = Math.floor(index / colours.length);
-    return { colour: colours[index % colours.length], pattern: cycle[round % cycle.length] };
+    return {colour: colours[index % colours.length], pattern: cycle[round % cycle.length]};
 }
 
 /// Red, green and blue from 0 to 1 as they are in a file, and back.
@@ -39,7 +52,7 @@ export function colourOf(parts) {
 }
 
 /// The swatch of a pattern as a CSS background.
-export function swatchOf({ colour, pattern }) {
+export function swatchOf({colour, pattern}) {
     const shade = colourOf(partsOf(colour).map((part) => part * 0.55));
     switch (pattern) {
         case patterns.stripes:

@@ -3,7 +3,7 @@
 /// The nearest of the first `count` triangles, which are rows of `places`, that `ray` meets on the
 /// side of `plane` that is shown; null where there is none. `isBack`: it is met from behind.
 export function nearestTriangle(ray, nodes, count, places, plane) {
-    const { origin: o, direction: d } = ray;
+    const {origin: o, direction: d} = ray;
     let nearest = null;
     for (let row = 0; row < count; ++row) {
         const a = 3 * nodes[3 * row];
@@ -29,7 +29,7 @@ export function nearestTriangle(ray, nodes, count, places, plane) {
             continue;
         const place = ray.at(distance, o.clone());
         if (plane === null || plane.distanceToPoint(place) >= 0)
-            nearest = { row, distance, place, isBack: determinant < 0 };
+            nearest = {row, distance, place, isBack: determinant < 0};
     }
     return nearest;
 }

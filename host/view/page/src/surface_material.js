@@ -1,7 +1,8 @@
 /// How faces are drawn: lit from beside the eye, one colour to a section, patterned where colours
 /// begin anew, and cut by the cutting plane.
 import * as THREE from 'three';
-import { partsOf } from './palette.js';
+
+import {partsOf} from './palette.js';
 
 const vertexShader = /* glsl */ `
     #include <clipping_planes_pars_vertex>
@@ -59,17 +60,19 @@ const fragmentShader = /* glsl */ `
 `;
 
 /// One for all materials: the physical pixels that a pixel of the page has.
-export const pixelUniform = { value: 1 };
+export const pixelUniform = {
+    value: 1
+};
 
-export function surfaceMaterial({ colour, pattern = 0, smooth = false, planes = null, front = 0 }) {
+export function surfaceMaterial({colour, pattern = 0, smooth = false, planes = null, front = 0}) {
     return new THREE.ShaderMaterial({
         vertexShader,
         fragmentShader,
-        defines: smooth ? { SMOOTH: '' } : {},
+        defines: smooth ? {SMOOTH: ''} : {},
         uniforms: {
-            colour: { value: new THREE.Vector3(...partsOf(colour)) },
-            opacity: { value: 1 },
-            pattern: { value: pattern },
+            colour: {value: new THREE.Vector3(...partsOf(colour))},
+            opacity: {value: 1},
+            pattern: {value: pattern},
             pixel: pixelUniform,
         },
         side: THREE.DoubleSide,

@@ -32,7 +32,13 @@ function framesOf(points) {
         const bend = after.clone().sub(before);
         // Acute bends would make long spikes.
         const stretch = Math.min(2, 1 / Math.max(0.1, middle.dot(after)));
-        return { point, across: across.clone(), other, bend: bend.lengthSq() > 0 ? bend.normalize() : bend, stretch };
+        return {
+            point,
+            across: across.clone(),
+            other,
+            bend: bend.lengthSq() > 0 ? bend.normalize() : bend,
+            stretch
+        };
     });
 }
 
@@ -52,12 +58,16 @@ export function tubesOf(wires, sides) {
             return;
         const first = places.length / 3;
         const frames = framesOf(points);
-        for (const { point, across, other, bend, stretch } of frames)
+        for (const {point, across, other, bend, stretch} of frames)
             for (let side = 0; side < sides; ++side) {
                 const angle = 2 * Math.PI * side / sides;
-                const out = across.clone().multiplyScalar(Math.cos(angle)).addScaledVector(other, Math.sin(angle));
+                const out = across.clone()
+                                .multiplyScalar(Math.cos(angle))
+                                .addScaledVector(other, Math.sin(angle));
                 normals.push(out.x, out.y, out.z);
-                out.addScaledVector(bend, (stretch - 1) * out.dot(bend)).multiplyScalar(wire.diameter / 2).add(point);
+                out.addScaledVector(bend, (stretch - 1) * out.dot(bend))
+                    .multiplyScalar(wire.diameter / 2)
+                    .add(point);
                 places.push(out.x, out.y, out.z);
             }
         for (let ring = 0; ring + 1 < frames.length; ++ring)
@@ -77,5 +87,5 @@ export function tubesOf(wires, sides) {
     geometry.setAttribute('position', new THREE.Float32BufferAttribute(places, 3));
     geometry.setAttribute('normal', new THREE.Float32BufferAttribute(normals, 3));
     geometry.setIndex(nodes);
-    return { geometry, wireOfTriangle };
+    return {geometry, wireOfTriangle};
 }

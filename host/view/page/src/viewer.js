@@ -1,8 +1,9 @@
 /// The picture: renderer, the two cameras, turning, fitting and flying, and drawing when needed.
 import * as THREE from 'three';
-import { OrbitControls } from 'three/examples/jsm/controls/OrbitControls.js';
-import { halfPictureUniform } from './lines.js';
-import { pixelUniform } from './surface_material.js';
+import {OrbitControls} from 'three/examples/jsm/controls/OrbitControls.js';
+
+import {halfPictureUniform} from './lines.js';
+import {pixelUniform} from './surface_material.js';
 
 /// Where the eye is for each standard view, seen from the middle; z points up.
 export const directions = {
@@ -29,8 +30,10 @@ function isSoftware() {
 }
 
 /// The eight corners of a box.
-export const cornersOf = (box) => [0, 1, 2, 3, 4, 5, 6, 7].map((i) => new THREE.Vector3(
-    i & 1 ? box.max.x : box.min.x, i & 2 ? box.max.y : box.min.y, i & 4 ? box.max.z : box.min.z));
+export const cornersOf = (box) => [0, 1, 2, 3, 4, 5, 6, 7].map(
+    (i) => new THREE.Vector3(
+        i & 1 ? box.max.x : box.min.x, i & 2 ? box.max.y : box.min.y,
+        i & 4 ? box.max.z : box.min.z));
 
 export class Viewer {
     /// `box` is that of all that can be shown. Throws where the browser has no WebGL 2.
@@ -44,14 +47,15 @@ export class Viewer {
             stencil: true,
         });
         this.renderer.localClippingEnabled = true;
-        this.renderer.outputColorSpace = THREE.LinearSRGBColorSpace;  // colours are as they are named
+        this.renderer.outputColorSpace =
+            THREE.LinearSRGBColorSpace;  // colours are as they are named
         this.scene = new THREE.Scene();
         this.model = new THREE.Group();
         this.scene.add(this.model);
         this.box = box;
         this.reach = box;  // holds all that may be drawn
         this.isCoarse = false;
-        this.shown = { shownTriangles: 0 };  // the scene in `model`
+        this.shown = {shownTriangles: 0};  // the scene in `model`
         this.cameras = {
             perspective: new THREE.PerspectiveCamera(fieldOfView),
             parallel: new THREE.OrthographicCamera(),
@@ -65,7 +69,7 @@ export class Viewer {
         this.controls.addEventListener('change', () => this.move());
         this.controls.addEventListener('start', () => (this.fitted = null));
         this.fitted = null;  // the direction from which all is shown until somebody turns it
-        this.drawn = [];  // called after each drawing
+        this.drawn = [];     // called after each drawing
         this.frames = 0;
         this.movingRatio = 0;
         this.lastMove = -Infinity;
@@ -73,9 +77,7 @@ export class Viewer {
         this.resize();
     }
 
-    get isParallel() {
-        return this.camera.isOrthographicCamera === true;
-    }
+    get isParallel() { return this.camera.isOrthographicCamera === true; }
 
     /// `box` as it is shown: stretched along z.
     stretched(box) {
@@ -85,12 +87,10 @@ export class Viewer {
         return shown;
     }
 
-    get shownBox() {
-        return this.stretched(this.box);
-    }
+    get shownBox() { return this.stretched(this.box); }
 
     resize() {
-        const { clientWidth: width, clientHeight: height } = this.canvas.parentElement;
+        const {clientWidth: width, clientHeight: height} = this.canvas.parentElement;
         this.width = Math.max(1, width);
         this.height = Math.max(1, height);
         this.ratio = 0;
@@ -164,7 +164,9 @@ export class Viewer {
             this.camera.near = middle - radius;
             const half = this.parallelHeight / 2;
             const aspect = this.width / this.height;
-            Object.assign(this.camera, { top: half, bottom: -half, left: -half * aspect, right: half * aspect });
+            Object.assign(
+                this.camera,
+                {top: half, bottom: -half, left: -half * aspect, right: half * aspect});
         } else {
             this.camera.near = Math.max(middle - radius, radius / 1000);
             this.camera.far = Math.max(this.camera.far, this.camera.near * 2);
@@ -179,7 +181,8 @@ export class Viewer {
         const towards = new THREE.Vector3(...direction).normalize();
         const right = new THREE.Vector3(0, 0, 1).cross(towards).normalize();
         const up = towards.clone().cross(right);
-        const slope = Math.tan(THREE.MathUtils.degToRad(fieldOfView / 2)) * 0.86;  // leaves a margin
+        const slope =
+            Math.tan(THREE.MathUtils.degToRad(fieldOfView / 2)) * 0.86;  // leaves a margin
         // The picture's four sides are planes through the eye, each pushed out to the corners.
         const fitAlong = (axis, sideSlope) => {
             let high = -Infinity;
@@ -191,12 +194,17 @@ export class Viewer {
                 low = Math.min(low, offset.dot(axis) - depth);
             }
             const extent = isTarget ? 2 * Math.max(high, -low) : high - low;
-            return { shift: isTarget ? 0 : (high + low) / 2, extent, distance: extent / 2 / sideSlope };
+            return {
+                shift: isTarget ? 0 : (high + low) / 2,
+                extent,
+                distance: extent / 2 / sideSlope
+            };
         };
         const upright = fitAlong(up, slope);
         const across = fitAlong(right, slope * this.width / this.height);
         const distance = Math.max(upright.distance, across.distance) || 1;
-        const target = middle.addScaledVector(up, upright.shift).addScaledVector(right, across.shift);
+        const target =
+            middle.addScaledVector(up, upright.shift).addScaledVector(right, across.shift);
         return {
             target,
             position: target.clone().addScaledVector(towards, distance),
@@ -221,7 +229,7 @@ export class Viewer {
         return 2 * distance * Math.tan(THREE.MathUtils.degToRad(fieldOfView / 2));
     }
 
-    place({ position, target, height }) {
+    place({position, target, height}) {
         this.camera.position.copy(position);
         this.controls.target.copy(target);
         if (this.isParallel)
@@ -262,9 +270,11 @@ export class Viewer {
 
     /// Looks at `box` from where the eye is, with surroundings of `margin` times its size.
     flyToBox(box, margin) {
-        const size = box.getSize(new THREE.Vector3()).length() || this.shownBox.getSize(new THREE.Vector3()).length() / 50;
+        const size = box.getSize(new THREE.Vector3()).length() ||
+            this.shownBox.getSize(new THREE.Vector3()).length() / 50;
         const middle = box.getCenter(new THREE.Vector3());
-        const around = new THREE.Box3().setFromCenterAndSize(middle, new THREE.Vector3(1, 1, 1).multiplyScalar(size * margin / Math.sqrt(3)));
+        const around = new THREE.Box3().setFromCenterAndSize(
+            middle, new THREE.Vector3(1, 1, 1).multiplyScalar(size * margin / Math.sqrt(3)));
         this.flyTo(this.poseFor(around, this.direction, true));
     }
 
@@ -273,7 +283,7 @@ export class Viewer {
         if (isParallel === this.isParallel)
             return;
         const height = this.visibleHeight;
-        const { position, quaternion } = this.camera;
+        const {position, quaternion} = this.camera;
         const next = isParallel ? this.cameras.parallel : this.cameras.perspective;
         next.quaternion.copy(quaternion);
         next.position.copy(position);
@@ -295,11 +305,13 @@ export class Viewer {
     turn(angle, tilt = 0) {
         this.fitted = null;
         const offset = this.camera.position.clone().sub(this.controls.target);
-        const spherical = new THREE.Spherical().setFromCartesianCoords(offset.x, offset.z, -offset.y);
+        const spherical =
+            new THREE.Spherical().setFromCartesianCoords(offset.x, offset.z, -offset.y);
         spherical.theta += angle;
         spherical.phi = THREE.MathUtils.clamp(spherical.phi + tilt, 1e-4, Math.PI - 1e-4);
         const turned = new THREE.Vector3().setFromSpherical(spherical);
-        this.camera.position.copy(this.controls.target).add(new THREE.Vector3(turned.x, -turned.z, turned.y));
+        this.camera.position.copy(this.controls.target)
+            .add(new THREE.Vector3(turned.x, -turned.z, turned.y));
         this.controls.update();
         this.move();
     }
@@ -317,13 +329,18 @@ export class Viewer {
     /// A place of the world in pixels of the page, from the top left of the picture.
     project(place) {
         const point = place.clone().project(this.camera);
-        return { x: (point.x + 1) / 2 * this.width, y: (1 - point.y) / 2 * this.height, depth: point.z };
+        return {
+            x: (point.x + 1) / 2 * this.width,
+            y: (1 - point.y) / 2 * this.height,
+            depth: point.z
+        };
     }
 
     /// The ray through a pixel.
     rayThrough(x, y) {
         const caster = new THREE.Raycaster();
-        caster.setFromCamera(new THREE.Vector2(x / this.width * 2 - 1, 1 - y / this.height * 2), this.camera);
+        caster.setFromCamera(
+            new THREE.Vector2(x / this.width * 2 - 1, 1 - y / this.height * 2), this.camera);
         return caster.ray;
     }
 }
