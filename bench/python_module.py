@@ -2,7 +2,7 @@
 """Measures the Python module on one file.
 
 usage: python_module.py read FILE       processor time of one read and peak memory
-       python_module.py threads FILE    seconds for four reads, by one thread and by four
+       python_module.py threads FILE    seconds for four reads, in a loop and by pools of threads
 """
 import resource
 import sys
@@ -33,15 +33,23 @@ def threads(path):
 
     import kvocaeio
 
-    def seconds(number):
-        begin = time.perf_counter()
-        with ThreadPoolExecutor(number) as pool:
-            for model in pool.map(kvocaeio.read, [path] * 4):
+    def loop():
+        for _ in range(4):
+            kvocaeio.read(path).close()
+
+    def pool(number):
+        with ThreadPoolExecutor(number) as workers:
+            for model in workers.map(kvocaeio.read, [path] * 4):
                 model.close()
+
+    def seconds(work, *arguments):
+        begin = time.perf_counter()
+        work(*arguments)
         return time.perf_counter() - begin
 
-    seconds(1)
-    print(f"alone={seconds(1)} together={seconds(4)}")
+    loop()
+    one, two, four = (seconds(pool, number) for number in (1, 2, 4))
+    print(f"loop={seconds(loop)} one={one} two={two} four={four}")
 
 
 if __name__ == "__main__":

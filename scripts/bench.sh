@@ -6,7 +6,7 @@
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
 #        scripts/bench.sh python [N]
 #   FORMAT   abaqus, 3di, nastran or patran (all of them)
-#   python   instead, the Python module against the import in C++, and by four threads
+#   python   instead, the Python module against the import in C++, and in threads
 #   N        elements of the meshes, geometry blocks of the package (1000000)
 #   --scale  and the time per element for 10,000 to 5,000,000 elements
 #   --peers  and other readers of the formats, as far as they are installed
@@ -323,10 +323,12 @@ comparePython() {
     for ((round = 0; round < rounds; ++round)); do
         reads+=$("$pythonProgram" "$script" threads "$file")$'\n'
     done
-    printf '\nFour decks: one thread %.3f s, four threads %.3f s, ratio %.2f (%d cores)\n' \
-        "$(field alone <<<"$reads" | median)" "$(field together <<<"$reads" | median)" \
-        "$(paste <(field alone <<<"$reads") <(field together <<<"$reads") |
-            awk '{ print $1 / $2 }' | median)" "$(nproc)"
+    printf '\nFour decks on %d cores, and how many times as fast as in a loop\n' "$(nproc)"
+    for kind in loop one two four; do
+        printf '%-11s %9.3f %7.2f\n' "$kind" "$(field "$kind" <<<"$reads" | median)" \
+            "$(paste <(field loop <<<"$reads") <(field "$kind" <<<"$reads") |
+                awk '{ print $1 / $2 }' | median)"
+    done
 }
 
 if [ -n "$python" ]; then
