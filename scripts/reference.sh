@@ -9,5 +9,5 @@ KVOCAEIO_VERSION=$(sed -n 's/^#define KVOCAEIO_VERSION_M[A-Z]* \|^#define KVOCAE
 export KVOCAEIO_VERSION KVOCAEIO_REFERENCE=build/reference
 rm -rf "$KVOCAEIO_REFERENCE"
 mkdir -p "$KVOCAEIO_REFERENCE"
-doxygen docs/Doxyfile
+doxygen scripts/Doxyfile
 echo "$KVOCAEIO_REFERENCE/html/index.html"

@@ -6,4 +6,3 @@ GRID           4              0.      0.      1.
 CTETRA         1       1       1       2       3       4
 PSOLID         1       1
 INCLUDE
-ENDDATA
