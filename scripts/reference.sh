@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Makes the reference site of the headers and pages in build/reference/html (Doxygen). A member that is
-# not documented, and a link that leads nowhere, is an error.
+# Makes the reference site in build/reference/html: headers and pages by Doxygen, and, where the Linux
+# build has packed it, the Python module by pydoc. A member that is not documented, and a link that
+# leads nowhere, is an error; docstrings are held by the module's own tests.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -8,6 +9,16 @@ KVOCAEIO_VERSION=$(sed -n 's/^#define KVOCAEIO_VERSION_M[A-Z]* \|^#define KVOCAE
     include/kvocaeio/export.h | paste -s -d .)
 export KVOCAEIO_VERSION KVOCAEIO_REFERENCE=build/reference
 rm -rf "$KVOCAEIO_REFERENCE"
-mkdir -p "$KVOCAEIO_REFERENCE"
+mkdir -p "$KVOCAEIO_REFERENCE/python"
 doxygen scripts/Doxyfile
+
+wheel=$(find build/linux-release -maxdepth 2 -name 'kvocaeio-*.whl')
+if [ -n "$wheel" ]; then
+    (
+        cd "$KVOCAEIO_REFERENCE/python"
+        /usr/bin/python3 -m zipfile -e "../../../$wheel" .
+        /usr/bin/python3 -m pydoc -w kvocaeio kvocaeio.meshio
+        mv ./*.html ../html/
+    )
+fi
 echo "$KVOCAEIO_REFERENCE/html/index.html"
