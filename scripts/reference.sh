@@ -18,6 +18,8 @@ if [ -n "$wheel" ]; then
         cd "$KVOCAEIO_REFERENCE/python"
         /usr/bin/python3 -m zipfile -e "../../../$wheel" .
         /usr/bin/python3 -m pydoc -w kvocaeio kvocaeio.meshio
+        # Without the path of this folder, and with what pydoc escapes twice.
+        sed -i -E 's#<a href="file:[^"]*">[^<]*</a>##; s/&amp;gt;/\&gt;/g' ./*.html
         mv ./*.html ../html/
     )
 fi
