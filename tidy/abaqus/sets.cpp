@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <ranges>
 #include <set>
 #include <string>
 #include <utility>
@@ -114,10 +113,11 @@ Members membersOf(const Model& model, const FoundSet& found, SetKind kind) {
             appendRun(isOwn ? *next.scope : model.scopeOf(run.instance), kind,
                       isOwn ? next.instance : run.instance, run, members);
         }
-        for (const SetName& name : std::views::reverse(next.set->names)) {  // the first is next
-            const bool isOwn = name.instance == kOwnScope;
-            waiting.push_back(findSet(model, isOwn ? *next.scope : model.scopeOf(name.instance),
-                                      isOwn ? next.instance : name.instance, name.name, kind));
+        const std::vector<SetName>& names = next.set->names;
+        for (auto name = names.rbegin(); name != names.rend(); ++name) {  // the first is next
+            const bool isOwn = name->instance == kOwnScope;
+            waiting.push_back(findSet(model, isOwn ? *next.scope : model.scopeOf(name->instance),
+                                      isOwn ? next.instance : name->instance, name->name, kind));
         }
     }
     members.cost += members.list.size();
