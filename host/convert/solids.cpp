@@ -76,8 +76,10 @@ std::size_t countInfinitePlaces(const SolidMesh& mesh) {
 SolidMesh takeSolids(const InputFile& file, const ConvertOptions& options) {
     const Format& format = findFormatToTidy(file.path(), !options.asIs);
     if (format.takeSolids == nullptr)
-        throw FileError("is of a format that is not converted (" + std::string(format.name) +
-                            "); Abaqus decks and Patran neutral files are",
+        throw FileError("is a " + std::string(format.name) +
+                            ", and this kind of file is written of Abaqus decks and Patran neutral "
+                            "files; meshes of all formats are written as .vtu, .inp, .glb and with "
+                            "--nastran=wide",
                         "not-converted");
     TidiedDeck deck(file.path(), options.source);
     if (!options.asIs)

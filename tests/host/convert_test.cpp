@@ -240,8 +240,9 @@ TEST(ConvertFailure, LeavesTheOldFileAlone) {
                   ": cannot be read: No such file or directory\n");
     EXPECT_EQ(failureOf(sampleDeck("stack.3di"), old),
               "kvocaeio: " + sampleDeck("stack.3di") +
-                  ": is of a format that is not converted (3DI package); Abaqus decks and Patran "
-                  "neutral files are\n");
+                  ": is a 3DI package, and this kind of file is written of Abaqus decks and Patran "
+                  "neutral files; meshes of all formats are written as .vtu, .inp, .glb and with "
+                  "--nastran=wide\n");
     EXPECT_EQ(readBytes(old), "keep me");
     EXPECT_THAT(namesIn(folder), ElementsAre("old.nas"));
 }
