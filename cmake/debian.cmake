@@ -33,8 +33,15 @@ endif()
 install(CODE [[file(RPATH_REMOVE FILE "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/bin/kvocaeio")]]
     ${as_program})
 
-# What Debian wants in every package: terms of use, and a changelog of its own.
+# The program holds zlib, as the archive's does; lintian wants to be told that this is meant.
 set(debianFolder ${PROJECT_BINARY_DIR}/debian)
+if(KVOCAEIO_HAS_ZLIB)
+    file(WRITE ${debianFolder}/overrides "kvocaeio: embedded-library *zlib*\n")
+    install(FILES ${debianFolder}/overrides RENAME ${packageOf_program}
+        DESTINATION share/lintian/overrides ${as_program})
+endif()
+
+# What Debian wants in every package: terms of use, and a changelog of its own.
 string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 file(READ LICENSE license)
 file(READ ${notices} noticeText)

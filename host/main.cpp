@@ -147,6 +147,7 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& options) {
     convert->add_option("--scale", options.scale, "Multiply all coordinates by this number.")
         ->type_name("FACTOR")
         ->check(CLI::PositiveNumber);
+    convert->add_flag("--compress", options.compress, "Compress the arrays of a VTK file.");
     convert->add_flag("--normalised", options.normalised,
                       "Take the normalised mesh of an Abaqus deck instead of the elements that it "
                       "lists.");

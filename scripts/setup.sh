@@ -15,12 +15,15 @@ set -euo pipefail
 
 [ $# -gt 0 ] || set -- build package test fuzz bench
 
-packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev)
+packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libcli11-dev nlohmann-json3-dev
+    zlib1g-dev)
 locales=()
 for part in "$@"; do
     case $part in
         build) ;;
-        package) packages+=(g++-mingw-w64-x86-64-posix llvm dpkg-dev file python3) ;;
+        package)
+            packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev llvm dpkg-dev file python3)
+            ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
                 python3 wine64 lintian groff-base fish zsh doxygen abigail-tools chromium

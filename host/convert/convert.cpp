@@ -113,7 +113,7 @@ std::optional<Failure> attempt(const std::string& file, const Step& step) {
 std::optional<Failure> convert(const ConvertOptions& options, std::optional<Conversion>& written) {
     Content content;
     std::optional<InputFile> source;
-    std::optional<Failure> failure = attempt(options.target, [&] { targetOf(options.target); });
+    std::optional<Failure> failure = attempt(options.target, [&] { checkTarget(options); });
     if (!failure)
         failure = attempt(options.source, [&] {
             const bool areReports = kindOf(options.source) == FileKind::kFolder &&

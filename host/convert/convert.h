@@ -17,6 +17,7 @@ struct ConvertOptions {
     std::string unit;          ///< length unit of the coordinates; empty where it was not told
     double scale = 1.0;        ///< coordinates are multiplied by it
     bool wideNastran = false;  ///< Nastran decks of any elements in wide fields
+    bool compress = false;     ///< arrays of VTK files in compressed blocks
     bool normalised = false;   ///< take the normalised mesh of an Abaqus deck
     bool force = false;        ///< write in spite of OIDs that are defined twice
     bool strict = false;       ///< what is left out makes the conversion fail

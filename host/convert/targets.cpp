@@ -11,6 +11,7 @@
 #include "nastran/mesh_writer.h"
 #include "nastran/wide_writer.h"
 #include "patran/mesh_writer.h"
+#include "vtk/deflate.h"
 #include "vtk/mesh_file.h"
 #include "vtk/package_file.h"
 
@@ -34,8 +35,8 @@ constexpr std::array<Target, 7> kTargets = {{
      .name = "glTF",
      .writeMesh = writeGltfMesh,
      .writeScene = writeGltfPackage},
-    {.extension = ".vtu", .name = "VTK", .writeMesh = writeVtkMesh},
-    {.extension = ".vtp", .name = "VTK", .writeScene = writeVtkPackage},
+    {.extension = ".vtu", .name = "VTK", .writeMesh = writeVtkMesh, .isCompressible = true},
+    {.extension = ".vtp", .name = "VTK", .writeScene = writeVtkPackage, .isCompressible = true},
 }};
 
 /// ".nas, .bdf (Nastran), .inp (Abaqus)": the targets that are wanted.
@@ -64,6 +65,20 @@ const Target& targetOf(const std::string& path) {
                             extensionsOf([](const Target&) { return true; }),
                         "unknown-target");
     return *target;
+}
+
+void checkTarget(const ConvertOptions& options) {
+    const Target& target = targetOf(options.target);
+    if (!options.compress)
+        return;
+    if (!target.isCompressible)
+        throw FileError("cannot be compressed, as " + extensionsOf([](const Target& each) {
+                            return each.isCompressible;
+                        }) + " can be",
+                        "not-compressed");
+    if (!canDeflate())
+        throw FileError("cannot be compressed: this program was built without zlib",
+                        "not-compressed");
 }
 
 std::string meshTargets() {

@@ -22,10 +22,14 @@ struct Target {
     /// The same for a package.
     void (*writeScene)(PackageScene& scene, const std::string& path,
                        const ConvertOptions& options) = nullptr;
+    bool isCompressible = false;
 };
 
 /// The target that the name of the file at `path` tells. Throws `FileError`.
 const Target& targetOf(const std::string& path);
+
+/// Throws `FileError` where the target cannot be written in the way that the options want.
+void checkTarget(const ConvertOptions& options);
 
 /// Whether the library's writer takes it.
 inline bool isWrittenByLibrary(const Target& target, const ConvertOptions& options) {

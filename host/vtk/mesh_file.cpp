@@ -51,8 +51,8 @@ std::uint8_t geometryTypeOf(const MeshSection& section) {
 
 class MeshFile {
   public:
-    MeshFile(const Mesh& mesh, const std::string& path)
-        : mesh_(mesh), cells_(mesh.elements()), file_(path, "UnstructuredGrid") {
+    MeshFile(const Mesh& mesh, const std::string& path, bool compress)
+        : mesh_(mesh), cells_(mesh.elements()), file_(path, "UnstructuredGrid", compress) {
         std::map<std::string, std::int32_t> sets;
         for (const MeshSection& section : mesh.sections) {
             const auto [set, isNew] =
@@ -192,7 +192,7 @@ class MeshFile {
 }  // namespace
 
 void writeVtkMesh(Mesh& mesh, const std::string& path, const ConvertOptions& options) {
-    MeshFile(mesh, path).write(options.source);
+    MeshFile(mesh, path, options.compress).write(options.source);
 }
 
 }  // namespace kvocaeio::host

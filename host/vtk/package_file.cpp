@@ -24,9 +24,9 @@ constexpr unsigned kGrey = 0xb4b4b4;
 
 class PackageFile {
   public:
-    PackageFile(const PackageScene& scene, const std::string& path)
+    PackageFile(const PackageScene& scene, const std::string& path, bool compress)
         : scene_(scene),
-          file_(path, "PolyData"),
+          file_(path, "PolyData", compress),
           box_(makeBox()),
           ball_(std::ranges::count(scene.bodies, true, &PackageBody::isBall) < kManyBalls
                     ? makeSphere(5, 12)
@@ -203,7 +203,7 @@ class PackageFile {
 }  // namespace
 
 void writeVtkPackage(PackageScene& scene, const std::string& path, const ConvertOptions& options) {
-    PackageFile(scene, path).write(options.source);
+    PackageFile(scene, path, options.compress).write(options.source);
 }
 
 }  // namespace kvocaeio::host

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "file_report.h"
+#include "vtk/deflate.h"
 
 namespace kvocaeio::host {
 
@@ -13,6 +14,9 @@ namespace {
 
 // The head tells where the arrays lie, so it is written last, into room that is kept for it.
 constexpr std::size_t kHeadRoom = std::size_t{16} * 1024;
+
+// What is compressed at a time.
+constexpr std::size_t kBlockBytes = std::size_t{64} * 1024;
 
 constexpr std::string_view kByteOrder =
     std::endian::native == std::endian::little ? "LittleEndian" : "BigEndian";
@@ -23,13 +27,16 @@ constexpr std::string_view kByteOrder =
 
 }  // namespace
 
-VtkFile::VtkFile(const std::string& path, std::string_view dataSet) : file_(openFile(path, "wb")) {
+VtkFile::VtkFile(const std::string& path, std::string_view dataSet, bool compress)
+    : file_(openFile(path, "wb")), compress_(compress) {
     if (!file_)
         throw FileError("cannot be written: " + systemFailure(), "cannot-be-written");
     const std::string room(kHeadRoom, ' ');
     write(room.data(), room.size());
+    offset_ = 0;
     open("VTKFile", " type=\"" + std::string(dataSet) + "\" version=\"1.0\" byte_order=\"" +
-                        std::string(kByteOrder) + "\" header_type=\"UInt64\"");
+                        std::string(kByteOrder) + "\" header_type=\"UInt64\"" +
+                        (compress ? " compressor=\"vtkZLibDataCompressor\"" : ""));
     lines_.clear();  // it ends after the arrays
     open(dataSet);
 }
@@ -64,9 +71,50 @@ void VtkFile::begin(std::string_view element, std::string_view name, std::string
     attribute("format", "appended");
     attribute("offset", std::to_string(offset_));
     addLine(line + "/>");
+    if (compress_)
+        return beginBlocks(bytes);
     const std::uint64_t length = bytes;
     write(&length, sizeof length);
-    offset_ += sizeof length + length;
+}
+
+void VtkFile::appendBytes(const void* bytes, std::size_t size) {
+    if (!compress_)
+        return write(bytes, size);
+    const char* next = static_cast<const char*>(bytes);
+    while (size != 0) {
+        const std::size_t taken = std::min(size, kBlockBytes - block_.size());
+        block_.append(next, taken);
+        next += taken;
+        size -= taken;
+        left_ -= taken;
+        if (block_.size() == kBlockBytes || left_ == 0)
+            writeBlock();
+    }
+}
+
+// The compressed sizes of an array's blocks stand before these, and are written after them into
+// room that is kept for it.
+void VtkFile::beginBlocks(std::size_t bytes) {
+    left_ = bytes;
+    blockTable_ = {(bytes + kBlockBytes - 1) / kBlockBytes, kBlockBytes, bytes % kBlockBytes};
+    std::fgetpos(file_.get(), &tablePlace_);
+    auto room = blockTable_;
+    room.resize(room.size() + blockTable_[0]);
+    write(room.data(), room.size() * sizeof room[0]);
+}
+
+void VtkFile::writeBlock() {
+    const std::string stream = deflated(block_);
+    block_.clear();
+    write(stream.data(), stream.size());
+    blockTable_.push_back(stream.size());
+    if (left_ != 0)
+        return;
+    std::fpos_t end{};
+    std::fgetpos(file_.get(), &end);
+    std::fsetpos(file_.get(), &tablePlace_);
+    std::fwrite(blockTable_.data(), sizeof blockTable_[0], blockTable_.size(), file_.get());
+    std::fsetpos(file_.get(), &end);
 }
 
 void VtkFile::strings(std::string_view name, std::span<const std::string> texts) {
@@ -74,7 +122,7 @@ void VtkFile::strings(std::string_view name, std::span<const std::string> texts)
     for (const std::string& text : texts)
         bytes.append(text.c_str()).push_back('\0');  // up to a zero of its own
     begin("Array", name, "String", texts.size(), 1, bytes.size());
-    write(bytes.data(), bytes.size());
+    appendBytes(bytes.data(), bytes.size());
 }
 
 void VtkFile::byteRows(std::string_view name, std::span<const std::string> texts) {
@@ -92,6 +140,7 @@ void VtkFile::byteRows(std::string_view name, std::span<const std::string> texts
 
 void VtkFile::write(const void* bytes, std::size_t size) {
     std::fwrite(bytes, 1, size, file_.get());
+    offset_ += size;
 }
 
 void VtkFile::finish() {
@@ -107,7 +156,7 @@ void VtkFile::finish() {
     if (head.size() + data.size() >= kHeadRoom)
         throw std::length_error("the head of a VTK file is longer than its room");
     head.append(kHeadRoom - head.size() - data.size() - 1, ' ').append("\n").append(data);
-    std::rewind(file_.get());
+    std::fseek(file_.get(), 0, SEEK_SET);  // rewind would forget that a write has failed
     write(head.data(), head.size());
     if (std::ferror(file_.get()) != 0 || std::fclose(file_.release()) != 0)
         throwCannotWrite();

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,8 +35,8 @@ inline constexpr std::string_view kVtkType<double> = "Float64";
 /// Nothing tells whether a call could write, but `finish`.
 class VtkFile {
   public:
-    /// Begins a file of one data set ("UnstructuredGrid").
-    VtkFile(const std::string& path, std::string_view dataSet);
+    /// Begins a file of one data set ("UnstructuredGrid"), with arrays compressed where `compress`.
+    VtkFile(const std::string& path, std::string_view dataSet, bool compress);
 
     /// `attributes` as they stand in the file, with a blank before each.
     void open(std::string_view element, const std::string& attributes = "");
@@ -55,7 +56,7 @@ class VtkFile {
     }
     template <class Number>
     void append(std::span<const Number> numbers) {
-        write(numbers.data(), numbers.size_bytes());
+        appendBytes(numbers.data(), numbers.size_bytes());
     }
     /// Appends `number` as often as `times`.
     template <class Number>
@@ -77,13 +78,23 @@ class VtkFile {
   private:
     void begin(std::string_view element, std::string_view name, std::string_view type,
                std::size_t size, std::size_t components, std::size_t bytes);
+    void appendBytes(const void* bytes, std::size_t size);
+    void beginBlocks(std::size_t bytes);
+    void writeBlock();
     void write(const void* bytes, std::size_t size);
     void addLine(const std::string& line);
 
     CFile file_;
     std::vector<std::string> lines_;                         // of the head, the last one first
     std::vector<std::pair<std::string, std::string>> open_;  // with attributes
-    std::uint64_t offset_ = 0;                               // of the next array, behind the head
+    std::uint64_t offset_ = 0;                               // of the next byte, behind the head
+
+    bool compress_;
+    // Of the array that is being compressed:
+    std::string block_;                      // bytes that are not compressed yet
+    std::size_t left_ = 0;                   // bytes of the array behind those
+    std::vector<std::uint64_t> blockTable_;  // how many, how long, a shorter last one; streams
+    std::fpos_t tablePlace_{};
 };
 
 }  // namespace kvocaeio::host

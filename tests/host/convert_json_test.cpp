@@ -50,6 +50,12 @@ TEST(ConvertJson, OfAConversion) {
               "168 quadratic elements without their mid-side nodes");
 }
 
+TEST(ConvertJson, OfATargetThatIsNotCompressed) {
+    const TempFolder folder;
+    const json report = reportOf({"--compress", sampleDeck("clip.inp"), folder.file("out.inp")}, 1);
+    EXPECT_EQ(findingsOf(report), (Words{"error not-compressed 1"}));
+}
+
 TEST(ConvertJson, OfAllSamplesInBothFormats) {
     const TempFolder folder;
     for (const char* sample :

@@ -277,7 +277,7 @@ TEST(ConvertFailure, DeckThatCannotBeNormalised) {
 #if !defined(_WIN32)
 
 TEST(ConvertFailure, FullDiskLeavesNothingBehind) {
-    for (const char* name : {"old.nas", "old.pat", "old.inp", "old.glb"}) {
+    for (const char* name : {"old.nas", "old.pat", "old.inp", "old.glb", "old.vtu"}) {
         const TempFolder folder;
         const std::string old = folder.write(name, "keep me");
         // A file may not grow beyond four blocks; the signal for that would end the program.

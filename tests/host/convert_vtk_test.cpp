@@ -11,6 +11,7 @@ using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::SizeIs;
 
 // A brick and a wedge under one name, a pyramid, a shell, a quadratic tetrahedron, a bar, a load.
@@ -194,6 +195,55 @@ TEST(ConvertVtk, RefusesWhatTheTargetIsNotFor) {
                   ": is a package, which is not written as .vtu but as .glb (glTF), .vtp (VTK)\n");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "out.vtu"));
 }
+
+#if KVOCAEIO_HAS_ZLIB
+
+TEST(ConvertVtk, HoldsTheSameInCompressedBlocks) {
+    const std::string package = sampleDeck("stack.3di");
+    const VtkDocument plain = converted({}, package, "out.vtp");
+    const VtkDocument file = converted({"--compress"}, package, "out.vtp");
+    EXPECT_THAT(file.head(), HasSubstr(" compressor=\"vtkZLibDataCompressor\">"));
+    EXPECT_THAT(plain.head(), Not(HasSubstr("compressor")));
+    for (const char* name : {"Body", "Wire", "Profile"})
+        EXPECT_EQ(file.ints("CellData", name), plain.ints("CellData", name)) << name;
+    EXPECT_EQ(file.ints("Polys", "connectivity"), plain.ints("Polys", "connectivity"));
+    EXPECT_EQ(file.doubles("Points", "Points"), plain.doubles("Points", "Points"));
+    EXPECT_EQ(file.bytes("CellData", "Color"), plain.bytes("CellData", "Color"));
+    EXPECT_EQ(file.texts("FieldData", "BodyNames")[1], "LOGIC_DIE");
+}
+
+TEST(ConvertVtk, CompressesToAPart) {
+    const TempFolder folder;
+    const auto sizeOf = [&](const char* option) {
+        const std::string out = folder.file("out.vtp");
+        EXPECT_EQ(runHost({"convert", option, sampleDeck("stack.3di"), out}).exitCode, 0);
+        return std::filesystem::file_size(out);
+    };
+    EXPECT_LT(sizeOf("--compress"), sizeOf("--as-is") / 3);
+}
+
+TEST(ConvertVtk, CompressesNoOtherTargets) {
+    const TempFolder folder;
+    const std::string out = folder.file("out.glb");
+    const Outcome outcome = runHost({"convert", "--compress", sampleDeck("stack.3di"), out});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.errors,
+              "kvocaeio: " + out + ": cannot be compressed, as .vtu, .vtp (VTK) can be\n");
+    EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+#else
+
+TEST(ConvertVtk, SaysThatItCannotCompress) {
+    const TempFolder folder;
+    const std::string out = folder.file("out.vtp");
+    const Outcome outcome = runHost({"convert", "--compress", sampleDeck("stack.3di"), out});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.errors,
+              "kvocaeio: " + out + ": cannot be compressed: this program was built without zlib\n");
+}
+
+#endif
 
 TEST(ConvertVtk, RefusesMeshesWithoutElements) {
     const TempFolder folder;

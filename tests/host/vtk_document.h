@@ -1,4 +1,4 @@
-/// A VTK file of arrays as raw bytes, as far as tests look into it.
+/// A VTK file of arrays as raw bytes or compressed blocks of them, as far as tests look into it.
 #pragma once
 
 #include <algorithm>
@@ -8,6 +8,10 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#if KVOCAEIO_HAS_ZLIB
+#include <zlib.h>
+#endif
 
 namespace kvocaeio::test {
 
@@ -91,10 +95,42 @@ class VtkDocument {
         if (attribute(line, "type") != type)
             throw std::runtime_error(element + " has no array " + name + " of " + type);
         const std::size_t at = data_ + std::stoul(attribute(line, "offset"));
-        std::uint64_t size = 0;
-        std::memcpy(&size, bytes_.data() + at, sizeof size);
-        return bytes_.substr(at + sizeof size, size);
+#if KVOCAEIO_HAS_ZLIB
+        if (head_.find("compressor=") != std::string::npos)
+            return inflatedBytes(at);
+#endif
+        return bytes_.substr(at + sizeof(std::uint64_t), numberAt(at));
     }
+
+    std::uint64_t numberAt(std::size_t at) const {
+        std::uint64_t number = 0;
+        std::memcpy(&number, bytes_.data() + at, sizeof number);
+        return number;
+    }
+
+#if KVOCAEIO_HAS_ZLIB
+    /// The blocks at `at`, after how many there are, how long they are, and the last one where it
+    /// is shorter, and the compressed length of each.
+    std::string inflatedBytes(std::size_t at) const {
+        const std::size_t blocks = numberAt(at);
+        std::size_t stream = at + 8 * (3 + blocks);
+        std::string bytes;
+        for (std::size_t block = 0; block < blocks; ++block) {
+            const bool isShort = block + 1 == blocks && numberAt(at + 16) != 0;
+            uLongf size = static_cast<uLongf>(numberAt(at + (isShort ? 16 : 8)));
+            const auto length = static_cast<uLong>(numberAt(at + 8 * (3 + block)));
+            std::string part(size, '\0');
+            if (uncompress(reinterpret_cast<Bytef*>(part.data()), &size,
+                           reinterpret_cast<const Bytef*>(bytes_.data() + stream),
+                           length) != Z_OK ||
+                size != part.size())
+                throw std::runtime_error("a block that is not as its header says");
+            bytes += part;
+            stream += length;
+        }
+        return bytes;
+    }
+#endif
 
     std::string bytes_;
     std::string head_;

@@ -2,7 +2,7 @@
 """What meshio and VTK's own reader make of the VTK files that the program writes: for every kind of
 element volume, OID and order of nodes of the source, and the samples as they are.
 
-    vtk_peers.py PROGRAM SAMPLES
+    vtk_peers.py PROGRAM SAMPLES HAS_ZLIB
 
 Exit code 77 where one of them is not installed."""
 import os
@@ -24,7 +24,7 @@ except ImportError as error:
     print(error)
     sys.exit(77)
 
-PROGRAM, SAMPLES = sys.argv[1:3]
+PROGRAM, SAMPLES, HAS_ZLIB = sys.argv[1:4]
 
 # meshio 5 knows wedges of fifteen nodes, but not their dimension, and so reads them from no file.
 meshio._mesh.topological_dimension.setdefault("wedge15", 3)
@@ -41,11 +41,15 @@ def converted(source, name="out.vtu", *options):
     return out
 
 
-def read_grid(path):
-    reader = vtkXMLUnstructuredGridReader()
+def read_grid(path, reader_class=vtkXMLUnstructuredGridReader):
+    reader = reader_class()
     reader.SetFileName(path)
     reader.Update()
     return reader.GetOutput()
+
+
+def read_poly_data(path):
+    return read_grid(path, vtkXMLPolyDataReader)
 
 
 def sizes_of(grid):
@@ -146,10 +150,7 @@ class Samples(unittest.TestCase):
             self.assertEqual(list(mesh.point_data["OID"]), list(range(1, nodes + 1)))
 
     def test_bodies_of_the_package_are_closed(self):
-        reader = vtkXMLPolyDataReader()
-        reader.SetFileName(converted(os.path.join(SAMPLES, "stack.3di"), "out.vtp"))
-        reader.Update()
-        data = reader.GetOutput()
+        data = read_poly_data(converted(os.path.join(SAMPLES, "stack.3di"), "out.vtp"))
         self.assertEqual(data.GetNumberOfLines(), 96)
         self.assertEqual(data.GetBounds()[:4], (-7.0, 7.0, -7.0, 7.0))
         self.assertEqual(data.GetFieldData().GetAbstractArray("BodyNames").GetValue(1),
@@ -170,6 +171,61 @@ class Samples(unittest.TestCase):
         boxes = (14 * 14 * 0.3 + 7.2 * 7.2 * 0.15 + 4.8 * 4.8 * 0.08 + 5.6 * 4.4 * 0.12
                  + 4 * 3.2 * 0.06 + 2.8 * 2.4 * 0.1 + 13.2 * 13.2 * 0.9)
         self.assertAlmostEqual(mass.GetVolume() - boxes, 160 * 0.0654, delta=1.5)
+
+
+@unittest.skipUnless(HAS_ZLIB == "1", "built without zlib")
+class Compressed(unittest.TestCase):
+    """The same bytes as in the files that are not compressed."""
+
+    def assert_same(self, read, plain):
+        self.assertEqual(read.dtype, plain.dtype)
+        np.testing.assert_array_equal(read, plain)
+
+    def assert_same_fields(self, read, plain):
+        self.assertEqual(read.GetNumberOfArrays(), plain.GetNumberOfArrays())
+        for i in range(plain.GetNumberOfArrays()):
+            expected = plain.GetAbstractArray(i)
+            found = read.GetAbstractArray(expected.GetName())
+            self.assertEqual(found.GetNumberOfValues(), expected.GetNumberOfValues())
+            for value in range(expected.GetNumberOfValues()):
+                self.assertEqual(found.GetVariantValue(value), expected.GetVariantValue(value))
+
+    def assert_same_data(self, read, plain):
+        self.assertGreater(plain.GetNumberOfCells(), 100)
+        self.assert_same(vtk_to_numpy(read.GetPoints().GetData()),
+                         vtk_to_numpy(plain.GetPoints().GetData()))
+        self.assert_same_fields(read.GetCellData(), plain.GetCellData())
+        self.assert_same_fields(read.GetPointData(), plain.GetPointData())
+        self.assert_same_fields(read.GetFieldData(), plain.GetFieldData())
+
+    def test_meshes(self):
+        for name in ("housing.inp", "clip.inp", "bracket.pat", "bracket.bdf"):
+            source = os.path.join(SAMPLES, name)
+            plain = converted(source)
+            small = converted(source, "small.vtu", "--compress")
+            self.assertLess(os.path.getsize(small), os.path.getsize(plain))
+            self.assert_same_data(read_grid(small), read_grid(plain))
+            for get in ("GetConnectivityArray", "GetOffsetsArray"):
+                self.assert_same(*(vtk_to_numpy(getattr(read_grid(path).GetCells(), get)())
+                                   for path in (small, plain)))
+            read, expected = meshio.read(small), meshio.read(plain)
+            self.assert_same(read.points, expected.points)
+            self.assertEqual(len(read.cells), len(expected.cells))
+            for found, block in zip(read.cells, expected.cells):
+                self.assert_same(found.data, block.data)
+            for data in ("cell_data", "point_data", "field_data"):
+                for key, values in getattr(expected, data).items():
+                    for found, value in zip(getattr(read, data)[key], values, strict=True):
+                        np.testing.assert_array_equal(found, value)
+
+    def test_packages(self):
+        source = os.path.join(SAMPLES, "stack.3di")
+        plain = read_poly_data(converted(source, "out.vtp"))
+        read = read_poly_data(converted(source, "small.vtp", "--compress"))
+        self.assert_same_data(read, plain)
+        for get in ("GetPolys", "GetLines"):
+            self.assert_same(vtk_to_numpy(getattr(read, get)().GetConnectivityArray()),
+                             vtk_to_numpy(getattr(plain, get)().GetConnectivityArray()))
 
 
 SCRATCH = tempfile.TemporaryDirectory(prefix="vtk-peers-")

@@ -3,8 +3,8 @@
 # samples are their writers' affair; the rest is listed here file by file. The archive is left
 # unpacked in PACKAGES.
 #
-# CPACK, NM, OBJDUMP: the programs. CONFIG, SYSTEM: how and for what it was built. LIB: the folder of
-# the libraries.
+# CPACK, NM, OBJDUMP: the programs. CONFIG, SYSTEM: how and for what it was built. ZLIB: whether with
+# zlib. LIB: the folder of the libraries.
 
 file(REMOVE_RECURSE ${PACKAGES})
 execute_process(COMMAND ${CPACK} --config ${BUILD}/CPackConfig.cmake -C ${CONFIG} -B ${PACKAGES}
@@ -39,6 +39,9 @@ set(expected
     ${doc}/examples/data/housing.inp
     ${doc}/examples/data/reports/CmdFile1.txt)
 set(notices "University of Cincinnati" "Niels Lohmann")
+if(ZLIB)
+    list(APPEND notices "Jean-loup Gailly")
+endif()
 if(SYSTEM STREQUAL Windows)
     set(name kvocaeio-0.1.0-windows-x86_64)
     set(archive ${PACKAGES}/${name}.zip)
