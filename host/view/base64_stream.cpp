@@ -46,8 +46,8 @@ void Base64Stream::flush() {
     text.reserve(4 * (bytes_.size() + 2) / 3);
     for (std::size_t at = 0; at < bytes_.size(); at += 3) {
         const std::size_t left = bytes_.size() - at;
-        const unsigned group = bytes_[at] << 16 | (left > 1 ? bytes_[at + 1] : 0) << 8 |
-                               (left > 2 ? bytes_[at + 2] : 0);
+        const auto byte = [&](std::size_t i) -> unsigned { return i < left ? bytes_[at + i] : 0; };
+        const unsigned group = byte(0) << 16 | byte(1) << 8 | byte(2);
         text += kDigits[group >> 18];
         text += kDigits[group >> 12 & 63];
         text += left > 1 ? kDigits[group >> 6 & 63] : '=';

@@ -185,7 +185,7 @@ void putPackage(kvocaeio_model* model, Writer& out) {
         const double* const first = wires.points + 3 * wires.first_points[wire];
         const double* const end = wires.points + 3 * wires.first_points[wire + 1];
         std::vector<double> segments;
-        for (const double* point = first; point + 3 < end; point += 3)
+        for (const double* point = first; end - point > 3; point += 3)
             segments.insert(segments.end(), point, point + 6);
         for (const std::vector<double>& points : {segments, std::vector<double>(first, end)}) {
             out.line(true, wires.profiles[wire], wires.diameters[wire]);
