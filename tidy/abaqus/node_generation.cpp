@@ -146,7 +146,8 @@ struct Spacing {
         if (bias == 1.0)
             return static_cast<double>(k);
         const int steps = isTwoStep ? 2 : 1;
-        const double growth = std::pow(1.0 / bias, static_cast<double>(k / steps));
+        const std::int64_t turns = k / steps;
+        const double growth = std::pow(1.0 / bias, static_cast<double>(turns));
         return steps * (growth - 1.0) / (1.0 / bias - 1.0) +
                static_cast<double>(k % steps) * growth;
     }

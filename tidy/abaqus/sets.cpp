@@ -114,10 +114,11 @@ Members membersOf(const Model& model, const FoundSet& found, SetKind kind) {
                       isOwn ? next.instance : run.instance, run, members);
         }
         const std::vector<SetName>& names = next.set->names;
-        for (auto name = names.rbegin(); name != names.rend(); ++name) {  // the first is next
-            const bool isOwn = name->instance == kOwnScope;
-            waiting.push_back(findSet(model, isOwn ? *next.scope : model.scopeOf(name->instance),
-                                      isOwn ? next.instance : name->instance, name->name, kind));
+        for (std::size_t i = names.size(); i-- > 0;) {  // the first is next
+            const SetName& name = names[i];
+            const bool isOwn = name.instance == kOwnScope;
+            waiting.push_back(findSet(model, isOwn ? *next.scope : model.scopeOf(name.instance),
+                                      isOwn ? next.instance : name.instance, name.name, kind));
         }
     }
     members.cost += members.list.size();
