@@ -26,7 +26,7 @@ for part in "$@"; do
             ;;
         test)
             packages+=(clang clang-format clang-tidy googletest libclang-rt-14-dev lld locales
-                python3 wine64 lintian groff-base fish zsh doxygen abigail-tools chromium
+                python3 wine64 lintian groff-base fish zsh doxygen abigail-tools xz-utils chromium
                 calculix-ccx calculix-ccx-test freecad-common gmsh
                 mypy python3-dask python3-meshio python3-numpy python3-pandas python3-pip
                 python3-pytest python3-tqdm python3-venv python3-vtk9)

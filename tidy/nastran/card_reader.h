@@ -24,8 +24,8 @@ struct StrayLines {
     };
     std::unordered_map<std::string, Line> byMark;
     std::vector<std::filesystem::path> files;  ///< of their places
-    bool areWanted = false;  ///< a card needs one
-    bool areKnown = false;   ///< the first pass is over
+    bool areWanted = false;                    ///< a card needs one
+    bool areKnown = false;                     ///< the first pass is over
 };
 
 /// Reads the cards of one pass, in the order in which they are meant.
