@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures the library against the floor, the least that any program must do for the same job, and
-# imports with a report, `kvocaeio info` and `kvocaeio convert` against the import in them (of Abaqus
+# imports with a report, `kvocaeio info`, `convert` and `view` against the import in them (of Abaqus
 # decks with the sort), tidying against the import of what a deck becomes.
 #
 # usage: scripts/bench.sh [--scale] [--peers] [--parts] [FORMAT]... [N]
@@ -206,6 +206,25 @@ convertSeconds() {
     processorSeconds "$bin/kvocaeio" convert --as-is --force --quiet "$1" "$data/written.$extension"
 }
 
+viewSeconds() {
+    rm -f "$data/written.html" # as above
+    processorSeconds "$bin/kvocaeio" view --as-is "$1" -o "$data/written.html"
+}
+
+# Pages in a headless Chromium, where one and npm are installed.
+openPages() {
+    local kind browser modules=build/npm/node_modules
+    browser=$(command -v chromium) || return 0
+    [ -d "$modules" ] || return 0
+    printf '\nPages of kvocaeio view, %d elements\n' "$elements"
+    for kind in abaqus-hex 3di; do
+        isChosen "${kind%-*}" || continue
+        printf '%-11s ' "$kind"
+        PROGRAM=$bin/kvocaeio CHROMIUM=$browser NODE_MODULES=$PWD/$modules \
+            node bench/view_page.mjs "$(input "$kind" "$elements")"
+    done
+}
+
 reportSeconds() {
     local file=$1
     shift
@@ -341,6 +360,8 @@ compareWithFloor
 compareWithImport 'Import with a report' report reportSeconds
 compareWithImport 'kvocaeio info' info infoSeconds
 compareWithImport 'kvocaeio convert to VTK' convert convertSeconds
+compareWithImport 'kvocaeio view' view viewSeconds
+openPages
 compareTidy
 [ -z "$scale" ] || compareSizes
 [ -z "$peers" ] || comparePeers

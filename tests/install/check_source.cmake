@@ -24,7 +24,7 @@ endforeach()
 
 set(build ${FOLDER}/${name}/build/linux-release)
 execute_process(
-    COMMAND ${CMAKE_COMMAND} --preset linux-release -D CMAKE_BUILD_TYPE=Debug
+    COMMAND ${CMAKE_COMMAND} --preset linux-release -D CMAKE_BUILD_TYPE=Debug -D CMAKE_CXX_FLAGS_DEBUG=
         -D KVOCAEIO_STATIC_LIBRARY=ON -D KVOCAEIO_BUILD_HOST=OFF
         -D KVOCAEIO_BUILD_TESTS=OFF ${OPTIONS}
     WORKING_DIRECTORY ${FOLDER}/${name} COMMAND_ERROR_IS_FATAL ANY)

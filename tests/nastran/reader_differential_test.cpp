@@ -24,12 +24,12 @@ namespace {
 
 constexpr std::uint64_t kFirstSeed = 20240917;
 
-// Where the library is not optimised, or watched by a sanitizer, one of ten must do.
+// Where the library is not optimised, or watched by a sanitizer, one of twenty must do.
 #if defined(NDEBUG)
 constexpr std::uint64_t kThousand = 1000;
 constexpr std::uint64_t kCostlyOneIn = 1;
 #else
-constexpr std::uint64_t kThousand = 100;
+constexpr std::uint64_t kThousand = 50;
 constexpr std::uint64_t kCostlyOneIn = 10;
 #endif
 

@@ -17,7 +17,7 @@ namespace {
 
 // File work is several times as slow under Wine, and so is everything under a sanitizer.
 #if defined(_WIN32) || !defined(NDEBUG)
-constexpr std::uint64_t kReaders = 600;
+constexpr std::uint64_t kReaders = 400;
 constexpr std::uint64_t kLargeFiles = 20;
 constexpr std::size_t kStep = 7;
 #else

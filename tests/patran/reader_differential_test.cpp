@@ -16,7 +16,7 @@ namespace {
 
 // File work is several times as slow under Wine, and so is everything under a sanitizer.
 #if defined(_WIN32) || !defined(NDEBUG)
-constexpr std::uint64_t kCases = 2000;
+constexpr std::uint64_t kCases = 1000;
 #else
 constexpr std::uint64_t kCases = 46000;  // of more than 50,000 files
 #endif

@@ -25,7 +25,7 @@ namespace {
 using test::repeated;
 
 #if defined(NDEBUG)
-constexpr int kTexts = 1'000'000;
+constexpr int kTexts = 500'000;
 #else
 constexpr int kTexts = 50'000;
 #endif
