@@ -211,18 +211,15 @@ viewSeconds() {
     processorSeconds "$bin/kvocaeio" view --as-is "$1" -o "$data/written.html"
 }
 
-# Pages in a headless Chromium, where one and npm are installed.
-openPages() {
-    local kind browser modules=build/npm/node_modules
+# The page of a mesh in a headless Chromium, where one and npm are installed.
+openPage() {
+    local browser modules=build/npm/node_modules
+    isChosen abaqus || return 0
     browser=$(command -v chromium) || return 0
     [ -d "$modules" ] || return 0
-    printf '\nPages of kvocaeio view, %d elements\n' "$elements"
-    for kind in abaqus-hex 3di; do
-        isChosen "${kind%-*}" || continue
-        printf '%-11s ' "$kind"
-        PROGRAM=$bin/kvocaeio CHROMIUM=$browser NODE_MODULES=$PWD/$modules \
-            node bench/view_page.mjs "$(input "$kind" "$elements")"
-    done
+    printf '\nThe page of kvocaeio view, %d elements\n%-11s ' "$elements" abaqus-hex
+    PROGRAM=$bin/kvocaeio CHROMIUM=$browser NODE_MODULES=$PWD/$modules \
+        node bench/view_page.mjs "$(input abaqus-hex "$elements")"
 }
 
 reportSeconds() {
@@ -361,7 +358,7 @@ compareWithImport 'Import with a report' report reportSeconds
 compareWithImport 'kvocaeio info' info infoSeconds
 compareWithImport 'kvocaeio convert to VTK' convert convertSeconds
 compareWithImport 'kvocaeio view' view viewSeconds
-openPages
+openPage
 compareTidy
 [ -z "$scale" ] || compareSizes
 [ -z "$peers" ] || comparePeers
