@@ -148,9 +148,10 @@ bool DeckWriter::readCorners(int number) {
 
 void DeckWriter::tellMidSideNodes() {
     const CardRule& rule = *card().rule();
-    for (std::size_t i = rule.corners; i < rule.most; ++i)
-        if (!card().field(2 + i).empty())
-            return cards_.note(Finding::kMidSideNodes, 2 + i, card().name());
+    const std::size_t end = std::min<std::size_t>(2 + rule.most, card().fieldCount());
+    for (std::size_t i = 2 + rule.corners; i < end; ++i)
+        if (!card().field(i).empty())
+            return cards_.note(Finding::kMidSideNodes, i, card().name());
 }
 
 void DeckWriter::writeElement() {

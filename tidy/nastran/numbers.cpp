@@ -213,12 +213,16 @@ bool readInteger(std::string_view text, long long& value) {
     const bool isNegative = !text.empty() && text[0] == '-';
     if (!text.empty() && isSign(text[0]))
         text.remove_prefix(1);
-    if (text.empty() || digitsIn(text) != text.size())
+    if (text.empty())
         return false;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error == std::errc::result_out_of_range)
-        value = std::numeric_limits<long long>::max();
-    value = isNegative ? -value : value;
+    long long number = 0;
+    for (const char digit : text) {
+        if (digit < '0' || digit > '9')
+            return false;
+        constexpr long long kMost = std::numeric_limits<long long>::max();
+        number = number > (kMost - 9) / 10 ? kMost : number * 10 + (digit - '0');
+    }
+    value = isNegative ? -number : number;
     return true;
 }
 
